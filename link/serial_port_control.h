@@ -1,0 +1,45 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <string_view>
+
+namespace orlo
+{
+
+/// One of the four serial ports of the PC, COM1 to COM4. The text that goes through it is bytes:
+/// a character is one byte, whatever its value. Every setter tells whether it succeeded; none throws.
+class SerialPortControl
+{
+public:
+    virtual ~SerialPortControl() = default;
+
+    virtual int CommPort() const = 0;
+    /// Port number 1..4. False for any other number and while the port is open.
+    [[nodiscard]] virtual bool SetCommPort(int port) = 0;
+
+    virtual std::string Settings() const = 0;
+    /// "SPEED,n,8,1", e.g. "9600,n,8,1". False when the text has another shape.
+    [[nodiscard]] virtual bool SetSettings(std::string_view settings) = 0;
+
+    virtual bool PortOpen() const = 0;
+    /// Opens with CommPort and Settings, or closes. False when the device is missing, in use by
+    /// another program, or does not accept the speed; the port is then closed.
+    [[nodiscard]] virtual bool SetPortOpen(bool open) = 0;
+
+    /// Bytes that have arrived and have not been read.
+    virtual std::size_t InBufferCount() = 0;
+    virtual void DiscardInput() = 0;
+
+    /// Takes everything that has arrived.
+    virtual std::string Input() = 0;
+    /// Sends; returns when the bytes are with the operating system.
+    virtual void Output(std::string_view bytes) = 0;
+
+    /// Sleeps until a byte can be read, the line is lost, or the time is over.
+    virtual void WaitForInput(std::chrono::milliseconds longest) = 0;
+    /// True from the moment the device was withdrawn (an unplugged adapter) until the port is closed.
+    virtual bool LineLost() const = 0;
+};
+
+}  // namespace orlo

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "jet/database.h"
+#include "jet/recordset.h"
+#include "registry/terminal_record.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace orlo
+{
+
+/// What is process-wide: made once by the program, handed down by reference.
+struct ProgramState {
+    // Folders from the configuration file. DatabasesPath is a prefix: it ends with a separator.
+    QString ApplicationsPath;
+    QString DatabasesPath;
+    QString ReportsPath;
+
+    // The register: one database and one cursor on TERMINALI for the whole run.
+    std::unique_ptr<jet::Database> Database;
+    std::unique_ptr<jet::Recordset> TerminalsRecordset;
+    orlo::TerminalTable TerminalTable;
+
+    // Current-terminal block, rewritten before every command.
+    std::int16_t CurrentPort = 0;
+    std::int32_t CurrentSpeed = 0;
+    std::int16_t CurrentTerminalNumber = 0;
+    std::int16_t CurrentRetries = 0;
+    std::int16_t CurrentPriority = 0;
+    std::int16_t CurrentPriority2 = 0;
+    bool CurrentModem = false;
+    QString CurrentPhoneNumber;
+    QString CurrentPlantCode;
+
+    // Line. SerialPortOk: the last open or close of the current terminal's port succeeded.
+    bool SerialPortOk = false;
+    std::string LineReceiveBuffer;
+
+    // Counters of the last answer to "32", five characters each, kept until the next.
+    std::string TPnt;
+    std::string TrInMemory;
+    std::string TpntOld;
+    std::string TpntNew;
+
+    // Output layout: 0 standard, 1 extended; plant code of the extended layout.
+    std::int16_t TipoTracciato = 0;
+    QString CodiceAzienda;
+};
+
+}  // namespace orlo

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QString>
+
+#include <span>
+#include <string_view>
+
+namespace orlo
+{
+
+/// Model code as stored in column TIPO.
+enum class TerminalType : int {
+    Orlo = 1,
+    Sipa = 2,
+    OrloII = 3,
+    Strale = 4,
+    StraleN = 5,
+    Lumo = 6,
+    OrloTre = 7,
+    SuperStrale = 8,
+};
+
+enum class LinkFamily { Object, Serial };
+
+/// How the counters in the answer to "32" are to be understood.
+enum class MemoryCounting {
+    /// The pointer counts from zero: one punch more than it says; the count to acquire is exact.
+    PointerPlusOne,
+    /// The pointer is the number of punches; the count to acquire is one too high unless it is 0.
+    PointerIsCount,
+};
+
+/// One row per model: everything that differs by model is here and nowhere else.
+struct TerminalModel {
+    TerminalType type;
+    QString name;
+    LinkFamily family;
+    /// Punch memory, as shown; empty for models that report it themselves.
+    QString capacity;
+    MemoryCounting counting;
+    /// Event characters that mean entry ("1") and exit ("2"); every other one is "0".
+    std::string_view entry_events;
+    std::string_view exit_events;
+    /// Values that fields still empty or "0" receive when the model is picked; empty = none.
+    QString default_speed;
+    QString default_retries;
+    QString default_priority;
+    QString default_priority2;
+    QString default_delay;
+};
+
+/// All eight models in the order of their codes.
+std::span<const TerminalModel> TerminalModels();
+
+/// The model of that code, nullptr when the code is none of 1..8.
+const TerminalModel* ModelByCode(int code);
+
+/// The model of exactly that name, case and blanks included; nullptr when there is none.
+const TerminalModel* ModelByName(const QString& name);
+
+/// "1" entry, "2" exit, "0" other, by the model registered for the terminal. A code that is no
+/// serial model's is read like the models without a row of their own.
+char DirectionCode(int type_code, char event);
+
+}  // namespace orlo
