@@ -46,7 +46,8 @@ public:
 
     /// Adds a line at the end of ListaTerminali.
     void AddTerminalLine(const QString& line);
-    /// Selects a line by its position, with the effect of a click; nothing when there is no such line.
+    /// Selects a line by its position, with the effect of a click; nothing when there is no such
+    /// line.
     void SelectTerminalLine(int position);
 
     void RipulisceParametri();
