@@ -11,6 +11,9 @@
 namespace jet
 {
 
+// The kinds of values have some of these names, too; a scoped enumerator hides nothing.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wshadow"
 enum class ColumnType : std::uint8_t {
     YesNo = 1,
     Byte = 2,
@@ -27,6 +30,7 @@ enum class ColumnType : std::uint8_t {
     Guid = 15,
     Numeric = 16,
 };
+#pragma GCC diagnostic pop
 
 struct ColumnInfo {
     std::u16string name;

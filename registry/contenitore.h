@@ -4,10 +4,13 @@
 #include "registry/program_state.h"
 #include "registry/terminal_type.h"
 
+#include <QSet>
 #include <QWidget>
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 class QAbstractButton;
 
@@ -18,6 +21,8 @@ class Contenitore;
 
 namespace orlo
 {
+
+class TerminalForm;
 
 /// Whether a running command looks at the Escape key; if so the strip says "Esc interrompe".
 enum class EscapeUse { Ignored, Heeded };
@@ -35,7 +40,8 @@ public:
 
     ProgramState& State() { return state_; }
     Workstation& Station() { return workstation_; }
-    /// The controls by their names, for the procedures of the features. Needs "ui_contenitore.h".
+    /// The controls by their names, for the procedures of the features. Needs
+    /// "registry/contenitore_controls.h".
     const Ui::Contenitore& Controls() const { return *ui_; }
 
     // Choice lists of the start-up.
@@ -60,25 +66,79 @@ public:
     /// The model named in ComboTipoTerminale, nullptr when the text is no model's name.
     const TerminalModel* ShownModel() const;
 
+    /// Whether the light `Verde` shows an open line, also while the window itself is not shown.
+    bool LineIsOpen() const;
+
+    /// Whether the feature behind a command button is there. A button without one stays disabled.
+    void SetFeatureAvailable(QAbstractButton* button, bool available);
+
     /// Runs one command of the window: everything else is inert until it returns, a close asked for
     /// meanwhile follows it. `task` is shown in the title row ("Acquisizione in corso…"). Does
     /// nothing while another command runs.
     void RunCommand(QAbstractButton* button, const QString& task, EscapeUse escape,
                     const std::function<void()>& command);
-    bool CommandRunning() const;
+    bool CommandRunning() const { return running_; }
 
     /// A standing remark in the strip, such as why the register was not read to its end.
     void ShowRemark(const QString& text);
 
 signals:
     /// The operator wants to leave (cmdUscita, the window's close button, the end of the session)
-    /// and no command runs.
+    /// and no command runs. The window does not close by itself: whoever hears this ends the
+    /// program.
     void LeaveRequested();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
 private:
+    class CommandScope;
+
+    void ConnectControls();
+    void ConnectPanels();
+
+    // What the operator does.
+    void ListaTerminali_Click();
+    void ComboTipoTerminale_Click();
+    void ComboTipoTerminale_LostFocus();
+    void Abilitazione_Click();
+    void CheckModem_Click();
+    void cmdAggiorna_Click();
+    void cmdSfoglia_Click();
+
+    // The selected terminal.
+    int SelectedTerminal() const;
+    TerminalRecord* SelectedSlot();
+    void TrimTexts(TerminalRecord& slot);
+    void EnableByActivity(bool active);
+    void EnableObjectLinkControls(bool enabled);
+    void ShowWhetherModified();
+    void SaveSelected(const TerminalRecord& entered);
+    void EmptyTerminalPanels();
+
+    // Look and state of the window.
+    void DeriveLook();
+    void RefreshAvailability();
+    void RefreshNotice();
+    void RefreshGauge();
+    void RefreshBadge();
+    void RefreshClockDifference();
+
     ProgramState& state_;
     Workstation& workstation_;
     std::unique_ptr<Ui::Contenitore> ui_;
+    TerminalForm* form_ = nullptr;
+
+    std::vector<QAbstractButton*> commands_;
+    QSet<const QAbstractButton*> unavailable_;
+    /// What the controls held when the selected terminal was shown.
+    std::optional<TerminalRecord> shown_;
+    bool may_save_ = false;
+    bool running_ = false;
+    bool leave_after_command_ = false;
+    QString task_;
 };
 
 }  // namespace orlo

@@ -45,6 +45,8 @@ struct TerminalRecord {
     std::int16_t InizioBadge = 0;
     std::int16_t LenBadge = 0;
     float Ritardo = 0;  // seconds
+
+    bool operator==(const TerminalRecord&) const = default;
 };
 
 inline constexpr int kTerminalSlots = 32;

@@ -1,0 +1,181 @@
+#include "registry/contenitore.h"
+#include "registry/list_line.h"
+#include "registry/numeric_value.h"
+#include "registry/terminal_form.h"
+
+#include "ui_contenitore.h"
+
+#include <QSignalBlocker>
+
+namespace orlo
+{
+
+namespace
+{
+
+/// A default goes only where nothing was chosen yet.
+bool IsOpen(const QString& text)
+{
+    return text.isEmpty() || text == QLatin1String("0");
+}
+
+void Default(QLineEdit& field, const QString& value)
+{
+    if (!value.isEmpty() && IsOpen(field.text())) field.setText(value);
+}
+
+void Default(ChoiceBox& box, const QString& value)
+{
+    if (!value.isEmpty() && IsOpen(box.currentText())) box.Show(value);
+}
+
+}  // namespace
+
+int Contenitore::SelectedTerminal() const
+{
+    return WholeNumberOrZero<std::int16_t>(ui_->ListaTerminali->CurrentLine().left(2));
+}
+
+TerminalRecord* Contenitore::SelectedSlot()
+{
+    const int n = SelectedTerminal();
+    if (n < 1 || n > kTerminalSlots) return nullptr;
+    return &state_.TerminalTable[static_cast<std::size_t>(n - 1)];
+}
+
+void Contenitore::ListaTerminali_Click()
+{
+    const QString caption = QStringLiteral("Terminale n°%1").arg(SelectedTerminal());
+    // Counters, status and clock speak of the terminal named above them.
+    if (caption != ui_->LabelTerminale->text()) EmptyTerminalPanels();
+    RipulisceParametri();
+    ui_->LabelTerminale->setText(caption);
+    ui_->LabelModifiche->clear();
+    TerminalRecord* slot = SelectedSlot();
+    shown_.reset();
+    may_save_ = slot != nullptr && slot->Attivo != kFalse;
+    if (slot != nullptr) {
+        const QSignalBlocker quietly(form_);
+        TrimTexts(*slot);
+        form_->Show(*slot);
+        form_->LayOutFor(slot->Tipo);
+        shown_ = form_->Read(*slot).record;
+        const TerminalModel* model = ModelByCode(slot->Tipo);
+        EnableObjectLinkControls(model == nullptr || model->family == LinkFamily::Object);
+    }
+    EnableByActivity(may_save_);
+    CheckModem_Click();
+    RefreshAvailability();
+}
+
+void Contenitore::TrimTexts(TerminalRecord& slot)
+{
+    for (QString* text : {&slot.Descrizione, &slot.Modem, &slot.NomeCard}) *text = text->trimmed();
+}
+
+void Contenitore::EnableByActivity(bool active)
+{
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             ui_->PannelloFunzioni, ui_->FrameAcquisizione, ui_->FrameFormatoBadge,
+             ui_->CampoDescrizione, ui_->ComboTipoTerminale})
+        control->setEnabled(active);
+    RefreshNotice();
+}
+
+void Contenitore::Abilitazione_Click()
+{
+    const bool active = ui_->Abilitazione->isChecked();
+    // An inactive terminal has neither mode nor function; a new active one starts with the first.
+    form_->SetModalita(active ? 1 : 0);
+    form_->SetFunzionamento(active ? 1 : 0);
+    EnableByActivity(active);
+    // Ticking off leaves the button as it is: how else would the change be saved?
+    may_save_ = may_save_ || active;
+    RefreshAvailability();
+}
+
+void Contenitore::CheckModem_Click()
+{
+    const bool modem = ui_->CheckModem->isChecked();
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{ui_->LabelTelefono, ui_->NumeroTelefono,
+                                         ui_->LabelCodiceImpianto, ui_->CodiceImpianto})
+        control->setEnabled(modem);
+}
+
+void Contenitore::ComboTipoTerminale_Click()
+{
+    const TerminalModel* model = ShownModel();
+    if (model == nullptr) return;
+    Default(*ui_->ComboVelocita, model->default_speed);
+    Default(*ui_->Tentativi, model->default_retries);
+    Default(*ui_->Priorita, model->default_priority);
+    Default(*ui_->Priorita2, model->default_priority2);
+    Default(*ui_->ComboRitardo, model->default_delay);
+}
+
+void Contenitore::ComboTipoTerminale_LostFocus()
+{
+    const TerminalModel* model = ShownModel();
+    const bool serial = model != nullptr && model->family == LinkFamily::Serial;
+    if (serial) {
+        // Priorities and delay mean nothing to a terminal on the serial line. The bars follow.
+        ui_->Priorita->setText(QStringLiteral("0"));
+        ui_->Priorita2->setText(QStringLiteral("0"));
+        ui_->ComboRitardo->Show(QStringLiteral("0"));
+    }
+    EnableObjectLinkControls(!serial);
+}
+
+void Contenitore::EnableObjectLinkControls(bool enabled)
+{
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             ui_->LabelPriorita1, ui_->LabelPriorita2, ui_->LabelRitardo, ui_->Priorita,
+             ui_->Priorita2, ui_->ComboRitardo, ui_->ScrollPriorita, ui_->ScrollPriorita2,
+             ui_->FrameFunzionamento})
+        control->setEnabled(enabled);
+}
+
+void Contenitore::ShowWhetherModified()
+{
+    const TerminalRecord* slot = SelectedSlot();
+    if (slot == nullptr || !shown_) return;
+    const EnteredTerminal entered = form_->Read(*slot);
+    const bool modified = !entered.misfit.isEmpty() || entered.record != *shown_;
+    ui_->LabelModifiche->setText(modified ? tr("Modifiche non salvate") : QString());
+}
+
+void Contenitore::cmdAggiorna_Click()
+{
+    const TerminalRecord* slot = SelectedSlot();
+    if (slot == nullptr) return;
+    const EnteredTerminal entered = form_->Read(*slot);
+    RunCommand(ui_->cmdAggiorna, tr("Salvataggio in corso…"), EscapeUse::Ignored, [&] {
+        if (entered.misfit.isEmpty())
+            SaveSelected(entered.record);
+        else
+            workstation_.dialog.Tell(
+                DialogIcon::Critical, QStringLiteral("Attenzione"),
+                tr("Il numero scritto nel campo «%1» è troppo grande.").arg(entered.misfit),
+                tr("Il terminale non è stato salvato: correggere il campo e salvare di nuovo."));
+    });
+}
+
+void Contenitore::SaveSelected(const TerminalRecord& entered)
+{
+    const int n = SelectedTerminal();
+    *SelectedSlot() = entered;
+    try {
+        if (jet::Recordset* cursor = state_.TerminalsRecordset.get()) {
+            cursor->SetIndex(u"TERMINALE");
+            cursor->Seek({std::int32_t{n}});
+        }
+        ui_->ListaTerminali->MoveCurrentToEnd(CostruzioneStringa(state_, n));
+        ui_->LabelModifiche->setText(tr("Valide fino alla chiusura del programma"));
+    } catch (const jet::Error& error) {
+        workstation_.dialog.Tell(DialogIcon::Critical, QStringLiteral("Attenzione"),
+                                 QString::fromUtf8(error.what()));
+    }
+}
+
+}  // namespace orlo

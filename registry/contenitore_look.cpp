@@ -1,0 +1,106 @@
+#include "registry/contenitore.h"
+#include "registry/widgets/form_style.h"
+
+#include "ui_contenitore.h"
+
+#include <QEvent>
+#include <QScreen>
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace orlo
+{
+
+namespace
+{
+
+/// The least size of the window at the font for which it was drawn, whose lines are this high.
+constexpr QSize kSmallest(1180, 580);
+constexpr double kDrawnLineHeight = 15;
+
+int Widest(const QFontMetrics& metrics, std::initializer_list<const char*> texts)
+{
+    int widest = 0;
+    for (const char* text : texts)
+        widest = std::max(widest, metrics.horizontalAdvance(QString::fromUtf8(text)));
+    return widest;
+}
+
+/// A field as wide as `sample` needs, the room of frame and cursor included.
+void FieldRoom(QLineEdit& field, const char* sample)
+{
+    const QFontMetrics metrics(field.font());
+    field.setFixedWidth(metrics.horizontalAdvance(QLatin1String(sample)) + metrics.height());
+}
+
+void KeepRoom(std::initializer_list<QWidget*> controls)
+{
+    for (QWidget* control : controls) {
+        QSizePolicy policy = control->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        control->setSizePolicy(policy);
+    }
+}
+
+}  // namespace
+
+void Contenitore::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    const bool look = event->type() == QEvent::PaletteChange ||
+                      event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange;
+    if (look && form_ != nullptr) DeriveLook();
+}
+
+void Contenitore::DeriveLook()
+{
+    StyleForm(*this);
+    const QFontMetrics metrics(font());
+
+    ui_->PannelloAcquisire->SetBold(true);
+    ui_->OraTerminale->SetRoom(QStringLiteral("00:00:00 "));
+    ui_->DataTerminale->SetRoom(QStringLiteral("00/00/0000"));
+    ui_->PannelloStato->SetRoom(QStringLiteral("0000000000"));
+    ui_->PannelloVersione->SetRoom(QStringLiteral("0000000000"));
+    ui_->PanelTentativi->SetRoom(QStringLiteral("00"));
+    ui_->PannelloTentativi->SetRoom(QStringLiteral("Tentativi00/00"));
+    ui_->LabelAvviso->SetRoom(QStringLiteral("Terminale non attivo"));
+
+    ui_->LabelTimbrature->setMinimumWidth(
+        Widest(metrics, {"Timbrature In Memoria:", "Timbrature Flaggate:"}));
+    ui_->LabelNomeCard->setMinimumWidth(Widest(metrics, {"Nome:", "Cod.Impianto:"}));
+    ui_->LabelPercentuale->setMinimumWidth(Widest(metrics, {"Restano:", "Completato:"}));
+    ui_->LabelScarto->setMinimumWidth(Widest(metrics, {"−00 min"}));
+    ui_->LabelModifiche->setMinimumWidth(
+        Widest(metrics, {"Modifiche non salvate", "Valide fino alla chiusura del programma"}));
+    ui_->LabelTerminale->setMinimumWidth(QFontMetrics(ui_->LabelTerminale->font())
+                                             .horizontalAdvance(QStringLiteral("Terminale n°00")));
+    ui_->PannelloPercentuale->setMinimumWidth(metrics.averageCharWidth() * 15);
+
+    const int field_height = ui_->NomeFile->sizeHint().height();
+    ui_->cmdSfoglia->setFixedHeight(field_height);
+    ui_->ComboTipoTerminale->SetRoom(QStringLiteral("SuperStrale"));
+    for (ChoiceBox* box : {ui_->ComboPorta, ui_->ComboVelocita, ui_->ComboRitardo}) {
+        box->SetRoom(QStringLiteral("Com 0"));
+        box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
+    for (QLineEdit* field : {ui_->Tentativi, ui_->Priorita, ui_->Priorita2})
+        FieldRoom(*field, "000");
+    for (QLineEdit* field : {ui_->InizioImpianto, ui_->LenImpianto, ui_->InizioAzienda,
+                             ui_->LenAzienda, ui_->InizioBadge, ui_->LenBadge, ui_->LenCard})
+        FieldRoom(*field, "00000");
+    FieldRoom(*ui_->CodiceImpianto, "-00000");
+    for (StepBar* bar : {ui_->ScrollTentativi, ui_->ScrollPriorita, ui_->ScrollPriorita2})
+        bar->setFixedHeight(field_height);
+
+    KeepRoom({ui_->LabelPriorita1, ui_->LabelPriorita2, ui_->LabelRitardo, ui_->Priorita,
+              ui_->Priorita2, ui_->ComboRitardo, ui_->ScrollPriorita, ui_->ScrollPriorita2,
+              ui_->FrameFunzionamento, ui_->LabelLenCard, ui_->LenCard, ui_->BidirectionalCheck,
+              ui_->LabelAzienda, ui_->InizioAzienda, ui_->LenAzienda, ui_->LabelEsc});
+
+    const QSize smallest = kSmallest * (metrics.height() / kDrawnLineHeight);
+    setMinimumSize(smallest.boundedTo(screen()->availableSize()));
+}
+
+}  // namespace orlo

@@ -1,0 +1,62 @@
+#include "registry/widgets/form_style.h"
+
+#include "registry/widgets/colours.h"
+#include "registry/widgets/text_panel.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace orlo
+{
+
+namespace
+{
+
+/// Disabled texts keep the grey of the desktop.
+void Colour(QWidget& widget, QPalette::ColorRole role, const QColor& colour)
+{
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::Active, role, colour);
+    palette.setColor(QPalette::Inactive, role, colour);
+    widget.setPalette(palette);
+}
+
+void StyleLabel(QLabel& label, const QWidget& window)
+{
+    const QString role = label.property("ruolo").toString();
+    if (role == QLatin1String("secondario"))
+        Colour(label, QPalette::WindowText, SecondaryOnWindow(window.palette()));
+    if (role != QLatin1String("titolo") && role != QLatin1String("intestazione")) return;
+    QFont font = window.font();
+    font.setBold(true);
+    label.setFont(role == QLatin1String("titolo") ? font : Enlarged(font, kLargeText));
+}
+
+void StyleButton(QPushButton& button, const QWidget& window)
+{
+    const QFontMetrics metrics(window.font());
+    const bool filled = button.property("primario").toBool();
+    button.setMinimumWidth(metrics.averageCharWidth() * (filled ? 16 : 11) + metrics.height());
+    if (!filled) return;
+    QFont bold = window.font();
+    bold.setBold(true);
+    button.setFont(bold);
+    Colour(button, QPalette::Button, FilledButtonColour(window.palette()));
+    Colour(button, QPalette::ButtonText, window.palette().color(QPalette::HighlightedText));
+}
+
+}  // namespace
+
+void StyleForm(QWidget& window)
+{
+    for (QLabel* label : window.findChildren<QLabel*>()) StyleLabel(*label, window);
+    for (QPushButton* button : window.findChildren<QPushButton*>()) StyleButton(*button, window);
+    for (QProgressBar* bar : window.findChildren<QProgressBar*>())
+        Colour(*bar, QPalette::Highlight, FilledColour(window.palette()));
+    for (QFrame* frame : window.findChildren<QFrame*>())
+        if (frame->frameShape() == QFrame::HLine || frame->frameShape() == QFrame::VLine)
+            Colour(*frame, QPalette::WindowText, Hairline(window.palette()));
+}
+
+}  // namespace orlo

@@ -1,0 +1,14 @@
+#pragma once
+
+class QWidget;
+
+namespace orlo
+{
+
+/// Gives the controls of a window the fonts and colours of their roles, derived from the window's
+/// own font and palette. To be called again whenever one of these changes. Dynamic properties:
+/// `ruolo` "titolo" (bold), "intestazione" (large and bold) or "secondario"; `primario` for the one
+/// filled button.
+void StyleForm(QWidget& window);
+
+}  // namespace orlo

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "registry/widgets/elided_panel.h"
+
+namespace orlo
+{
+
+/// A counter or a time in large digits; an empty one is painted as a dash, its text stays empty.
+class NumberPanel : public ElidedPanel
+{
+    Q_OBJECT
+
+public:
+    explicit NumberPanel(QWidget* parent = nullptr);
+
+    /// The number for which one looks here.
+    void SetBold(bool bold);
+
+protected:
+    QFont PaintedFont() const override;
+    QString PaintedText() const override;
+
+private:
+    bool bold_ = false;
+};
+
+}  // namespace orlo

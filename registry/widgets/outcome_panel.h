@@ -1,0 +1,38 @@
+#pragma once
+
+#include "registry/widgets/text_panel.h"
+
+namespace orlo
+{
+
+/// The outcome of a command: glyph and caption, elided where there is no room. A good or a failed
+/// outcome is announced to assistive programs. While there is no outcome a standing remark is
+/// shown in its place.
+class OutcomePanel : public TextPanel
+{
+    Q_OBJECT
+
+public:
+    explicit OutcomePanel(QWidget* parent = nullptr);
+
+    void SetRemark(const QString& remark);
+    const QString& Remark() const { return remark_; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QString Caption() const;
+    QFont CaptionFont() const;
+    int TextLeft() const;
+    void Announce(const QString& text);
+    void ShowToolTip();
+
+    QString remark_;
+};
+
+}  // namespace orlo

@@ -1,0 +1,61 @@
+#include "registry/widgets/pattern_swatch.h"
+
+#include "registry/widgets/colours.h"
+
+#include <QPainter>
+
+namespace orlo
+{
+
+namespace
+{
+
+constexpr double kHatchStep = 4;
+
+void Hatch(QPainter& painter, const QRectF& place, const QColor& colour)
+{
+    painter.save();
+    painter.setClipRect(place);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1.6));
+    for (double x = place.left() - place.height(); x < place.right(); x += kHatchStep)
+        painter.drawLine(QPointF(x, place.bottom()), QPointF(x + place.height(), place.top()));
+    painter.restore();
+}
+
+}  // namespace
+
+void FillPattern(QPainter& painter, const QRectF& place, MemoryPattern pattern,
+                 const QPalette& palette)
+{
+    painter.fillRect(place, palette.color(QPalette::Base));
+    if (pattern == MemoryPattern::Acquired)
+        painter.fillRect(place, Blend(palette.color(QPalette::WindowText),
+                                      palette.color(QPalette::Window), 0.45));
+    if (pattern == MemoryPattern::ToAcquire) Hatch(painter, place, FilledColour(palette));
+}
+
+PatternSwatch::PatternSwatch(QWidget* parent) : QWidget(parent)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+QSize PatternSwatch::sizeHint() const
+{
+    const int side = fontMetrics().ascent();
+    return {side, side};
+}
+
+void PatternSwatch::paintEvent(QPaintEvent*)
+{
+    if (!isEnabled()) return;
+    QPainter painter(this);
+    const MemoryPattern pattern = pattern_ == QLatin1String("pieno")    ? MemoryPattern::Acquired
+                                  : pattern_ == QLatin1String("tratto") ? MemoryPattern::ToAcquire
+                                                                        : MemoryPattern::Free;
+    FillPattern(painter, rect(), pattern, palette());
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+}  // namespace orlo

@@ -1,0 +1,29 @@
+#include "registry/widgets/text_panel.h"
+
+namespace orlo
+{
+
+TextPanel::TextPanel(QWidget* parent) : QLabel(parent)
+{
+    // Captions come from terminals: never to be read as markup.
+    setTextFormat(Qt::PlainText);
+}
+
+void TextPanel::setText(const QString& text)
+{
+    if (text == this->text()) return;
+    QLabel::setText(text);
+    emit TextChanged(text);
+}
+
+QFont Enlarged(const QFont& font, double factor)
+{
+    QFont larger = font;
+    if (font.pointSizeF() > 0)
+        larger.setPointSizeF(font.pointSizeF() * factor);
+    else
+        larger.setPixelSize(qRound(font.pixelSize() * factor));
+    return larger;
+}
+
+}  // namespace orlo

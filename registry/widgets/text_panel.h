@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QLabel>
+
+namespace orlo
+{
+
+/// A label whose caption is written by the procedures and watched by other parts of a window.
+/// QLabel tells nobody that its text has changed, so writing goes through this class's own setText.
+class TextPanel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit TextPanel(QWidget* parent = nullptr);
+
+    void setText(const QString& text);
+    void clear() { setText(QString()); }
+
+signals:
+    void TextChanged(const QString& text);
+};
+
+/// `font` at `factor` times its size, whether that is given in points or in pixels.
+QFont Enlarged(const QFont& font, double factor);
+
+/// Times, counters and the terminal's heading are this much larger than the other texts.
+inline constexpr double kLargeText = 1.45;
+
+}  // namespace orlo

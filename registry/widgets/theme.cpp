@@ -1,0 +1,93 @@
+#include "registry/widgets/theme.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QPalette>
+
+namespace orlo
+{
+
+namespace
+{
+
+constexpr int kPortalTimeoutMilliseconds = 500;
+
+// Answers of the portal to "color-scheme"; 0 is no preference.
+constexpr uint kPreferDark = 1;
+constexpr uint kPreferLight = 2;
+
+uint PortalColourScheme()
+{
+    // Without an address the bus library would try to start a bus of its own.
+    if (!qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")) return 0;
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) return 0;
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.portal.Desktop"),
+        QStringLiteral("/org/freedesktop/portal/desktop"),
+        QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
+    question << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme");
+    const QDBusMessage answer = bus.call(question, QDBus::Block, kPortalTimeoutMilliseconds);
+    if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) return 0;
+    // The value comes in a variant inside a variant.
+    QVariant value = answer.arguments().constFirst();
+    while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
+    return value.toUInt();
+}
+
+struct Shades {
+    QRgb window, base, button, text, disabled, tooltip;
+};
+
+QPalette MakePalette(const Shades& shades)
+{
+    const QColor text(shades.text);
+    const QColor disabled(shades.disabled);
+    const QColor highlight(0x30, 0x8c, 0xc6);
+    const QColor button(shades.button);
+    QPalette palette(text, button, button.lighter(150), button.darker(150), button.darker(120),
+                     text, Qt::white, QColor(shades.base), QColor(shades.window));
+    palette.setColor(QPalette::AlternateBase, QColor(shades.base).darker(103));
+    palette.setColor(QPalette::ToolTipBase, QColor(shades.tooltip));
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::Highlight, highlight);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, disabled);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, disabled);
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(shades.window));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, disabled);
+    return palette;
+}
+
+QPalette LightPalette()
+{
+    return MakePalette({0xffefefef, 0xffffffff, 0xffefefef, 0xff000000, 0xffbebebe, 0xffffffdc});
+}
+
+QPalette DarkPalette()
+{
+    return MakePalette({0xff34373c, 0xff1d1e20, 0xff4b4f55, 0xfff0f0f0, 0xff85888c, 0xff4b4f55});
+}
+
+}  // namespace
+
+void ApplyTheme(QApplication& application, Theme theme)
+{
+    application.setStyle(QStringLiteral("Fusion"));
+    if (theme == Theme::Desktop) {
+        const uint scheme = PortalColourScheme();
+        if (scheme == kPreferDark)
+            theme = Theme::Dark;
+        else if (scheme == kPreferLight)
+            theme = Theme::Light;
+    }
+    if (theme == Theme::Light)
+        QApplication::setPalette(LightPalette());
+    else if (theme == Theme::Dark)
+        QApplication::setPalette(DarkPalette());
+}
+
+}  // namespace orlo
