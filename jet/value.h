@@ -1,5 +1,9 @@
 #pragma once
 
+// Before Text and Binary below: behind them g++ would take the enumerators of the same names for
+// shadowing declarations.
+#include "jet/column_type.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
