@@ -54,6 +54,7 @@ public:
         if (open && !open_) ++times_opened;
         const bool was_open = open_;
         open_ = open;
+        line_lost = line_lost && open;
         return open || was_open;
     }
     std::size_t InBufferCount() override
