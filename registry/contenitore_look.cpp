@@ -78,6 +78,13 @@ void Contenitore::DeriveLook()
                                              .horizontalAdvance(QStringLiteral("Terminale n°00")));
     ui_->PannelloPercentuale->setMinimumWidth(metrics.averageCharWidth() * 15);
 
+    ui_->cmdAggiorna->setMinimumWidth(ui_->cmdAcquisisce->minimumWidth());
+
+    // Titles of neighbouring sections stand on one line, whether there are buttons beside them or
+    // not.
+    for (QLabel* title : {ui_->LabelIdentita, ui_->LabelLinea})
+        title->setMinimumHeight(ui_->cmdRiceveCard->sizeHint().height());
+
     const int field_height = ui_->NomeFile->sizeHint().height();
     ui_->cmdSfoglia->setFixedHeight(field_height);
     ui_->ComboTipoTerminale->SetRoom(QStringLiteral("SuperStrale"));
