@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jet/column_type.h"
 #include "jet/recordset.h"
 
 #include <filesystem>
@@ -10,27 +11,6 @@
 
 namespace jet
 {
-
-// The kinds of values have some of these names, too; a scoped enumerator hides nothing.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wshadow"
-enum class ColumnType : std::uint8_t {
-    YesNo = 1,
-    Byte = 2,
-    Integer = 3,
-    Long = 4,
-    Currency = 5,
-    Single = 6,
-    Double = 7,
-    Date = 8,
-    Binary = 9,
-    Text = 10,
-    Ole = 11,
-    Memo = 12,
-    Guid = 15,
-    Numeric = 16,
-};
-#pragma GCC diagnostic pop
 
 struct ColumnInfo {
     std::u16string name;

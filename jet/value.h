@@ -1,5 +1,9 @@
 #pragma once
 
+// Before Text and Binary below: behind them g++ would take the enumerators of the same names for
+// shadowing declarations.
+#include "jet/column_type.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -31,7 +35,8 @@ struct Guid {
     bool operator==(const Guid&) const = default;
 };
 
-/// Sign and 128-bit magnitude, most significant byte first; the point stands `scale` digits from the right.
+/// Sign and 128-bit magnitude, most significant byte first; the point stands `scale` digits from
+/// the right.
 struct Numeric {
     bool negative = false;
     std::array<std::uint8_t, 16> magnitude{};
@@ -46,6 +51,9 @@ using Binary = std::vector<std::uint8_t>;
 using Value = std::variant<Null, bool, std::int32_t, Currency, float, double, Date, Text, Binary,
                            Guid, Numeric>;
 
-inline bool IsNull(const Value& value) { return std::holds_alternative<Null>(value); }
+inline bool IsNull(const Value& value)
+{
+    return std::holds_alternative<Null>(value);
+}
 
 }  // namespace jet

@@ -8,7 +8,8 @@ namespace orlo
 enum class DialogIcon { None, Information, Question, Critical };
 
 /// The one seam through which the operator is told or asked something in a message box.
-/// The window shows boxes; an unattended command writes to standard error; a test answers by itself.
+/// The window shows boxes; an unattended command writes to standard error; a test answers by
+/// itself.
 class OperatorDialog
 {
 public:

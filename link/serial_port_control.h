@@ -8,7 +8,8 @@ namespace orlo
 {
 
 /// One of the four serial ports of the PC, COM1 to COM4. The text that goes through it is bytes:
-/// a character is one byte, whatever its value. Every setter tells whether it succeeded; none throws.
+/// a character is one byte, whatever its value. Every setter tells whether it succeeded; none
+/// throws.
 class SerialPortControl
 {
 public:
@@ -38,7 +39,8 @@ public:
 
     /// Sleeps until a byte can be read, the line is lost, or the time is over.
     virtual void WaitForInput(std::chrono::milliseconds longest) = 0;
-    /// True from the moment the device was withdrawn (an unplugged adapter) until the port is closed.
+    /// True from the moment the device was withdrawn (an unplugged adapter) until the port is
+    /// closed.
     virtual bool LineLost() const = 0;
 };
 

@@ -24,8 +24,7 @@ struct Workstation {
     /// The control of port 1..4, or nullptr for any other number.
     SerialPortControl* Comm(int port) const
     {
-        if (port < 1 || port > static_cast<int>(ports.size()))
-            return nullptr;
+        if (port < 1 || port > static_cast<int>(ports.size())) return nullptr;
         return ports[static_cast<std::size_t>(port - 1)];
     }
 };

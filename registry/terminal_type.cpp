@@ -46,8 +46,7 @@ std::span<const TerminalModel> TerminalModels()
 const TerminalModel* ModelByCode(int code)
 {
     const auto models = TerminalModels();
-    if (code < 1 || code > static_cast<int>(models.size()))
-        return nullptr;
+    if (code < 1 || code > static_cast<int>(models.size())) return nullptr;
     return &models[static_cast<std::size_t>(code - 1)];
 }
 
@@ -64,10 +63,8 @@ char DirectionCode(int type_code, char event)
     const TerminalModel* model = ModelByCode(type_code);
     const std::string_view entry = model != nullptr ? model->entry_events : kCommonEntry;
     const std::string_view exit = model != nullptr ? model->exit_events : kCommonExit;
-    if (entry.find(event) != std::string_view::npos)
-        return '1';
-    if (exit.find(event) != std::string_view::npos)
-        return '2';
+    if (entry.find(event) != std::string_view::npos) return '1';
+    if (exit.find(event) != std::string_view::npos) return '2';
     return '0';
 }
 

@@ -1,0 +1,49 @@
+#include "jet/definition_stream.h"
+
+#include "jet/failure.h"
+
+//  offset  size  table definition page
+//  0       2     type 2, 1
+//  4       4     next page of this definition, 0 = last
+//  8       4     first page only: length of the definition, the headers of further pages not
+//  counted
+
+namespace jet
+{
+
+namespace
+{
+
+constexpr std::size_t kNext = 4;
+constexpr std::size_t kPageHeader = 8;
+constexpr std::size_t kLength = 8;
+
+// 255 columns and 32 indexes with the longest names take some 20 pages. The limit ends a chain
+// that runs in a circle.
+constexpr std::size_t kMostPages = 64;
+
+}  // namespace
+
+std::vector<std::uint8_t> ReadDefinitionStream(PageFile& file, std::uint32_t first_page)
+{
+    std::vector<std::uint8_t> stream;
+    std::size_t pages = 0;
+    for (std::uint32_t number = first_page; number != 0; ++pages) {
+        const Page page = file.Read(number);
+        const Bytes content = page.Content();
+        if (content[0] != kDefinitionPage || pages == kMostPages) {
+            FailDamaged(number, "definizione di tabella interrotta");
+        }
+        const Bytes part = content.subspan(stream.empty() ? 0 : kPageHeader);
+        stream.insert(stream.end(), part.begin(), part.end());
+        number = U32(content, kNext);
+    }
+    const std::uint32_t length = stream.empty() ? 0 : U32(stream, kLength);
+    if (length < file.Format().definition.counters || length > stream.size()) {
+        FailDamaged(first_page, "lunghezza della definizione di tabella impossibile");
+    }
+    stream.resize(length);
+    return stream;
+}
+
+}  // namespace jet

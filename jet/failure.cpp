@@ -1,0 +1,109 @@
+#include "jet/failure.h"
+
+#include "jet/utf8.h"
+
+#include <cerrno>
+#include <string>
+#include <system_error>
+
+namespace jet
+{
+
+namespace
+{
+
+std::string Quoted(std::u16string_view name)
+{
+    return "\"" + ToUtf8(name) + "\"";
+}
+
+std::string Reason(int system_error)
+{
+    return std::generic_category().message(system_error);
+}
+
+}  // namespace
+
+void FailDamaged(std::uint32_t page, std::string_view what)
+{
+    FailDamaged("pagina " + std::to_string(page) + ", " + std::string(what));
+}
+
+void FailDamaged(std::string_view what)
+{
+    throw Error(kDamagedFile, "Il database è danneggiato (" + std::string(what) +
+                                  "). Ripristinarlo da una copia di riserva.");
+}
+
+void FailUnrecognised(std::string_view what)
+{
+    throw Error(kUnrecognisedFormat, "Formato del database non riconosciuto: " + std::string(what) +
+                                         ". Serve un file di Access 97, 2000, 2002 o 2003.");
+}
+
+void FailEncoded()
+{
+    throw Error(kEncodedFile,
+                "Il database è codificato e non può essere letto. Decodificarlo con il programma "
+                "che lo ha codificato, poi riaprirlo.");
+}
+
+void FailOpen(const std::filesystem::path& path, int system_error)
+{
+    const std::string file = "\"" + path.string() + "\"";
+    switch (system_error) {
+        case ENOENT:
+        case ENOTDIR:
+            throw Error(kFileNotFound,
+                        "Il database " + file + " non esiste. Controllare cartella e nome.");
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            throw Error(kAccessDenied,
+                        "Accesso negato al database " + file + ". Controllare i permessi.");
+        default:
+            throw Error(kDiskError, "Impossibile aprire il database " + file + " (" +
+                                        Reason(system_error) + "). Controllare il disco.");
+    }
+}
+
+void FailRead(int system_error)
+{
+    throw Error(kDiskError, "Lettura del database non riuscita (" + Reason(system_error) +
+                                "). Controllare il disco e riprovare.");
+}
+
+void FailTableNotFound(std::u16string_view table)
+{
+    throw Error(kTableNotFound, "La tabella " + Quoted(table) +
+                                    " non esiste. Controllare che il database sia quello giusto.");
+}
+
+void FailColumnNotFound(std::u16string_view column)
+{
+    throw Error(kColumnNotFound, "Il campo " + Quoted(column) +
+                                     " non esiste. Controllare che il database sia quello giusto.");
+}
+
+void FailIndexNotFound(std::u16string_view index)
+{
+    throw Error(kIndexNotFound, "L'indice " + Quoted(index) +
+                                    " non esiste. Controllare che il database sia quello giusto.");
+}
+
+void FailNoIndexSelected()
+{
+    throw Error(kNoIndexSelected, "Nessun indice scelto: sceglierne uno prima di cercare.");
+}
+
+void FailNoCurrentRecord()
+{
+    throw Error(kNoCurrentRecord, "Nessuna riga corrente: spostarsi prima su una riga.");
+}
+
+void FailKey(std::string_view what)
+{
+    throw Error(kInvalidArgument, "Chiave di ricerca non valida: " + std::string(what) + ".");
+}
+
+}  // namespace jet

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "jet/error.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+
+// The errors of the engine, each with its number and text in one place.
+
+namespace jet
+{
+
+/// `what` says in Italian what was found on the page.
+[[noreturn]] void FailDamaged(std::uint32_t page, std::string_view what);
+[[noreturn]] void FailDamaged(std::string_view what);
+
+[[noreturn]] void FailUnrecognised(std::string_view what);
+[[noreturn]] void FailEncoded();
+/// From the system's error number of an open that failed.
+[[noreturn]] void FailOpen(const std::filesystem::path& path, int system_error);
+[[noreturn]] void FailRead(int system_error);
+
+[[noreturn]] void FailTableNotFound(std::u16string_view table);
+/// The text names the column and nothing else: whoever tells one missing column from another
+/// looks for the name in it.
+[[noreturn]] void FailColumnNotFound(std::u16string_view column);
+[[noreturn]] void FailIndexNotFound(std::u16string_view index);
+[[noreturn]] void FailNoIndexSelected();
+[[noreturn]] void FailNoCurrentRecord();
+[[noreturn]] void FailKey(std::string_view what);
+
+}  // namespace jet

@@ -1,0 +1,153 @@
+#include "jet/index_order.h"
+
+#include "jet/failure.h"
+
+#include <algorithm>
+
+namespace jet
+{
+
+namespace
+{
+
+// A node has two children or more and a page number 24 bits: no tree is deeper.
+constexpr int kMostLevels = 24;
+
+std::uint32_t FirstChild(const IndexPage& node)
+{
+    return node.EntryCount() > 0 ? node.Child(0) : node.Tail();
+}
+
+std::uint32_t LastChild(const IndexPage& node)
+{
+    return node.Tail() != 0 || node.EntryCount() == 0 ? node.Tail()
+                                                      : node.Child(node.EntryCount() - 1);
+}
+
+}  // namespace
+
+IndexPage IndexOrder::Load(std::uint32_t page)
+{
+    return IndexPage(file_.Format(), file_.Read(page), owner_);
+}
+
+template <typename ChooseChild>
+void IndexOrder::Descend(ChooseChild choose)
+{
+    leaf_.reset();
+    IndexPage page = Load(root_);
+    for (int level = 0; !page.IsLeaf(); ++level) {
+        if (level == kMostLevels) {
+            FailDamaged(page.Number(), "albero dell'indice senza foglie");
+        }
+        page = Load(choose(page));
+    }
+    leaf_.emplace(std::move(page));
+}
+
+// To the neighbour leaf, before its first entry or behind its last.
+bool IndexOrder::StepLeaf(Direction direction)
+{
+    const bool forward = direction == Direction::Forward;
+    const std::uint32_t neighbour = forward ? leaf_->Next() : leaf_->Previous();
+    if (neighbour == 0) {
+        return false;
+    }
+    IndexPage page = Load(neighbour);
+    if (!page.IsLeaf()) {
+        FailDamaged(neighbour, "non è una foglia dell'indice");
+    }
+    leaf_.emplace(std::move(page));
+    at_ = forward ? 0 : leaf_->EntryCount();
+    return true;
+}
+
+// Leaves at_ on an entry (forward) or behind one (backward). Empty leaves cannot show that the way
+// leads in a circle, so they are counted.
+bool IndexOrder::SkipEmptyLeaves(Direction direction)
+{
+    const auto exhausted = [&] {
+        return direction == Direction::Forward ? at_ >= leaf_->EntryCount() : at_ == 0;
+    };
+    for (std::uint32_t steps = 0; exhausted(); ++steps) {
+        if (steps > file_.PageCount()) {
+            FailDamaged(leaf_->Number(), "foglie dell'indice in circolo");
+        }
+        if (!StepLeaf(direction)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+RowPointer IndexOrder::TakeEntry()
+{
+    leaf_->CopyEntry(at_, entry_);
+    return RowOfEntry(entry_);
+}
+
+std::optional<RowPointer> IndexOrder::First()
+{
+    Descend(FirstChild);
+    at_ = 0;
+    if (!SkipEmptyLeaves(Direction::Forward)) {
+        return std::nullopt;
+    }
+    return TakeEntry();
+}
+
+std::optional<RowPointer> IndexOrder::Last()
+{
+    Descend(LastChild);
+    at_ = leaf_->EntryCount();
+    if (!SkipEmptyLeaves(Direction::Backward)) {
+        return std::nullopt;
+    }
+    --at_;
+    return TakeEntry();
+}
+
+std::optional<RowPointer> IndexOrder::Step(Direction direction)
+{
+    const bool forward = direction == Direction::Forward;
+    at_ += forward ? 1 : 0;
+    if (!SkipEmptyLeaves(direction)) {
+        return std::nullopt;
+    }
+    at_ -= forward ? 0 : 1;
+    entry_.swap(previous_);
+    const RowPointer row = TakeEntry();
+    if (forward ? entry_ <= previous_ : entry_ >= previous_) {
+        FailDamaged(leaf_->Number(), "indice non ordinato");
+    }
+    return row;
+}
+
+std::optional<RowPointer> IndexOrder::Next()
+{
+    return Step(Direction::Forward);
+}
+
+std::optional<RowPointer> IndexOrder::Previous()
+{
+    return Step(Direction::Backward);
+}
+
+std::optional<RowPointer> IndexOrder::Seek(const KeyBytes& key)
+{
+    Descend([&](const IndexPage& node) {
+        const std::size_t child = node.LowerBound(key);
+        return child < node.EntryCount() ? node.Child(child) : LastChild(node);
+    });
+    at_ = leaf_->LowerBound(key);
+    if (!SkipEmptyLeaves(Direction::Forward)) {
+        return std::nullopt;
+    }
+    const RowPointer row = TakeEntry();
+    if (!std::ranges::equal(KeyOfEntry(entry_), key)) {
+        return std::nullopt;
+    }
+    return row;
+}
+
+}  // namespace jet

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "jet/page_file.h"
+
+#include <vector>
+
+namespace jet
+{
+
+/// The bytes of a Memo or Ole value, from the field of the row. Errors: kDamagedFile, kDiskError.
+std::vector<std::uint8_t> ReadLongValue(PageFile& file, Bytes field);
+
+}  // namespace jet

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "jet/database.h"
+#include "jet/page_file.h"
+
+namespace jet
+{
+
+struct ColumnDefinition {
+    std::u16string name;
+    ColumnType type{};  ///< as in the file, which has further numbers in system tables
+    std::uint16_t id = 0;
+    bool fixed = false;
+    std::uint16_t slot = 0;          ///< of a variable column
+    std::uint16_t fixed_offset = 0;  ///< of a fixed column, from the end of the column count
+    std::uint16_t length = 0;        ///< bytes
+    std::uint8_t scale = 0;          ///< Numeric only
+    std::uint16_t sort_order = 0;
+    std::uint8_t sort_version = 0;
+};
+
+struct KeyColumn {
+    std::size_t column = 0;  ///< place in TableDefinition::columns
+    bool ascending = true;
+};
+
+/// An index tree. Several logical indexes may share one.
+struct RealIndex {
+    std::vector<KeyColumn> columns;
+    std::uint32_t root = 0;
+    bool unique = false;
+};
+
+struct LogicalIndex {
+    std::u16string name;
+    std::uint32_t real = 0;  ///< place in TableDefinition::real_indexes, checked
+    bool primary = false;
+};
+
+struct TableDefinition {
+    std::uint32_t page = 0;            ///< first page: the number by which the file knows the table
+    std::uint16_t columns_ever = 0;    ///< columns created so far; every id is below
+    std::uint16_t variable_slots = 0;  ///< deleted columns included; every slot is below
+    RowPointer data_map;
+    std::vector<ColumnDefinition> columns;  ///< ascending by id
+    std::vector<RealIndex> real_indexes;
+    std::vector<LogicalIndex> logical_indexes;
+};
+
+/// Reads the definition that begins on that page. Errors: kDamagedFile, kDiskError.
+TableDefinition ReadTableDefinition(PageFile& file, std::uint32_t page);
+
+}  // namespace jet

@@ -1,0 +1,95 @@
+#include "jet/text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace jet
+{
+
+namespace
+{
+
+// Bytes 80..9F; all the others stand for themselves.
+constexpr std::array<char16_t, 32> kCodePageHigh{
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr std::uint8_t kFirstHigh = 0x80;
+
+bool IsHigh(unsigned code)
+{
+    return code >= kFirstHigh && code < kFirstHigh + kCodePageHigh.size();
+}
+
+std::optional<std::u16string> Decompress(Bytes text)
+{
+    std::u16string out;
+    out.reserve(text.size());
+    bool one_byte = true;
+    for (std::size_t i = 0; i < text.size();) {
+        if (text[i] == 0) {
+            one_byte = !one_byte;
+            ++i;
+        } else if (one_byte) {
+            out.push_back(text[i]);
+            ++i;
+        } else if (i + 1 < text.size()) {
+            out.push_back(U16(text, i));
+            i += 2;
+        } else {
+            return std::nullopt;
+        }
+    }
+    return out;
+}
+
+}  // namespace
+
+std::u16string DecodeCodePage(Bytes text)
+{
+    std::u16string out(text.size(), u'\0');
+    std::ranges::transform(text, out.begin(), [](std::uint8_t byte) -> char16_t {
+        return IsHigh(byte) ? kCodePageHigh[byte - kFirstHigh] : byte;
+    });
+    return out;
+}
+
+std::optional<std::uint8_t> CodePageByte(char16_t unit)
+{
+    if (unit < 0x100 && !IsHigh(unit)) {
+        return static_cast<std::uint8_t>(unit);
+    }
+    const auto* found = std::ranges::find(kCodePageHigh, unit);
+    if (found == kCodePageHigh.end()) {
+        return std::nullopt;
+    }
+    return static_cast<std::uint8_t>(kFirstHigh + (found - kCodePageHigh.begin()));
+}
+
+std::optional<std::u16string> DecodeUtf16(Bytes text)
+{
+    if (text.size() % 2 != 0) {
+        return std::nullopt;
+    }
+    std::u16string out(text.size() / 2, u'\0');
+    for (std::size_t i = 0; i < out.size(); ++i) {
+        out[i] = U16(text, 2 * i);
+    }
+    return out;
+}
+
+std::optional<std::u16string> DecodeRowText(Bytes text)
+{
+    constexpr std::uint16_t kCompressed = 0xFEFF;
+    if (text.size() >= 2 && U16(text, 0) == kCompressed) {
+        return Decompress(text.subspan(2));
+    }
+    return DecodeUtf16(text);
+}
+
+std::optional<std::u16string> DecodeText(const Format& format, Bytes text)
+{
+    return format.unicode ? DecodeRowText(text) : DecodeCodePage(text);
+}
+
+}  // namespace jet

@@ -1,0 +1,90 @@
+#include "link/exchange.h"
+
+#include "link/telegram.h"
+#include "link/waits.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace orlo
+{
+
+namespace
+{
+
+constexpr float kAnswerSeconds = 2.0F;
+constexpr int kLastTick = 100;
+/// Well below a step of the clock, so that no change is missed.
+constexpr std::chrono::milliseconds kBetweenReadings{20};
+
+void SendRequest(SerialPortControl& port, int terminal_number, std::string_view command)
+{
+    // A late answer to the request before is thrown away here.
+    port.DiscardInput();
+    port.Output(BuildRequestFrame(terminal_number, command));
+}
+
+/// Takes what has arrived; true when the answer is complete.
+bool TakeArrived(SerialPortControl& port, std::string& received)
+{
+    if (port.InBufferCount() > 0) received += port.Input();
+    return HoldsCompleteAnswer(received);
+}
+
+/// A second at the most, so that an overdue wait can look at the Escape key; a step of the clock at
+/// the least, as the clock does not move in between.
+std::chrono::milliseconds SleepFor(double seconds)
+{
+    const double bounded = std::clamp(seconds, kClockStepSeconds, 1.0);
+    return std::chrono::milliseconds(std::llround(std::ceil(bounded * 1000)));
+}
+
+}  // namespace
+
+std::string ExchangeTelegram(Workstation& workstation, SerialPortControl& port, int terminal_number,
+                             std::string_view command, const MeanwhileWork& meanwhile)
+{
+    SendRequest(port, terminal_number, command);
+    if (terminal_number <= 0) {
+        if (meanwhile) meanwhile();
+        return {};
+    }
+
+    std::string received;
+    const float start = StartOfWait(workstation.clock);
+    OverdueWait overdue(workstation, kAnswerSeconds);
+    if (meanwhile) meanwhile();
+    // What has arrived is read before the deadline is judged: work meanwhile may have taken longer
+    // than the wait, and an answer that came in time is an answer.
+    while (!TakeArrived(port, received)) {
+        const float elapsed = ElapsedSeconds(workstation.clock, start);
+        if (elapsed >= kAnswerSeconds || port.LineLost() || overdue.Aborted())
+            return std::string(kTimeout);
+        workstation.clock.SleepUntilInput(port, SleepFor(kAnswerSeconds - elapsed));
+    }
+    return ParseAnswerFrame(terminal_number, received);
+}
+
+// The wait lasts 101 changes of a clock that steps every 1/18.2 s, some 5.5 s in all. Keep the
+// count a count: turned into a duration it would no longer follow the clock it counts.
+std::string ExchangeTelegramTicks(Workstation& workstation, SerialPortControl& port,
+                                  int terminal_number, std::string_view command)
+{
+    SendRequest(port, terminal_number, command);
+    if (terminal_number <= 0) return {};
+
+    std::string received;
+    float reading = StartOfWait(workstation.clock);
+    for (int tick = 0; tick <= kLastTick; ++tick) {
+        do {
+            if (TakeArrived(port, received)) return ParseAnswerFrame(terminal_number, received);
+            if (port.LineLost()) return std::string(kTimeout);
+            workstation.clock.SleepUntilInput(port, kBetweenReadings);
+        } while (StartOfWait(workstation.clock) == reading);
+        reading = StartOfWait(workstation.clock);
+    }
+    if (TakeArrived(port, received)) return ParseAnswerFrame(terminal_number, received);
+    return std::string(kTimeout);
+}
+
+}  // namespace orlo

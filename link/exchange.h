@@ -1,0 +1,27 @@
+#pragma once
+
+#include "link/workstation.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace orlo
+{
+
+/// Work done between sending a request and waiting for its answer, at no cost of line time.
+using MeanwhileWork = std::function<void()>;
+
+/// One request, one wait of 2 seconds at the most, no retry. The result is the answer's data,
+/// kTimeout, kRxError, or the empty text at once for terminal number 0 or less: number 0 addresses
+/// all terminals and none answers. A line that is lost counts as a time-out. The wait sleeps in the
+/// operating system; window events do not run.
+std::string ExchangeTelegram(Workstation& workstation, SerialPortControl& port, int terminal_number,
+                             std::string_view command, const MeanwhileWork& meanwhile = {});
+
+/// The same exchange with a wait of 101 changes of the seconds-since-midnight clock, for a command
+/// that takes the terminal longer.
+std::string ExchangeTelegramTicks(Workstation& workstation, SerialPortControl& port,
+                                  int terminal_number, std::string_view command);
+
+}  // namespace orlo

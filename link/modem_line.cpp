@@ -1,0 +1,55 @@
+#include "link/modem_line.h"
+
+#include "link/waits.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace orlo
+{
+
+namespace
+{
+
+constexpr char kLf = 10;
+constexpr char kCr = 13;
+
+std::chrono::milliseconds OneStep()
+{
+    return std::chrono::milliseconds(std::llround(std::ceil(kClockStepSeconds * 1000)));
+}
+
+}  // namespace
+
+void ModemSend(SerialPortControl& port, std::string_view text)
+{
+    if (!port.PortOpen()) return;
+    port.DiscardInput();
+    port.Output(text);
+}
+
+std::string ModemReadLine(Workstation& workstation, SerialPortControl& port,
+                          std::string& line_receive_buffer, std::int16_t& timeout_tenths)
+{
+    timeout_tenths = static_cast<std::int16_t>(std::nearbyint(timeout_tenths / 10.0));
+    const std::int16_t timeout_seconds = timeout_tenths;
+    const float start = StartOfWait(workstation.clock);
+    OverdueWait overdue(workstation, timeout_seconds);
+    for (;;) {
+        if (port.InBufferCount() >= 1) line_receive_buffer += port.Input();
+        std::replace(line_receive_buffer.begin(), line_receive_buffer.end(), kLf, ' ');
+        const std::size_t end = line_receive_buffer.find(kCr);
+        // The time is judged first: a line found in a pass that is too late stays in the buffer.
+        const bool late = ElapsedSeconds(workstation.clock, start) > timeout_seconds;
+        if (late || overdue.Aborted()) return {};
+        if (end != std::string::npos) {
+            std::string line = line_receive_buffer.substr(0, end);
+            line_receive_buffer.erase(0, end + 1);
+            return line;
+        }
+        if (port.LineLost()) return {};
+        workstation.clock.SleepUntilInput(port, OneStep());
+    }
+}
+
+}  // namespace orlo

@@ -1,0 +1,69 @@
+#include "link/waits.h"
+
+#include "link/pressione_tasto_esc.h"
+
+#include <cmath>
+
+namespace orlo
+{
+
+namespace
+{
+
+constexpr std::chrono::seconds kPatience{10};
+constexpr std::chrono::seconds kBetweenLooks{1};
+
+std::chrono::milliseconds Milliseconds(double seconds)
+{
+    return std::chrono::milliseconds(std::llround(seconds * 1000));
+}
+
+}  // namespace
+
+float StartOfWait(Clock& clock)
+{
+    return static_cast<float>(clock.SecondsSinceMidnight());
+}
+
+float ElapsedSeconds(Clock& clock, float start)
+{
+    const float elapsed = static_cast<float>(clock.SecondsSinceMidnight()) - start;
+    return elapsed < 0 ? 0 : elapsed;
+}
+
+void WaitTenths(Workstation& workstation, std::int16_t tenths)
+{
+    const auto seconds = static_cast<float>(tenths / 10.0);
+    const float start = StartOfWait(workstation.clock);
+    OverdueWait overdue(workstation, seconds);
+    while (ElapsedSeconds(workstation.clock, start) < seconds && !overdue.Aborted())
+        workstation.clock.YieldToEventLoop();
+}
+
+void WaitDelay(Workstation& workstation, float delay_seconds)
+{
+    if (delay_seconds == 0) return;
+    // nearbyint rounds half to even in the default rounding mode.
+    const double now = workstation.clock.SecondsSinceMidnight();
+    const auto target = static_cast<std::int32_t>(std::nearbyint(now + delay_seconds));
+    OverdueWait overdue(workstation, target - now);
+    while (workstation.clock.SecondsSinceMidnight() < target && !overdue.Aborted())
+        workstation.clock.YieldToEventLoop();
+}
+
+OverdueWait::OverdueWait(Workstation& workstation, double target_seconds)
+    : workstation_(workstation),
+      next_look_(workstation.clock.Monotonic() + Milliseconds(target_seconds) + kPatience)
+{
+}
+
+bool OverdueWait::Aborted()
+{
+    const std::chrono::milliseconds now = workstation_.clock.Monotonic();
+    if (now < next_look_) return false;
+    if (!workstation_.dialog.OperatorPresent()) return true;
+    next_look_ = now + kBetweenLooks;
+    return PressioneTastoEsc(workstation_);
+}
+
+}  // namespace orlo

@@ -1,0 +1,58 @@
+#include "simulator/options.h"
+#include "simulator/pty_server.h"
+#include "simulator/state_report.h"
+#include "simulator/usage_error.h"
+
+#include <csignal>
+#include <exception>
+#include <iostream>
+
+namespace
+{
+
+using namespace orlo::simulator;
+
+void Serve(const Options& options)
+{
+    std::vector<Terminal> terminals;
+    for (const TerminalSettings& settings : options.terminals)
+        terminals.emplace_back(settings, MachineClock());
+    Journal journal;
+    if (!options.journal_path.empty()) journal = FileJournal(options.journal_path);
+    Line line(options.line, std::move(terminals), FaultPlan(options.faults), journal);
+
+    const auto write_state = [&] {
+        if (options.state_path.empty()) return;
+        WriteStateReport(options.state_path, line.Terminals());
+        std::cout << "Stato: " << options.state_path << std::endl;
+    };
+    PtyServer server(options.link, line,
+                     {.ready = [&] { std::cout << "Pronto: " << options.link << std::endl; },
+                      .hung_up = [&] { std::cout << "Caduta: " << options.link << std::endl; },
+                      .state_asked_for = write_state});
+    server.Run();
+    write_state();
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    // Who started this may stop listening to it; the line goes on.
+    std::signal(SIGPIPE, SIG_IGN);
+    try {
+        const Options options = ParseOptions(argc, argv);
+        if (options.help)
+            std::cout << HelpText();
+        else
+            Serve(options);
+        return 0;
+    } catch (const UsageError& error) {
+        std::cerr << "orlodesk-simulatore: " << error.what() << "\n"
+                  << "Vedere orlodesk-simulatore --help.\n";
+        return 2;
+    } catch (const std::exception& error) {
+        std::cerr << "orlodesk-simulatore: " << error.what() << "\n";
+        return 1;
+    }
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "simulator/fault_plan.h"
+#include "simulator/line.h"
+#include "simulator/terminal_settings.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orlo::simulator
+{
+
+struct Options {
+    bool help = false;  // then nothing else counts
+    std::string link;
+    std::vector<TerminalSettings> terminals;  // numbers differ
+    LineSettings line;
+    std::vector<FaultRule> faults;
+    std::string journal_path;  // empty: none
+    std::string state_path;    // empty: none
+};
+
+/// The command line. Throws UsageError.
+Options ParseOptions(int argc, char** argv);
+
+/// What --help prints.
+std::string_view HelpText();
+
+}  // namespace orlo::simulator

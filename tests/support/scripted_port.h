@@ -1,0 +1,98 @@
+#pragma once
+
+#include "link/serial_port_control.h"
+#include "tests/support/fake_clock.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace orlo::testing
+{
+
+/// Bytes that arrive some time after the request that they answer.
+struct Arrival {
+    std::chrono::milliseconds delay{0};
+    std::string bytes;
+};
+
+/// A port without a device. Whatever is sent is kept in `sent` and answered by `answer_to`.
+class ScriptedPort : public SerialPortControl
+{
+public:
+    explicit ScriptedPort(FakeClock& clock) : clock_(clock) {}
+
+    std::vector<std::string> sent;
+    std::function<std::vector<Arrival>(std::string_view request)> answer_to;
+    bool device_missing = false;
+    bool line_lost = false;
+    int times_opened = 0;
+
+    /// Bytes on the line from now plus `delay` on.
+    void Arrive(std::string bytes, std::chrono::milliseconds delay = {})
+    {
+        arrivals_.push_back({clock_.Passed() + delay, std::move(bytes)});
+    }
+
+    int CommPort() const override { return comm_port_; }
+    bool SetCommPort(int port) override
+    {
+        comm_port_ = port;
+        return port >= 1 && port <= 4;
+    }
+    std::string Settings() const override { return settings_; }
+    bool SetSettings(std::string_view settings) override
+    {
+        settings_ = settings;
+        return true;
+    }
+    bool PortOpen() const override { return open_; }
+    bool SetPortOpen(bool open) override
+    {
+        if (open && device_missing) return false;
+        if (open && !open_) ++times_opened;
+        const bool was_open = open_;
+        open_ = open;
+        return open || was_open;
+    }
+    std::size_t InBufferCount() override
+    {
+        while (!arrivals_.empty() && arrivals_.front().delay <= clock_.Passed()) {
+            waiting_ += arrivals_.front().bytes;
+            arrivals_.pop_front();
+        }
+        return waiting_.size();
+    }
+    void DiscardInput() override
+    {
+        InBufferCount();
+        waiting_.clear();
+    }
+    std::string Input() override
+    {
+        InBufferCount();
+        return std::exchange(waiting_, {});
+    }
+    void Output(std::string_view bytes) override
+    {
+        sent.emplace_back(bytes);
+        if (!answer_to) return;
+        for (Arrival& arrival : answer_to(bytes)) Arrive(std::move(arrival.bytes), arrival.delay);
+    }
+    void WaitForInput(std::chrono::milliseconds longest) override
+    {
+        clock_.SleepUntilInput(*this, longest);
+    }
+    bool LineLost() const override { return line_lost; }
+
+private:
+    FakeClock& clock_;
+    int comm_port_ = 0;
+    std::string settings_;
+    bool open_ = false;
+    std::string waiting_;
+    std::deque<Arrival> arrivals_;
+};
+
+}  // namespace orlo::testing
