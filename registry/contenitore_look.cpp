@@ -21,10 +21,12 @@ constexpr double kDrawnLineHeight = 15;
 
 int Widest(const QFontMetrics& metrics, std::initializer_list<const char*> texts)
 {
+    // A label asks for a little more than its words.
+    constexpr int kSlack = 2;
     int widest = 0;
     for (const char* text : texts)
         widest = std::max(widest, metrics.horizontalAdvance(QString::fromUtf8(text)));
-    return widest;
+    return widest + kSlack;
 }
 
 /// A field as wide as `sample` needs, the room of frame and cursor included.

@@ -168,8 +168,8 @@ TEST_F(ContenitoreCommands, AWindowOfTheCommandTakesInput)
 {
     QLineEdit box;
     box.show();
-    Run([&] { QTest::keyClicks(&box, QStringLiteral("sì")); });
-    EXPECT_EQ(box.text(), QStringLiteral("sì"));
+    Run([&] { QTest::keyClicks(&box, QStringLiteral("si")); });
+    EXPECT_EQ(box.text(), QStringLiteral("si"));
 }
 
 TEST_F(ContenitoreCommands, LeavingIsAskedByButtonAndByClosing)

@@ -1,7 +1,5 @@
 #include "tests/registry/contenitore_fixture.h"
 
-#include <QAccessible>
-
 namespace orlo::contenitore_test
 {
 
@@ -150,23 +148,6 @@ TEST_F(ContenitorePanels, ARemarkStandsWhileThereIsNoOutcome)
     EXPECT_EQ(panel.text(), QString());
     window.AzzeraLabel();
     EXPECT_EQ(panel.Remark(), QStringLiteral("Il registro non è completo."));
-}
-
-TEST_F(ContenitorePanels, GoodAndFailedOutcomesAreAnnounced)
-{
-    static std::vector<QString> announced;
-    announced.clear();
-    QAccessible::setActive(true);
-    QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
-        if (event->type() == QAccessible::Alert)
-            announced.push_back(event->object()->property("text").toString());
-    });
-    auto& panel = Control<OutcomePanel>("PannelloComunicazione");
-    for (const char* caption : {"Comunicazione OK", "", "Timeout", "Errore aprendo la COM"})
-        panel.setText(QString::fromUtf8(caption));
-    QAccessible::installUpdateHandler(nullptr);
-    EXPECT_EQ(announced, (std::vector<QString>{QStringLiteral("Comunicazione OK"),
-                                               QStringLiteral("Errore aprendo la COM")}));
 }
 
 TEST_F(ContenitorePanels, TheLineIsOpenWhileTheGreenLightIsOn)
