@@ -20,11 +20,12 @@ std::optional<QDateTime> ReadMoment(const QString& date, const QString& time)
     const auto hour = time_form.match(time);
     if (!day.hasMatch() || !hour.hasMatch()) return std::nullopt;
     const int year = day.captured(3).toInt();
-    const QDateTime moment(
-        QDate(year < 100 ? 2000 + year : year, day.captured(2).toInt(), day.captured(1).toInt()),
-        QTime(hour.captured(1).toInt(), hour.captured(2).toInt(), hour.captured(3).toInt()),
-        Qt::UTC);
-    return moment.isValid() ? std::optional(moment) : std::nullopt;
+    const QDate read_day(year < 100 ? 2000 + year : year, day.captured(2).toInt(),
+                         day.captured(1).toInt());
+    const QTime read_time(hour.captured(1).toInt(), hour.captured(2).toInt(),
+                          hour.captured(3).toInt());
+    if (!read_day.isValid() || !read_time.isValid()) return std::nullopt;
+    return QDateTime(read_day, read_time, Qt::UTC);
 }
 
 QString Amount(qint64 seconds)

@@ -28,6 +28,8 @@ Contenitore::Contenitore(ProgramState& state, Workstation& workstation, QWidget*
     unavailable_ = {ui_->cmdSincro,        ui_->cmdTest,    ui_->cmdMonitorTimbrature,
                     ui_->cmdSuonerie,      ui_->cmdComandi, ui_->cmdRiceveCard,
                     ui_->cmdTrasmetteCard, ui_->cmdLogIn,   ui_->cmdLogOff};
+    for (QAbstractButton* button : commands_)
+        if (button->toolTip().isEmpty()) button->setToolTip(button->accessibleName());
     ui_->Verde->hide();
     ui_->Rosso->hide();
     ui_->LabelEsc->hide();

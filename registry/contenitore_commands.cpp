@@ -15,12 +15,11 @@ class Contenitore::CommandScope
 {
 public:
     CommandScope(Contenitore& window, const QString& task, EscapeUse escape)
-        : window_(window), shield_(window)
+        : window_(window), shield_(window, *window.ui_->ListaTerminali)
     {
         window_.running_ = true;
         window_.task_ = task;
         window_.ui_->LabelEsc->setVisible(escape == EscapeUse::Heeded);
-        window_.ui_->ListaTerminali->setFocus();
         Show();
         PointTo(Qt::WaitCursor, Qt::WaitCursor);
     }

@@ -21,10 +21,12 @@ constexpr double kDrawnLineHeight = 15;
 
 int Widest(const QFontMetrics& metrics, std::initializer_list<const char*> texts)
 {
+    // A label asks for a little more than its words.
+    constexpr int kSlack = 2;
     int widest = 0;
     for (const char* text : texts)
         widest = std::max(widest, metrics.horizontalAdvance(QString::fromUtf8(text)));
-    return widest;
+    return widest + kSlack;
 }
 
 /// A field as wide as `sample` needs, the room of frame and cursor included.
@@ -77,6 +79,13 @@ void Contenitore::DeriveLook()
     ui_->LabelTerminale->setMinimumWidth(QFontMetrics(ui_->LabelTerminale->font())
                                              .horizontalAdvance(QStringLiteral("Terminale n°00")));
     ui_->PannelloPercentuale->setMinimumWidth(metrics.averageCharWidth() * 15);
+
+    ui_->cmdAggiorna->setMinimumWidth(ui_->cmdAcquisisce->minimumWidth());
+
+    // Titles of neighbouring sections stand on one line, whether there are buttons beside them or
+    // not.
+    for (QLabel* title : {ui_->LabelIdentita, ui_->LabelLinea})
+        title->setMinimumHeight(ui_->cmdRiceveCard->sizeHint().height());
 
     const int field_height = ui_->NomeFile->sizeHint().height();
     ui_->cmdSfoglia->setFixedHeight(field_height);

@@ -53,7 +53,7 @@ QString RowDescription(ProgramState& state, const TerminalRecord& slot)
 {
     jet::Recordset* cursor = state.TerminalsRecordset.get();
     if (cursor == nullptr || cursor->NoMatch() || cursor->AtBof() || cursor->AtEof())
-        return slot.Descrizione;
+        return slot.Descrizione.trimmed();
     const jet::Value value = cursor->Field(u"Descrizione");
     const auto* text = std::get_if<jet::Text>(&value);
     return text != nullptr ? QString::fromStdU16String(*text) : QString();

@@ -86,7 +86,7 @@ void BadgeDrawing::PaintField(QPainter& painter, const QRectF& place, const QCol
 {
     if (place.width() <= 0) return;
     painter.setPen(isEnabled() ? palette().color(QPalette::WindowText) : Hairline(palette()));
-    painter.setBrush(isEnabled() ? QBrush(fill) : QBrush(Qt::NoBrush));
+    painter.setBrush(isEnabled() ? fill : palette().color(QPalette::Window));
     painter.drawRect(place);
     for (const QString& name : names)
         if (painter.fontMetrics().horizontalAdvance(name) + 4 <= place.width()) {

@@ -1,5 +1,6 @@
 #include "registry/widgets/choice_box.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QStyleOptionComboBox>
@@ -82,9 +83,8 @@ void ChoiceBox::wheelEvent(QWheelEvent* event)
 void ChoiceBox::focusOutEvent(QFocusEvent* event)
 {
     QComboBox::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason &&
-        event->reason() != Qt::MenuBarFocusReason)
-        emit Left();
+    const QWidget* other = QApplication::focusWidget();
+    if (other != nullptr && other != this && other->window() == window()) emit Left();
 }
 
 }  // namespace orlo

@@ -25,7 +25,8 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 signals:
-    /// The operator went to another control of the window; opening the list is not leaving.
+    /// The operator went to another control of the window; opening the list or
+    /// another window is not leaving.
     void Left();
 
 protected:

@@ -73,7 +73,7 @@ QColor FilledColour(const QPalette& palette)
 
 QColor FilledButtonColour(const QPalette& palette)
 {
-    return FilledColour(palette).darker(125);
+    return FilledColour(palette).darker(150);
 }
 
 QColor OutcomeColour(Outcome outcome, const QPalette& palette)

@@ -22,6 +22,14 @@ void Colour(QWidget& widget, QPalette::ColorRole role, const QColor& colour)
     widget.setPalette(palette);
 }
 
+/// A line looks the same in a disabled page.
+void ColourLine(QWidget& line, const QColor& colour)
+{
+    QPalette palette = line.palette();
+    palette.setColor(QPalette::WindowText, colour);
+    line.setPalette(palette);
+}
+
 void StyleLabel(QLabel& label, const QWidget& window)
 {
     const QString role = label.property("ruolo").toString();
@@ -56,7 +64,7 @@ void StyleForm(QWidget& window)
         Colour(*bar, QPalette::Highlight, FilledColour(window.palette()));
     for (QFrame* frame : window.findChildren<QFrame*>())
         if (frame->frameShape() == QFrame::HLine || frame->frameShape() == QFrame::VLine)
-            Colour(*frame, QPalette::WindowText, Hairline(window.palette()));
+            ColourLine(*frame, Hairline(window.palette()));
 }
 
 }  // namespace orlo

@@ -34,8 +34,9 @@ bool IsInput(const QEvent& event)
 
 }  // namespace
 
-InputShield::InputShield(QWidget& window) : window_(window)
+InputShield::InputShield(QWidget& window, QWidget& parking) : window_(window), parking_(parking)
 {
+    parking_.setFocus();
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -48,7 +49,10 @@ bool InputShield::eventFilter(QObject* watched, QEvent* event)
 {
     if (!IsInput(*event)) return false;
     const auto* control = qobject_cast<QWidget*>(watched);
-    return control != nullptr && (control == &window_ || window_.isAncestorOf(control));
+    if (control == nullptr || (control != &window_ && !window_.isAncestorOf(control))) return false;
+    // A press has given the control the focus before it comes here.
+    if (event->type() == QEvent::MouseButtonPress) parking_.setFocus();
+    return true;
 }
 
 }  // namespace orlo

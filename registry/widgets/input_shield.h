@@ -6,15 +6,15 @@
 namespace orlo
 {
 
-/// While it lives, keys, presses, the wheel, drops and mnemonics do not reach the controls of one
-/// window; their look stays. Escape passes, so do pointer movements, and other windows, such as the
-/// message box of a command, are not touched.
+/// While it lives, the focus is parked and keys, presses, the wheel, drops and mnemonics do not
+/// reach the controls of one window; their look stays. Escape passes, so do pointer movements, and
+/// other windows, such as the message box of a command, are not touched.
 class InputShield : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit InputShield(QWidget& window);
+    InputShield(QWidget& window, QWidget& parking);
     ~InputShield() override;
 
 protected:
@@ -22,6 +22,7 @@ protected:
 
 private:
     QWidget& window_;
+    QWidget& parking_;
 };
 
 }  // namespace orlo

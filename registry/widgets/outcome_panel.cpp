@@ -17,7 +17,7 @@ constexpr int kGap = 7;
 OutcomePanel::OutcomePanel(QWidget* parent) : TextPanel(parent)
 {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    connect(this, &TextPanel::TextChanged, this, &OutcomePanel::Announce);
+    connect(this, &TextPanel::TextChanged, this, &OutcomePanel::TakeOutcome);
 }
 
 void OutcomePanel::SetRemark(const QString& remark)
@@ -72,11 +72,15 @@ int OutcomePanel::TextLeft() const
     return fontMetrics().height() + kGap;
 }
 
-void OutcomePanel::Announce(const QString& text)
+void OutcomePanel::TakeOutcome(const QString& text)
 {
     ShowToolTip();
     const Outcome outcome = OutcomeOf(text);
-    if (outcome != Outcome::Good && outcome != Outcome::Failure) return;
+    if (outcome == Outcome::Good || outcome == Outcome::Failure) Alert();
+}
+
+void OutcomePanel::Alert()
+{
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }

@@ -25,11 +25,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
+    /// Lets assistive programs read the caption out.
+    virtual void Alert();
+
 private:
     QString Caption() const;
     QFont CaptionFont() const;
     int TextLeft() const;
-    void Announce(const QString& text);
+    void TakeOutcome(const QString& text);
     void ShowToolTip();
 
     QString remark_;

@@ -12,12 +12,13 @@ namespace
 
 constexpr double kHatchStep = 4;
 
-void Hatch(QPainter& painter, const QRectF& place, const QColor& colour)
+void Hatch(QPainter& painter, const QRectF& place, const QPalette& palette)
 {
+    painter.fillRect(place, FilledColour(palette));
     painter.save();
     painter.setClipRect(place);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, 1.6));
+    painter.setPen(QPen(palette.color(QPalette::HighlightedText), 1.2));
     for (double x = place.left() - place.height(); x < place.right(); x += kHatchStep)
         painter.drawLine(QPointF(x, place.bottom()), QPointF(x + place.height(), place.top()));
     painter.restore();
@@ -32,7 +33,7 @@ void FillPattern(QPainter& painter, const QRectF& place, MemoryPattern pattern,
     if (pattern == MemoryPattern::Acquired)
         painter.fillRect(place, Blend(palette.color(QPalette::WindowText),
                                       palette.color(QPalette::Window), 0.45));
-    if (pattern == MemoryPattern::ToAcquire) Hatch(painter, place, FilledColour(palette));
+    if (pattern == MemoryPattern::ToAcquire) Hatch(painter, place, palette);
 }
 
 PatternSwatch::PatternSwatch(QWidget* parent) : QWidget(parent)
@@ -48,8 +49,12 @@ QSize PatternSwatch::sizeHint() const
 
 void PatternSwatch::paintEvent(QPaintEvent*)
 {
-    if (!isEnabled()) return;
     QPainter painter(this);
+    if (!isEnabled()) {
+        painter.setPen(Hairline(palette()));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        return;
+    }
     const MemoryPattern pattern = pattern_ == QLatin1String("pieno")    ? MemoryPattern::Acquired
                                   : pattern_ == QLatin1String("tratto") ? MemoryPattern::ToAcquire
                                                                         : MemoryPattern::Free;

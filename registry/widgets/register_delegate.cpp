@@ -41,7 +41,9 @@ std::array<int, kRegisterColumns> NaturalWidths(const QFontMetrics& metrics)
     int type = metrics.horizontalAdvance(heading[1]);
     for (const TerminalModel& model : TerminalModels())
         type = std::max(type, metrics.horizontalAdvance(model.name));
-    return {
+    // A text exactly as wide as its column would be elided: advances are rounded.
+    constexpr int kSlack = 2;
+    std::array<int, kRegisterColumns> widths{
         Widest(metrics, {heading[0], QStringLiteral("00")}),
         type,
         Widest(metrics, {heading[kDescription], QStringLiteral("MMMMMMMM")}),
@@ -52,6 +54,8 @@ std::array<int, kRegisterColumns> NaturalWidths(const QFontMetrics& metrics)
         Widest(metrics, {heading[5], QStringLiteral("Presenze"), QStringLiteral("Pres/Acc"),
                          QStringLiteral("Accessi")}),
     };
+    for (int& width : widths) width += kSlack;
+    return widths;
 }
 
 int FixedRoom(const std::array<int, kRegisterColumns>& widths)
@@ -148,7 +152,7 @@ void RegisterDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
           colours.other);
     write(cell(5), columns.mode, colours.other);
     if (current && view->hasFocus()) {
-        painter->setPen(QPen(colours.main, 1, Qt::DotLine));
+        painter->setPen(Blend(colours.main, FilledColour(option.palette), 0.6));
         painter->setBrush(Qt::NoBrush);
         painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
     }

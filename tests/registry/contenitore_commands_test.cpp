@@ -1,0 +1,213 @@
+#include "tests/registry/contenitore_fixture.h"
+
+#include <QSignalSpy>
+
+namespace orlo::contenitore_test
+{
+
+class ContenitoreCommands : public ContenitoreTest
+{
+protected:
+    void SetUp() override
+    {
+        RegisterStrale(1);
+        RegisterStrale(2);
+        Open();
+        Select(0);
+    }
+    void Run(const std::function<void()>& command, EscapeUse use = EscapeUse::Heeded)
+    {
+        window.RunCommand(&Control<QAbstractButton>("cmdAcquisisce"),
+                          QStringLiteral("Acquisizione in corso…"), use, command);
+    }
+    QSignalSpy leave{&window, &Contenitore::LeaveRequested};
+};
+
+const char* const kCommands[] = {"cmdAcquisisce", "cmdSfoglia",    "cmdSincro",
+                                 "cmdTest",       "cmdSuonerie",   "cmdMonitorTimbrature",
+                                 "cmdComandi",    "cmdRiceveCard", "cmdTrasmetteCard",
+                                 "cmdAggiorna",   "cmdLogIn",      "cmdLogOff",
+                                 "cmdUscita"};
+
+TEST_F(ContenitoreCommands, OnlyBuiltFeaturesHaveAnEnabledButton)
+{
+    for (const char* name : {"cmdAcquisisce", "cmdSfoglia", "cmdAggiorna", "cmdUscita"})
+        EXPECT_TRUE(Enabled(name)) << name;
+    for (const char* name :
+         {"cmdSincro", "cmdTest", "cmdSuonerie", "cmdMonitorTimbrature", "cmdComandi",
+          "cmdRiceveCard", "cmdTrasmetteCard", "cmdLogIn", "cmdLogOff"}) {
+        EXPECT_FALSE(Enabled(name)) << name;
+        EXPECT_FALSE(Control(name).toolTip().isEmpty()) << name;
+    }
+}
+
+TEST_F(ContenitoreCommands, NothingEnablesAButtonWithoutItsFeature)
+{
+    Run([] {});
+    Select(1);
+    Press("Abilitazione");
+    Press("Abilitazione");
+    EXPECT_FALSE(Enabled("cmdTest"));
+    window.SetFeatureAvailable(&Control<QAbstractButton>("cmdTest"), true);
+    EXPECT_TRUE(Enabled("cmdTest"));
+    window.SetFeatureAvailable(&Control<QAbstractButton>("cmdTest"), false);
+    EXPECT_FALSE(Enabled("cmdTest"));
+}
+
+TEST_F(ContenitoreCommands, WhileOneRunsEveryButtonIsDisabledButNoFrame)
+{
+    Run([this] {
+        EXPECT_TRUE(window.CommandRunning());
+        for (const char* name : kCommands) EXPECT_FALSE(Enabled(name)) << name;
+        for (const char* name : {"FrameAcquisizione", "PannelloFunzioni", "FrameFormatoBadge",
+                                 "PaginaTerminale", "ListaTerminali"})
+            EXPECT_TRUE(Enabled(name)) << name;
+        EXPECT_EQ(TextOf("LabelAvviso"), QStringLiteral("Acquisizione in corso…"));
+    });
+    EXPECT_FALSE(window.CommandRunning());
+    for (const char* name : {"cmdAcquisisce", "cmdSfoglia", "cmdAggiorna", "cmdUscita"})
+        EXPECT_TRUE(Enabled(name)) << name;
+    EXPECT_EQ(TextOf("LabelAvviso"), QString());
+}
+
+TEST_F(ContenitoreCommands, WhileOneRunsListAndFieldsTakeNoInput)
+{
+    Run([this] {
+        ClickLine(1);
+        Key("ListaTerminali", Qt::Key_Down);
+        EXPECT_EQ(List().currentRow(), 0);
+        Type("CampoDescrizione", "xyz");
+        EXPECT_EQ(TextOf("CampoDescrizione"), QStringLiteral("Porta"));
+        Press("CheckModem");
+        EXPECT_FALSE(Ticked("CheckModem"));
+        Press("Modalita_2");
+        EXPECT_FALSE(Ticked("Modalita_2"));
+        Key("ComboTipoTerminale", Qt::Key_Home);
+        EXPECT_EQ(TextOf("ComboTipoTerminale"), QStringLiteral("Strale"));
+        Type("ComboPorta", "1");
+        EXPECT_EQ(TextOf("ComboPorta"), QStringLiteral("Com 2"));
+        QTest::mouseClick(&Control("ScrollTentativi"), Qt::LeftButton, {}, QPoint(5, 3));
+        EXPECT_EQ(TextOf("Tentativi"), QStringLiteral("3"));
+        // The mnemonic of a caption would take the focus away.
+        QTest::keyClick(&window, Qt::Key_D, Qt::AltModifier);
+        EXPECT_TRUE(List().hasFocus());
+    });
+    ClickLine(1);
+    EXPECT_EQ(List().currentRow(), 1);
+}
+
+TEST_F(ContenitoreCommands, EscapeReachesWhoeverListens)
+{
+    struct Listener : QObject {
+        bool heard = false;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            heard |= event->type() == QEvent::KeyPress &&
+                     static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+            return false;
+        }
+    } listener;
+    List().installEventFilter(&listener);
+    Run([this] { Key("ListaTerminali", Qt::Key_Escape); });
+    EXPECT_TRUE(listener.heard);
+}
+
+TEST_F(ContenitoreCommands, TheStripSaysWhetherEscapeIsHeeded)
+{
+    EXPECT_FALSE(Shown("LabelEsc"));
+    Run([this] { EXPECT_TRUE(Shown("LabelEsc")); }, EscapeUse::Heeded);
+    EXPECT_FALSE(Shown("LabelEsc"));
+    Run([this] { EXPECT_FALSE(Shown("LabelEsc")); }, EscapeUse::Ignored);
+}
+
+TEST_F(ContenitoreCommands, TheFocusParksInTheListAndReturnsToTheButton)
+{
+    Control("cmdAcquisisce").setFocus();
+    Run([this] { EXPECT_TRUE(List().hasFocus()); });
+    EXPECT_TRUE(Control("cmdAcquisisce").hasFocus());
+}
+
+TEST_F(ContenitoreCommands, ThePointerIsAnHourglassOverAllButTheStrip)
+{
+    const auto shape = [this](const char* name) { return Control(name).cursor().shape(); };
+    Run([&] {
+        for (const char* name : {"ListaTerminali", "PaginaTerminale", "CampoDescrizione"})
+            EXPECT_EQ(shape(name), Qt::WaitCursor) << name;
+        EXPECT_EQ(shape("PannelloComunicazione"), Qt::ArrowCursor);
+    });
+    EXPECT_EQ(shape("PaginaTerminale"), Qt::ArrowCursor);
+    EXPECT_EQ(shape("CampoDescrizione"), Qt::IBeamCursor);
+}
+
+TEST_F(ContenitoreCommands, ASecondOneDoesNotRunInsideTheFirst)
+{
+    int runs = 0;
+    Run([&] {
+        ++runs;
+        Run([&] { ++runs; });
+        Press("cmdAcquisisce");
+    });
+    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(ContenitoreCommands, AMessageBoxKeepsTheWindowInert)
+{
+    dialog.while_shown = [this] {
+        EXPECT_TRUE(window.CommandRunning());
+        ClickLine(1);
+        window.close();
+    };
+    Write("Tentativi", "99999");
+    Press("cmdAggiorna");
+    EXPECT_EQ(dialog.told.size(), 1U);
+    EXPECT_EQ(List().currentRow(), 0);
+    EXPECT_EQ(leave.count(), 1);
+}
+
+TEST_F(ContenitoreCommands, AWindowOfTheCommandTakesInput)
+{
+    QLineEdit box;
+    box.show();
+    Run([&] { QTest::keyClicks(&box, QStringLiteral("si")); });
+    EXPECT_EQ(box.text(), QStringLiteral("si"));
+}
+
+TEST_F(ContenitoreCommands, LeavingIsAskedByButtonAndByClosing)
+{
+    Press("cmdUscita");
+    EXPECT_EQ(leave.count(), 1);
+    window.close();
+    EXPECT_EQ(leave.count(), 2);
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ContenitoreCommands, ACloseAskedForMeanwhileFollowsTheCommandOnce)
+{
+    Run([this] {
+        window.close();
+        window.close();
+        EXPECT_EQ(leave.count(), 0);
+    });
+    EXPECT_EQ(leave.count(), 1);
+    Run([] {});
+    EXPECT_EQ(leave.count(), 1);
+}
+
+TEST_F(ContenitoreCommands, AfterAFailureTheWindowIsUsableAgain)
+{
+    EXPECT_THROW(Run([] { throw std::runtime_error("guasto"); }), std::runtime_error);
+    EXPECT_FALSE(window.CommandRunning());
+    EXPECT_TRUE(Enabled("cmdAcquisisce"));
+    EXPECT_EQ(Control("PaginaTerminale").cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(ContenitoreCommands, AnInactiveTerminalsNoticeComesBackAfterwards)
+{
+    Press("Abilitazione");
+    const QString notice = QStringLiteral("Terminale non attivo: i comandi non sono disponibili.");
+    EXPECT_EQ(TextOf("LabelAvviso"), notice);
+    Run([this] { EXPECT_EQ(TextOf("LabelAvviso"), QStringLiteral("Acquisizione in corso…")); });
+    EXPECT_EQ(TextOf("LabelAvviso"), notice);
+}
+
+}  // namespace orlo::contenitore_test

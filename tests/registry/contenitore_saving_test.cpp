@@ -1,0 +1,283 @@
+#include "registry/widgets/register_columns.h"
+#include "tests/registry/contenitore_fixture.h"
+
+#include <QSignalSpy>
+
+namespace orlo::contenitore_test
+{
+
+class ContenitoreSaving : public ContenitoreTest
+{
+protected:
+    void Five()
+    {
+        for (int n = 1; n <= 5; ++n) RegisterStrale(n);
+        Open();
+    }
+    QString Numbers()
+    {
+        QString numbers;
+        for (const QString& line : Lines()) numbers += line.left(2) + u' ';
+        return numbers.trimmed();
+    }
+};
+
+TEST_F(ContenitoreSaving, MovesTheLineToTheEndAndShowsTheNextTerminal)
+{
+    Five();
+    Select(2);
+    Write("Tentativi", "9");
+    const QSignalSpy chosen(&List(), &RegisterList::LineChosen);
+    Press("cmdAggiorna");
+    EXPECT_EQ(Numbers(), QStringLiteral("01 02 04 05 03"));
+    EXPECT_EQ(List().currentRow(), 2);
+    EXPECT_EQ(TextOf("LabelTerminale"), QStringLiteral("Terminale n°4"));
+    EXPECT_EQ(TextOf("Tentativi"), QStringLiteral("3"));
+    EXPECT_EQ(Slot(3).Tentativi, 9);
+    EXPECT_EQ(chosen.count(), 1);
+    EXPECT_EQ(TextOf("LabelModifiche"), QStringLiteral("Valide fino alla chiusura del programma"));
+}
+
+TEST_F(ContenitoreSaving, TheLastLineStaysAndIsShownAgain)
+{
+    Five();
+    Select(4);
+    const QSignalSpy chosen(&List(), &RegisterList::LineChosen);
+    Press("cmdAggiorna");
+    EXPECT_EQ(Numbers(), QStringLiteral("01 02 03 04 05"));
+    EXPECT_EQ(TextOf("LabelTerminale"), QStringLiteral("Terminale n°5"));
+    EXPECT_EQ(chosen.count(), 1);
+}
+
+TEST_F(ContenitoreSaving, TheOnlyLineStaysAndIsShownAgain)
+{
+    RegisterStrale(9);
+    Open();
+    Select(0);
+    const QSignalSpy chosen(&List(), &RegisterList::LineChosen);
+    Press("cmdAggiorna");
+    EXPECT_EQ(Numbers(), QStringLiteral("09"));
+    EXPECT_EQ(List().currentRow(), 0);
+    EXPECT_EQ(chosen.count(), 1);
+}
+
+TEST_F(ContenitoreSaving, CopiesEveryControlIntoTheSlot)
+{
+    RegisterOrlo(1);
+    RegisterStrale(2);
+    Open();
+    Select(0);
+    Press("CheckModem");
+    const std::pair<const char*, const char*> texts[] = {
+        {"CampoDescrizione", "Nuovo"},
+        {"NumeroTelefono", "045"},
+        {"NomeCard", "Tessera"},
+        {"Priorita", "1"},
+        {"Priorita2", "2"},
+        {"Tentativi", "3"},
+        {"CodiceImpianto", "4"},
+        {"LenCard", "5"},
+        {"InizioImpianto", "6"},
+        {"LenImpianto", "7"},
+        {"InizioAzienda", "8"},
+        {"LenAzienda", "9"},
+        {"InizioBadge", "10"},
+        {"LenBadge", "11"},
+    };
+    for (const auto& [name, text] : texts) Write(name, text);
+    Control<ChoiceBox>("ComboTipoTerminale").Show(QStringLiteral("Sipa"));
+    Control<ChoiceBox>("ComboPorta").Show(QStringLiteral("Com 3"));
+    Control<ChoiceBox>("ComboVelocita").Show(QStringLiteral("14400"));
+    Control<ChoiceBox>("ComboRitardo").Show(QStringLiteral(",9"));
+    Press("BidirectionalCheck");
+    Press("Modalita_2");
+    Press("Funzionamento_1");
+    Press("cmdAggiorna");
+
+    TerminalRecord expected;
+    expected.Terminale = 1;
+    expected.Tipo = 2;
+    expected.Funzionamento = 2;
+    expected.Descrizione = QStringLiteral("Nuovo   ");
+    expected.Attivo = kTrue;
+    expected.Modalita = 3;
+    expected.Porta = 3;
+    expected.Priorita = 1;
+    expected.PrioritaSecondaria = 2;
+    expected.Velocita = 14400;
+    expected.Modem = QStringLiteral("045                 ");
+    expected.AbilitazioneModem = kTrue;
+    expected.Impianto = 4;
+    expected.Tentativi = 3;
+    expected.NomeCard = QStringLiteral("Tessera             ");
+    expected.LenCard = 5;
+    expected.Bidirezionale = kTrue;
+    expected.InizioImpianto = 6;
+    expected.LenImpianto = 7;
+    expected.InizioAzienda = 8;
+    expected.LenAzienda = 9;
+    expected.InizioBadge = 10;
+    expected.LenBadge = 11;
+    expected.Ritardo = 0.9F;
+    EXPECT_TRUE(Slot(1) == expected);
+}
+
+TEST_F(ContenitoreSaving, OfTheDelayOnlyTheLastCharacterIsKept)
+{
+    RegisterOrlo(1);
+    Open();
+    const std::pair<const char*, float> delays[] = {
+        {",5", 0.5F}, {"0,5", 0.5F}, {"0", 0.0F}, {",9", 0.9F}, {"", 0.0F}};
+    for (const auto& [text, delay] : delays) {
+        Select(0);
+        Control<ChoiceBox>("ComboRitardo").Show(QString::fromUtf8(text));
+        Press("cmdAggiorna");
+        EXPECT_FLOAT_EQ(Slot(1).Ritardo, delay) << text;
+    }
+}
+
+TEST_F(ContenitoreSaving, AnInactiveTerminalHasNeitherModeNorFunction)
+{
+    RegisterStrale(1);
+    Open();
+    Select(0);
+    Press("Abilitazione");
+    Press("cmdAggiorna");
+    EXPECT_EQ(Slot(1).Attivo, kFalse);
+    EXPECT_EQ(Slot(1).Modalita, 0);
+    EXPECT_EQ(Slot(1).Funzionamento, 0);
+    EXPECT_EQ(Lines().at(0), QStringLiteral("01 - Strale - Porta\t\t\t               \tNo"));
+    EXPECT_FALSE(Enabled("cmdAggiorna"));
+}
+
+TEST_F(ContenitoreSaving, ATypeThatHasNoNameIsKept)
+{
+    TerminalRecord slot = Terminal(1, TerminalType::Strale, "Porta");
+    slot.Tipo = 9;
+    Register(slot);
+    Open();
+    Select(0);
+    Press("cmdAggiorna");
+    EXPECT_EQ(Slot(1).Tipo, 9);
+}
+
+TEST_F(ContenitoreSaving, HiddenValuesAreKept)
+{
+    TerminalRecord slot = Terminal(1, TerminalType::Strale, "Porta");
+    slot.Priorita = 7;
+    slot.Ritardo = 0.5F;
+    slot.LenCard = 16;
+    slot.Bidirezionale = kTrue;
+    Register(slot);
+    Open();
+    Select(0);
+    Press("cmdAggiorna");
+    EXPECT_EQ(Slot(1).Priorita, 7);
+    EXPECT_FLOAT_EQ(Slot(1).Ritardo, 0.5F);
+    EXPECT_EQ(Slot(1).LenCard, 16);
+    EXPECT_EQ(Slot(1).Bidirezionale, kTrue);
+}
+
+TEST_F(ContenitoreSaving, TextThatIsNoNumberIsNought)
+{
+    RegisterStrale(1);
+    Open();
+    Select(0);
+    Write("Tentativi", "tre");
+    Write("LenBadge", "12abc");
+    Write("InizioBadge", "");
+    Press("cmdAggiorna");
+    EXPECT_EQ(Slot(1).Tentativi, 0);
+    EXPECT_EQ(Slot(1).LenBadge, 12);
+    EXPECT_EQ(Slot(1).InizioBadge, 0);
+}
+
+TEST_F(ContenitoreSaving, ANumberItsColumnCannotHoldIsToldAndNothingChanges)
+{
+    Five();
+    const std::pair<const char*, const char*> fields[] = {
+        {"Tentativi", "Numero di tentativi"},          {"Priorita", "Priorità"},
+        {"Priorita2", "Priorità secondaria"},          {"LenCard", "Lunghezza del badge"},
+        {"CodiceImpianto", "Codice dell'impianto"},    {"InizioBadge", "Inizio del numero badge"},
+        {"LenAzienda", "Lunghezza del codice azienda"}};
+    for (const auto& [name, spoken] : fields) {
+        Select(2);
+        const TerminalRecord before = Slot(3);
+        Write("NomeCard", "999");
+        Write(name, "32768");
+        Press("cmdAggiorna");
+        EXPECT_TRUE(Slot(3) == before) << name;
+        EXPECT_EQ(Numbers(), QStringLiteral("01 02 03 04 05"));
+        EXPECT_EQ(TextOf(name), QStringLiteral("32768"));
+        ASSERT_FALSE(dialog.told.empty());
+        EXPECT_EQ(dialog.told.back(),
+                  QStringLiteral("Attenzione|Il numero scritto nel campo «%1» è troppo grande.")
+                      .arg(QString::fromUtf8(spoken)));
+    }
+    EXPECT_EQ(dialog.told.size(), std::size(fields));
+}
+
+TEST_F(ContenitoreSaving, ASpeedBeyondItsColumnIsTold)
+{
+    RegisterStrale(1);
+    Open();
+    Select(0);
+    Control<ChoiceBox>("ComboVelocita").Show(QStringLiteral("2147483648"));
+    Press("cmdAggiorna");
+    EXPECT_EQ(Slot(1).Velocita, 9600);
+    EXPECT_EQ(dialog.told.size(), 1U);
+}
+
+TEST_F(ContenitoreSaving, TheLineHasTheDescriptionOfTheRow)
+{
+    struct Case {
+        jet::Value stored;
+        const char* line;
+    };
+    const Case cases[] = {
+        {jet::Text(u"Porta di servizio"),
+         "02 - Strale - Porta di servizio\t - Abilitazione\tSì\tPresenze"},
+        {jet::Null{}, "02 - Strale - \t - Abilitazione\tSì\tPresenze"},
+    };
+    RegisterStrale(1);
+    RegisterStrale(2);
+    Open();
+    for (const Case& c : cases) {
+        auto rows = std::make_unique<RowsByNumber>(
+            std::map<int, jet::Value>{{1, jet::Text(u"Altra")}, {2, c.stored}});
+        const RowsByNumber& cursor = *rows;
+        state.TerminalsRecordset = std::move(rows);
+        Select(1);
+        Press("cmdAggiorna");
+        EXPECT_EQ(Lines().last(), QString::fromUtf8(c.line));
+        EXPECT_EQ(cursor.index, u"TERMINALE");
+    }
+}
+
+TEST_F(ContenitoreSaving, WithoutARowTheSlotsDescriptionIsShown)
+{
+    RegisterStrale(1);
+    Open();
+    state.TerminalsRecordset =
+        std::make_unique<RowsByNumber>(std::map<int, jet::Value>{{2, jet::Text(u"Altra")}});
+    Select(0);
+    Write("CampoDescrizione", "Nuova");
+    Press("cmdAggiorna");
+    EXPECT_EQ(SplitRegisterLine(Lines().at(0)).description, QStringLiteral("Nuova"));
+    EXPECT_TRUE(dialog.told.empty());
+}
+
+TEST_F(ContenitoreSaving, AnErrorOfTheDatabaseIsToldAndTheListStays)
+{
+    Five();
+    auto rows = std::make_unique<RowsByNumber>(std::map<int, jet::Value>{{3, jet::Text(u"P")}});
+    rows->failure = jet::kDiskError;
+    state.TerminalsRecordset = std::move(rows);
+    Select(2);
+    Press("cmdAggiorna");
+    EXPECT_EQ(Numbers(), QStringLiteral("01 02 03 04 05"));
+    ASSERT_EQ(dialog.told.size(), 1U);
+    EXPECT_EQ(dialog.told.front(), QStringLiteral("Attenzione|disco guasto"));
+}
+
+}  // namespace orlo::contenitore_test

@@ -1,0 +1,35 @@
+#include "registry/widgets/badge_drawing.h"
+
+#include <gtest/gtest.h>
+
+namespace orlo
+{
+
+TEST(BadgePositions, HoldEveryFieldAndTheUsualLength)
+{
+    struct Case {
+        const char* name;
+        BadgeLayout layout;
+        BadgePositions positions;
+    };
+    const Case cases[] = {
+        {"empty layout", {}, {1, 16}},
+        {"fields within a usual badge", {{1, 5}, {}, {6, 6}, 0}, {1, 16}},
+        {"given length", {{1, 5}, {}, {6, 6}, 20}, {1, 20}},
+        {"field beyond the given length", {{1, 5}, {}, {6, 8}, 12}, {1, 13}},
+        {"a start of 0 is a position", {{0, 5}, {}, {5, 6}, 0}, {0, 16}},
+        {"a start of 0 without characters is none", {{0, 0}, {}, {5, 6}, 0}, {1, 16}},
+        {"no more than can be told apart", {{1, 5}, {}, {6, 30000}, 0}, {1, 64}},
+    };
+    for (const Case& c : cases) EXPECT_EQ(PositionsOf(c.layout), c.positions) << c.name;
+}
+
+TEST(BadgeOverlaps, AreThePositionsClaimedTwice)
+{
+    EXPECT_TRUE(OverlapsOf({{1, 5}, {}, {6, 6}, 0}).empty());
+    EXPECT_EQ(OverlapsOf({{1, 5}, {}, {4, 6}, 0}), (std::vector<BadgeField>{{4, 2}}));
+    EXPECT_EQ(OverlapsOf({{1, 4}, {4, 3}, {6, 6}, 0}), (std::vector<BadgeField>{{4, 1}, {6, 1}}));
+    EXPECT_TRUE(OverlapsOf({{1, 0}, {1, 0}, {1, 6}, 0}).empty());
+}
+
+}  // namespace orlo

@@ -1,0 +1,42 @@
+#include "registry/widgets/outcome_panel.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace orlo
+{
+
+TEST(OutcomePanel, GoodAndFailedOutcomesAreReadOut)
+{
+    struct Panel : OutcomePanel {
+        std::vector<QString> alerts;
+        void Alert() override { alerts.push_back(text()); }
+    } panel;
+    for (const char* caption :
+         {"Comunicazione OK", "", "Timeout", "Errore aprendo la COM", "Errore aprendo la COM"})
+        panel.setText(QString::fromUtf8(caption));
+    EXPECT_EQ(panel.alerts, (std::vector<QString>{QStringLiteral("Comunicazione OK"),
+                                                  QStringLiteral("Errore aprendo la COM")}));
+}
+
+TEST(OutcomePanel, ACaptionThatIsCutIsShownInFullAsToolTip)
+{
+    OutcomePanel panel;
+    panel.setText(QStringLiteral("Timeout"));
+    panel.resize(400, 20);
+    panel.show();
+    EXPECT_EQ(panel.toolTip(), QString());
+    panel.resize(30, 20);
+    EXPECT_EQ(panel.toolTip(), QStringLiteral("Timeout"));
+}
+
+TEST(OutcomePanel, ItsRoomDoesNotDependOnTheCaption)
+{
+    OutcomePanel panel;
+    const QSize room = panel.sizeHint();
+    panel.setText(QString(300, u'x'));
+    EXPECT_EQ(panel.sizeHint(), room);
+}
+
+}  // namespace orlo
