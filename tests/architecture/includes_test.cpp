@@ -1,0 +1,139 @@
+// Reads every #include of the program and compares it with the layers: an include goes downwards
+// only, features do not include each other, and there is no cycle between files.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+using Names = std::set<std::string>;
+
+/// Folder -> folders that it may include from, itself apart.
+const std::map<std::string, Names> kMayInclude = {
+    {"jet", {}},
+    {"link", {}},
+    {"simulator", {}},
+    {"registry", {"link", "jet"}},
+    {"acquisition", {"registry", "link", "jet"}},
+    {"status", {"acquisition", "registry", "link", "jet"}},
+    {"badge", {"registry", "link", "jet"}},
+    {"bells", {"registry", "link", "jet"}},
+    {"console", {"registry", "link", "jet"}},
+    {"app", {"acquisition", "status", "badge", "bells", "console", "registry", "link", "jet"}},
+};
+
+/// The one piece that a feature offers to other features.
+const Names kOfferedSideways = {"acquisition/stato_memoria.h"};
+
+struct SourceFile {
+    std::string path;  // from the root, with forward slashes
+    std::vector<std::string> project_includes;
+    std::vector<std::string> system_includes;
+
+    std::string Folder() const { return path.substr(0, path.find('/')); }
+};
+
+SourceFile ReadSource(const fs::path& root, const fs::path& file)
+{
+    static const std::regex project("^\\s*#\\s*include\\s*\"([^\"]+)\".*");
+    static const std::regex system("^\\s*#\\s*include\\s*<([^>]+)>.*");
+    SourceFile source{fs::relative(file, root).generic_string(), {}, {}};
+    std::ifstream lines(file);
+    std::smatch match;
+    for (std::string line; std::getline(lines, line);) {
+        if (std::regex_match(line, match, project))
+            source.project_includes.push_back(match[1]);
+        else if (std::regex_match(line, match, system))
+            source.system_includes.push_back(match[1]);
+    }
+    return source;
+}
+
+std::vector<SourceFile> ProgramSources()
+{
+    const fs::path root = ORLO_SOURCE_ROOT;
+    std::vector<SourceFile> sources;
+    for (const auto& [folder, unused] : kMayInclude)
+        for (const auto& entry : fs::recursive_directory_iterator(root / folder))
+            if (entry.path().extension() == ".h" || entry.path().extension() == ".cpp")
+                sources.push_back(ReadSource(root, entry.path()));
+    return sources;
+}
+
+bool IsGenerated(const std::string& include)
+{
+    return include.starts_with("ui_");
+}
+
+TEST(Architecture, IncludesGoDownwardsOnly)
+{
+    const std::vector<SourceFile> sources = ProgramSources();
+    ASSERT_GT(sources.size(), 50U);
+    for (const SourceFile& source : sources) {
+        const Names& allowed = kMayInclude.at(source.Folder());
+        for (const std::string& include : source.project_includes) {
+            if (IsGenerated(include) || kOfferedSideways.contains(include)) continue;
+            const std::string target = include.substr(0, include.find('/'));
+            EXPECT_TRUE(target == source.Folder() || allowed.contains(target))
+                << source.path << " includes " << include;
+        }
+    }
+}
+
+TEST(Architecture, ProjectIncludesAreWrittenFromTheRoot)
+{
+    const fs::path root = ORLO_SOURCE_ROOT;
+    for (const SourceFile& source : ProgramSources())
+        for (const std::string& include : source.project_includes)
+            EXPECT_TRUE(IsGenerated(include) || fs::exists(root / include))
+                << source.path << " includes " << include;
+}
+
+TEST(Architecture, EngineKnowsNoQtAndLinkKnowsNoWindow)
+{
+    const Names windows = {"QWidget",     "QApplication", "QLabel",
+                           "QMessageBox", "QtWidgets",    "QDialog"};
+    for (const SourceFile& source : ProgramSources())
+        for (const std::string& include : source.system_includes) {
+            EXPECT_FALSE(source.Folder() == "jet" && include.starts_with("Q"))
+                << source.path << " includes " << include;
+            EXPECT_FALSE(source.Folder() == "link" && windows.contains(include))
+                << source.path << " includes " << include;
+        }
+}
+
+TEST(Architecture, NoIncludeCycle)
+{
+    std::map<std::string, std::vector<std::string>> includes;
+    for (const SourceFile& source : ProgramSources())
+        includes[source.path] = source.project_includes;
+
+    enum class Mark { Fresh, Open, Done };
+    std::map<std::string, Mark> marks;
+    std::function<void(const std::string&)> visit = [&](const std::string& file) {
+        marks[file] = Mark::Open;
+        for (const std::string& include : includes[file]) {
+            EXPECT_NE(marks[include], Mark::Open) << file << " and " << include << " form a cycle";
+            if (marks[include] == Mark::Fresh && includes.contains(include)) visit(include);
+        }
+        marks[file] = Mark::Done;
+    };
+    Names files;
+    for (const auto& [file, unused] : includes) files.insert(file);
+    for (const std::string& file : files)
+        if (marks[file] == Mark::Fresh) visit(file);
+}
+
+}  // namespace
