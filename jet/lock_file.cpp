@@ -46,8 +46,7 @@ std::filesystem::path LockFile::NameFor(const std::filesystem::path& database_fi
 
 bool LockFile::CanBeRead(const std::filesystem::path& lock_file)
 {
-    const int descriptor =
-        open(FindFile(lock_file).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    const int descriptor = open(FindFile(lock_file).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0) return false;
     close(descriptor);
     return true;

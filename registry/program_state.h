@@ -1,6 +1,7 @@
 #pragma once
 
 #include "jet/database.h"
+#include "jet/lock_file.h"
 #include "jet/recordset.h"
 #include "registry/terminal_record.h"
 
@@ -8,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 
 namespace orlo
@@ -22,6 +24,7 @@ struct ProgramState {
 
     // The register: one database and one cursor on TERMINALI for the whole run.
     std::unique_ptr<jet::Database> Database;
+    std::unique_ptr<jet::LockFile> DatabaseLock;
     std::unique_ptr<jet::Recordset> TerminalsRecordset;
     orlo::TerminalTable TerminalTable;
 
@@ -45,6 +48,9 @@ struct ProgramState {
     std::string TrInMemory;
     std::string TpntOld;
     std::string TpntNew;
+
+    // Terminals whose last answer came and could not be stored: they are asked for it again.
+    std::set<std::int16_t> UnstoredTerminals;
 
     // Output layout: 0 standard, 1 extended; plant code of the extended layout.
     std::int16_t TipoTracciato = 0;

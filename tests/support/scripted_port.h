@@ -54,6 +54,7 @@ public:
         if (open && !open_) ++times_opened;
         const bool was_open = open_;
         open_ = open;
+        line_lost = line_lost && open;
         return open || was_open;
     }
     std::size_t InBufferCount() override
@@ -77,7 +78,7 @@ public:
     void Output(std::string_view bytes) override
     {
         sent.emplace_back(bytes);
-        if (!answer_to) return;
+        if (!answer_to || line_lost) return;
         for (Arrival& arrival : answer_to(bytes)) Arrive(std::move(arrival.bytes), arrival.delay);
     }
     void WaitForInput(std::chrono::milliseconds longest) override

@@ -1,0 +1,229 @@
+#include "acquisition/gestione_acquisizione.h"
+
+#include "acquisition/answer_acceptance.h"
+#include "link/pressione_tasto_esc.h"
+#include "link/telegram.h"
+#include "registry/contenitore_controls.h"
+#include "registry/numeric_value.h"
+#include "registry/port_session.h"
+#include "registry/windows_1252.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace orlo
+{
+
+namespace
+{
+
+/// Good answers in a row that bring neither a record nor a lower count: the terminal's memory and
+/// its count disagree, and asking on would never end.
+constexpr int kMostIdleAnswers = 3;
+
+OutputRules RulesOf(const ProgramState& state)
+{
+    const auto slot = static_cast<std::size_t>(state.CurrentTerminalNumber - 1);
+    return {.type_code = state.TerminalTable.at(slot).Tipo,
+            .tipo_tracciato = state.TipoTracciato,
+            .codice_azienda = ToWindows1252(state.CodiceAzienda).toStdString()};
+}
+
+/// One run of the loop: the window's controls, the port, and how far it has come.
+class SerialAcquisition
+{
+public:
+    SerialAcquisition(Contenitore& window, PunchFile& file, std::int16_t count, MemoryAnswer status)
+        : window_(window),
+          controls_(window.Controls()),
+          acceptance_(window.State().CurrentTerminalNumber, RulesOf(window.State()), file,
+                      window.State().UnstoredTerminals),
+          count_(count),
+          initial_count_(count),
+          status_(status)
+    {
+    }
+
+    AcquisitionOutcome Run();
+
+private:
+    void AcquireOneAnswer(SerialPortControl& port);
+    bool TryOnce(SerialPortControl& port);
+    bool TakeAnswer(std::string_view answer);
+    void CountAgain();
+    void WatchForIdleAnswers(std::int16_t count_before);
+    bool FailedAttempt(const QString& caption);
+    void StoringFailed();
+    void TellCritical(const QString& text);
+    void Stop(const QString& reason);
+    void NoteShortRecord();
+    AcquisitionOutcome Outcome() const;
+
+    Contenitore& window_;
+    const Ui::Contenitore& controls_;
+    AnswerAcceptance acceptance_;
+    std::int16_t count_;
+    const std::int16_t initial_count_;
+    MemoryAnswer status_;
+    int attempt_ = 1;
+    int idle_answers_ = 0;
+    bool too_many_records_ = false;
+    /// What the last attempt failed by; without any attempt the number of attempts is the reason.
+    QString attempt_failure_ = QStringLiteral("Il numero di tentativi è 0.");
+    QString failure_;
+};
+
+AcquisitionOutcome SerialAcquisition::Run()
+{
+    controls_.PanelTentativi->setText(QStringLiteral("1"));
+    {
+        const PortSession session(window_);
+        if (session.Port() == nullptr) Stop(QStringLiteral("Errore aprendo la COM"));
+        while (count_ > 0) AcquireOneAnswer(*session.Port());
+    }
+    controls_.PanelTentativi->clear();
+    controls_.PannelloPercentuale->setValue(0);
+    if (idle_answers_ >= kMostIdleAnswers)
+        TellCritical(failure_);
+    if (too_many_records_)
+        TellCritical(QStringLiteral("Il terminale ha risposto con più di %1 timbrature: non sono "
+                                    "state scritte e restano nel terminale.")
+                         .arg(kMostRecordsInAnswer));
+    return Outcome();
+}
+
+/// Up to `Tentativi` attempts at one answer; when they are used up the acquisition ends.
+void SerialAcquisition::AcquireOneAnswer(SerialPortControl& port)
+{
+    attempt_ = 1;
+    while (NumericValue(controls_.Tentativi->text()) >= attempt_) {
+        if (PressioneTastoEsc(window_.Station()))
+            return Stop(QStringLiteral("Acquisizione interrotta."));
+        if (!acceptance_.SecureRoom()) return StoringFailed();
+        if (TryOnce(port)) return;
+        if (count_ == 0) return;
+    }
+    Stop(attempt_failure_);
+}
+
+/// One request and its answer; true when the answer was accepted.
+bool SerialAcquisition::TryOnce(SerialPortControl& port)
+{
+    const std::string answer = ExchangeTelegram(
+        window_.Station(), port, window_.State().CurrentTerminalNumber, acceptance_.NextRequest());
+    if (answer != kTimeout && answer != kRxError) return TakeAnswer(answer);
+    acceptance_.ExchangeFailed();
+    return FailedAttempt(answer == kTimeout ? QStringLiteral("Timeout")
+                                            : QStringLiteral("RX Error"));
+}
+
+bool SerialAcquisition::TakeAnswer(std::string_view answer)
+{
+    switch (acceptance_.Take(answer)) {
+        case AnswerAcceptance::Result::TooManyRecords:
+            too_many_records_ = true;
+            return FailedAttempt(
+                QStringLiteral("Errore: più di %1 timbrature in una risposta, non scritte")
+                    .arg(kMostRecordsInAnswer));
+        case AnswerAcceptance::Result::NotStored:
+            StoringFailed();
+            return false;
+        case AnswerAcceptance::Result::Accepted:
+            break;
+    }
+    NoteShortRecord();
+    controls_.PannelloComunicazione->setText(QStringLiteral("Comunicazione OK"));
+    controls_.PanelTentativi->setText(QStringLiteral("1"));
+    CountAgain();
+    return true;
+}
+
+/// Asks for the counters; the lines just written reach the disk while the request is on the line.
+void SerialAcquisition::CountAgain()
+{
+    bool stored = false;
+    status_ = StatoMemoria(window_, /*may_open_port=*/false, [&] { stored = acceptance_.Sync(); });
+    if (!stored) return StoringFailed();
+    too_many_records_ = false;
+    const std::int16_t count_before = count_;
+    count_ = PunchesToAcquire(window_.State());
+    const double still_to_acquire = 100.0 / initial_count_ * count_;
+    controls_.PannelloPercentuale->setValue(
+        std::clamp(static_cast<int>(std::nearbyint(still_to_acquire)), 0, 100));
+    WatchForIdleAnswers(count_before);
+}
+
+void SerialAcquisition::WatchForIdleAnswers(std::int16_t count_before)
+{
+    const bool idle = acceptance_.LastAnswer().records == 0 && count_ >= count_before;
+    idle_answers_ = idle ? idle_answers_ + 1 : 0;
+    if (idle_answers_ >= kMostIdleAnswers)
+        Stop(QStringLiteral("Il terminale dichiara %1 timbrature da acquisire ma non ne consegna.")
+                 .arg(count_));
+}
+
+bool SerialAcquisition::FailedAttempt(const QString& caption)
+{
+    ++attempt_;
+    controls_.PanelTentativi->setText(QString::number(attempt_));
+    controls_.PannelloComunicazione->setText(caption);
+    attempt_failure_ = caption;
+    return false;
+}
+
+void SerialAcquisition::StoringFailed()
+{
+    Stop(QStringLiteral("Impossibile scrivere le timbrature nel file \"%1\": %2.")
+             .arg(controls_.NomeFile->text(), acceptance_.StoreError()));
+    controls_.PannelloComunicazione->setText(QStringLiteral("Errore: timbrature non scritte"));
+    window_.Station().dialog.Tell(
+        DialogIcon::Critical, QStringLiteral("Attenzione"), failure_,
+        QStringLiteral("Le timbrature restano nel terminale e saranno richieste di nuovo."));
+}
+
+void SerialAcquisition::TellCritical(const QString& text)
+{
+    window_.Station().dialog.Tell(DialogIcon::Critical, QStringLiteral("Attenzione"), text);
+}
+
+void SerialAcquisition::Stop(const QString& reason)
+{
+    failure_ = reason;
+    count_ = 0;
+}
+
+void SerialAcquisition::NoteShortRecord()
+{
+    if (acceptance_.LastAnswer().last_record_cut_short)
+        window_.Station().trace.Note(
+            QStringLiteral(
+                "terminale %1: ultima timbratura della risposta incompleta, scritta così com'è")
+                .arg(window_.State().CurrentTerminalNumber));
+}
+
+AcquisitionOutcome SerialAcquisition::Outcome() const
+{
+    if (!failure_.isEmpty()) return {.done = false, .reason = failure_};
+    switch (status_) {
+        case MemoryAnswer::Good:
+            return {.done = true, .reason = {}};
+        case MemoryAnswer::Timeout:
+            return {.done = false, .reason = QStringLiteral("Timeout")};
+        case MemoryAnswer::BadFrame:
+            return {.done = false, .reason = QStringLiteral("RX Error")};
+        case MemoryAnswer::PortNotOpen:
+        case MemoryAnswer::NotAsked:
+            break;
+    }
+    return {.done = false, .reason = QStringLiteral("Errore aprendo la COM")};
+}
+
+}  // namespace
+
+AcquisitionOutcome GestioneAcquisizione(Contenitore& window, PunchFile& file, std::int16_t count,
+                                        MemoryAnswer status)
+{
+    return SerialAcquisition(window, file, count, status).Run();
+}
+
+}  // namespace orlo

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "link/exchange.h"
+#include "registry/contenitore.h"
+
+namespace orlo
+{
+
+/// How the question for the punch memory ended. Only a good answer is one in a well-formed frame: a
+/// bad one is shown as if it were good and its counters read 0.
+enum class MemoryAnswer { Good, BadFrame, Timeout, PortNotOpen, NotAsked };
+
+/// Asks the current terminal how full its punch memory is and shows it in the four memory panels;
+/// leaves the counters in the program's state. The model is the one shown in the window.
+/// `may_open_port` is false for a caller that already holds the port open. `meanwhile` is done
+/// between the request and its answer.
+MemoryAnswer StatoMemoria(Contenitore& window, bool may_open_port,
+                          const MeanwhileWork& meanwhile = {});
+
+/// Punches still to acquire by the counters in the program's state, 32767 at the most.
+std::int16_t PunchesToAcquire(const ProgramState& state);
+
+}  // namespace orlo

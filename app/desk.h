@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/command_line.h"
+#include "app/escape_key_watcher.h"
+#include "link/system_clock.h"
+#include "link/workstation.h"
+#include "registry/contenitore.h"
+
+#include <memory>
+
+namespace orlo
+{
+
+/// The program put together: the PC's parts, the state, the main window with its buttons wired to
+/// the features. The window is not shown here.
+class Desk
+{
+public:
+    Desk(const CommandLine& command_line, OperatorDialog& dialog, LineTrace& trace);
+
+    Contenitore& Window() { return window_; }
+    ProgramState& State() { return state_; }
+
+private:
+    void WireCommands();
+
+    PortDevices devices_;
+    SystemClock clock_;
+    EscapeKeyWatcher escape_;
+    std::array<QtSerialPort, 4> ports_;
+    Workstation workstation_;
+    ProgramState state_;
+    Contenitore window_;
+};
+
+}  // namespace orlo

@@ -1,0 +1,112 @@
+#include "app/command_line.h"
+#include "app/desk.h"
+#include "app/message_boxes.h"
+#include "app/standard_error_dialog.h"
+#include "app/termination.h"
+#include "app/unattended.h"
+#include "link/file_trace.h"
+#include "registry/start_up.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include <csignal>
+#include <cstdio>
+
+namespace
+{
+
+using namespace orlo;
+
+int RunWindow(const CommandLine& command_line, LineTrace& trace, Termination& termination)
+{
+    MessageBoxes dialog;
+    Desk desk(command_line, dialog, trace);
+    Contenitore& window = desk.Window();
+    dialog.SetParentWindow(&window);
+    const StartUpOutcome start_up = StartUp(window, command_line.configuration_file);
+    if (start_up.end == StartUpOutcome::End::InUse) return kNotAllDone;
+
+    QObject::connect(&termination, &Termination::Asked, &window, [&window] { window.close(); });
+    QObject::connect(&window, &Contenitore::LeaveRequested, qApp, [&desk] {
+        CloseRegister(desk.State());
+        QCoreApplication::quit();
+    });
+    window.show();
+    const int status = QApplication::exec();
+    CloseRegister(desk.State());
+    return status;
+}
+
+int RunWithoutWindow(const CommandLine& command_line, LineTrace& trace)
+{
+    StandardErrorDialog dialog;
+    Desk desk(command_line, dialog, trace);
+    return RunUnattended(desk, command_line);
+}
+
+int Show(const CommandLineMessage& message)
+{
+    if (!message.is_error) {
+        std::fputs(message.text.toUtf8().constData(), stdout);
+        return kAllDone;
+    }
+    WriteErrorLine(message.text);
+    return kWrongUsage;
+}
+
+/// Italian whatever the environment says: numbers with a decimal comma, boxes with Sì and No.
+void SpeakItalian(QApplication& application)
+{
+    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+    auto* const translator = new QTranslator(&application);
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (translator->load(QStringLiteral("qtbase_it"), folder))
+        QCoreApplication::installTranslator(translator);
+}
+
+/// Looked for before there is an application: an unattended run and the help need no display.
+bool NeedsNoDisplay(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray argument(argv[i]);
+        if (argument.startsWith("--acquisisci") || argument == "--help" || argument == "-h")
+            return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    // A punch file that grows over a limit must end in an error message, not in the end of the
+    // program.
+    std::signal(SIGXFSZ, SIG_IGN);
+    if (NeedsNoDisplay(argc, argv)) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setApplicationDisplayName(QStringLiteral("Orlo Desk"));
+    SpeakItalian(application);
+
+    const ParsedCommandLine parsed =
+        ParseCommandLine(QApplication::arguments(), QApplication::applicationDirPath());
+    if (parsed.message) return Show(*parsed.message);
+    const CommandLine& command_line = parsed.command_line;
+    ApplyTheme(application, command_line.theme);
+
+    FileTrace file_trace;
+    NoTrace no_trace;
+    LineTrace* trace = &no_trace;
+    if (!command_line.trace_file.isEmpty()) {
+        QString error;
+        if (!file_trace.Open(command_line.trace_file, error))
+            return Show(
+                {QStringLiteral("--traccia %1: %2").arg(command_line.trace_file, error), true});
+        trace = &file_trace;
+    }
+    Termination termination;
+    return command_line.Unattended() ? RunWithoutWindow(command_line, *trace)
+                                     : RunWindow(command_line, *trace, termination);
+}

@@ -1,0 +1,58 @@
+#include "registry/configuration.h"
+
+#include "registry/program_state.h"
+#include "registry/text_blanks.h"
+#include "registry/windows_1252.h"
+
+#include <QFile>
+#include <QStringDecoder>
+
+namespace orlo
+{
+
+namespace
+{
+
+constexpr int kKeyWidth = 20;
+
+QString Decoded(const QByteArray& content)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    QString text = utf8(content);
+    return utf8.hasError() ? FromWindows1252(content) : text;
+}
+
+QStringList Lines(const QString& text)
+{
+    return QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).split(u'\n');
+}
+
+}  // namespace
+
+ConfiguredPaths ParseConfiguration(const QByteArray& content)
+{
+    ConfiguredPaths paths;
+    for (const QString& line : Lines(Decoded(content))) {
+        const QString key = WithoutBlanksAround(line.left(kKeyWidth));
+        const QString value = WithoutBlanksAround(line.mid(kKeyWidth));
+        if (key == QStringLiteral("Applicazioni       :"))
+            paths.applications = value;
+        else if (key == QStringLiteral("Databases          :"))
+            paths.databases = value;
+        else if (key == QStringLiteral("Reports            :"))
+            paths.reports = value;
+    }
+    return paths;
+}
+
+void ReadConfiguration(ProgramState& state, const QString& file_name)
+{
+    QFile file(file_name);
+    if (!file.open(QIODevice::ReadOnly)) return;
+    const ConfiguredPaths paths = ParseConfiguration(file.readAll());
+    state.ApplicationsPath = paths.applications;
+    state.DatabasesPath = paths.databases;
+    state.ReportsPath = paths.reports;
+}
+
+}  // namespace orlo

@@ -1,0 +1,38 @@
+#include "registry/port_session.h"
+
+#include "link/serial_port_link.h"
+#include "registry/contenitore.h"
+#include "registry/contenitore_controls.h"
+
+namespace orlo
+{
+
+PortSession::PortSession(Contenitore& window) : window_(window)
+{
+    ProgramState& state = window.State();
+    SerialPortControl* const port = window.Station().Comm(state.CurrentPort);
+    const bool held_by_modem = window.LineIsOpen();
+    if (held_by_modem) {
+        state.SerialPortOk = true;
+        port_ = port;
+        return;
+    }
+    // A port number outside 1..4 selects no control and gives no message.
+    if (port == nullptr) {
+        state.SerialPortOk = false;
+        return;
+    }
+    opened_here_ = OpenSerialPort(*port, state.CurrentPort, SettingsText(state.CurrentSpeed));
+    state.SerialPortOk = opened_here_;
+    if (opened_here_)
+        port_ = port;
+    else
+        window.Controls().PannelloComunicazione->setText(QStringLiteral("Errore aprendo la COM"));
+}
+
+PortSession::~PortSession()
+{
+    if (opened_here_) window_.State().SerialPortOk = CloseSerialPort(*port_);
+}
+
+}  // namespace orlo

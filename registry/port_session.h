@@ -1,0 +1,31 @@
+#pragma once
+
+#include "link/serial_port_control.h"
+
+namespace orlo
+{
+
+class Contenitore;
+
+/// The port of the current terminal for the length of one serial command: opened at its beginning
+/// and closed at its end, unless a modem session, shown by `Verde`, holds it open. Keeps
+/// SerialPortOk.
+class PortSession
+{
+public:
+    /// A port that cannot be opened puts "Errore aprendo la COM" in PannelloComunicazione.
+    explicit PortSession(Contenitore& window);
+    ~PortSession();
+    PortSession(const PortSession&) = delete;
+    PortSession& operator=(const PortSession&) = delete;
+
+    /// nullptr when the port could not be opened or the current port is none of 1..4.
+    SerialPortControl* Port() const { return port_; }
+
+private:
+    Contenitore& window_;
+    SerialPortControl* port_ = nullptr;
+    bool opened_here_ = false;
+};
+
+}  // namespace orlo

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "jet/recordset.h"
+#include "registry/terminal_record.h"
+
+namespace orlo
+{
+
+/// Loads the current row's columns into a slot, `Terminale` apart: a value that is Null leaves its
+/// field as it was. Throws jet::Error; columns before the one that failed are then loaded.
+void LoadTerminalRow(jet::Recordset& row, TerminalRecord& slot);
+
+}  // namespace orlo

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace orlo
+{
+
+// Windows-1252, the code page of the configuration file, the punch file and the listing. The five
+// bytes that it leaves undefined (81 8D 8F 90 9D) stand for the control characters of their number.
+
+QString FromWindows1252(const QByteArray& bytes);
+
+/// A character that the code page does not have becomes "?".
+QByteArray ToWindows1252(const QString& text);
+
+}  // namespace orlo
