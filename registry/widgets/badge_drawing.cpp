@@ -55,11 +55,12 @@ std::vector<BadgeField> OverlapsOf(const BadgeLayout& layout)
 
 BadgeField FreePart(BadgeField field, const BadgeLayout& layout)
 {
+    const BadgeField whole = field;
     for (const BadgeField& other : {layout.plant, layout.company, layout.badge}) {
-        if (other == field || other.length <= 0 || other.start >= EndOf(field) ||
+        if (other == whole || other.length <= 0 || other.start >= EndOf(field) ||
             EndOf(other) <= field.start)
             continue;
-        if (other.start > field.start)
+        if (other.start > whole.start)
             field.length = other.start - field.start;
         else
             field = {EndOf(other), std::max(0, EndOf(field) - EndOf(other))};
