@@ -53,6 +53,21 @@ std::vector<BadgeField> OverlapsOf(const BadgeLayout& layout)
     return overlaps;
 }
 
+BadgeField FreePart(BadgeField field, const BadgeLayout& layout)
+{
+    const BadgeField whole = field;
+    for (const BadgeField& other : {layout.plant, layout.company, layout.badge}) {
+        if (other == whole || other.length <= 0 || other.start >= EndOf(field) ||
+            EndOf(other) <= field.start)
+            continue;
+        if (other.start > whole.start)
+            field.length = other.start - field.start;
+        else
+            field = {EndOf(other), std::max(0, EndOf(field) - EndOf(other))};
+    }
+    return field;
+}
+
 BadgeDrawing::BadgeDrawing(QWidget* parent) : QWidget(parent)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -73,21 +88,28 @@ QSize BadgeDrawing::sizeHint() const
     return {0, fontMetrics().height() + 8};
 }
 
-QRectF BadgeDrawing::Place(const BadgeField& field, const BadgePositions& positions) const
+QRectF BadgeDrawing::Place(const BadgeField& field) const
 {
+    const BadgePositions positions = PositionsOf(layout_);
     const double cell = (width() - 1.0) / positions.count;
     const int from = std::clamp(field.start - positions.first, 0, positions.count);
     const int to = std::clamp(from + field.length, 0, positions.count);
     return {from * cell, 0, (to - from) * cell, height() - 1.0};
 }
 
-void BadgeDrawing::PaintField(QPainter& painter, const QRectF& place, const QColor& fill,
-                              const std::array<QString, 3>& names) const
+void BadgeDrawing::PaintField(QPainter& painter, const BadgeField& field, const QColor& fill) const
 {
-    if (place.width() <= 0) return;
+    if (field.length <= 0) return;
     painter.setPen(isEnabled() ? palette().color(QPalette::WindowText) : Hairline(palette()));
     painter.setBrush(isEnabled() ? fill : palette().color(QPalette::Window));
-    painter.drawRect(place);
+    painter.drawRect(Place(field));
+}
+
+/// The longest of the names that fits.
+void BadgeDrawing::PaintName(QPainter& painter, const BadgeField& field,
+                             const std::array<QString, 3>& names) const
+{
+    const QRectF place = Place(FreePart(field, layout_));
     for (const QString& name : names)
         if (painter.fontMetrics().horizontalAdvance(name) + 4 <= place.width()) {
             painter.setPen(palette().color(QPalette::WindowText));
@@ -103,19 +125,17 @@ void BadgeDrawing::paintEvent(QPaintEvent*)
     const QColor ground = palette().color(isEnabled() ? QPalette::Base : QPalette::Window);
     painter.fillRect(rect().adjusted(0, 0, -1, -1), ground);
     painter.setPen(Hairline(palette()));
-    for (int i = 0; i < positions.count; ++i)
-        painter.drawRect(Place({positions.first + i, 1}, positions));
+    for (int i = 0; i < positions.count; ++i) painter.drawRect(Place({positions.first + i, 1}));
 
     const QColor text = palette().color(QPalette::WindowText);
-    const QColor highlight = palette().color(QPalette::Highlight);
-    PaintField(painter, Place(layout_.plant, positions), Blend(text, ground, 0.20),
-               {tr("Impianto"), tr("Imp."), tr("I")});
-    PaintField(painter, Place(layout_.company, positions), Blend(text, ground, 0.09),
-               {tr("Azienda"), tr("Az."), tr("A")});
-    PaintField(painter, Place(layout_.badge, positions), Blend(highlight, ground, 0.45),
-               {tr("Badge"), tr("Bdg"), tr("B")});
+    PaintField(painter, layout_.plant, Blend(text, ground, 0.20));
+    PaintField(painter, layout_.company, Blend(text, ground, 0.09));
+    PaintField(painter, layout_.badge, Blend(palette().color(QPalette::Highlight), ground, 0.45));
     for (const BadgeField& overlap : OverlapsOf(layout_))
-        painter.fillRect(Place(overlap, positions), QBrush(text, Qt::BDiagPattern));
+        painter.fillRect(Place(overlap), QBrush(text, Qt::BDiagPattern));
+    PaintName(painter, layout_.plant, {tr("Impianto"), tr("Imp."), tr("I")});
+    PaintName(painter, layout_.company, {tr("Azienda"), tr("Az."), tr("A")});
+    PaintName(painter, layout_.badge, {tr("Badge"), tr("Bdg"), tr("B")});
 }
 
 }  // namespace orlo

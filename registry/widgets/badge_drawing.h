@@ -39,6 +39,10 @@ BadgePositions PositionsOf(const BadgeLayout& layout);
 /// Positions that more than one field claims, in order.
 std::vector<BadgeField> OverlapsOf(const BadgeLayout& layout);
 
+/// What of `field` no other field claims, for its name to stand in: the part before a field that
+/// begins in it, or behind one that began earlier.
+BadgeField FreePart(BadgeField field, const BadgeLayout& layout);
+
 /// The badge as a row of characters: which of them are plant code, company code and badge number.
 class BadgeDrawing : public QWidget
 {
@@ -57,9 +61,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QRectF Place(const BadgeField& field, const BadgePositions& positions) const;
-    void PaintField(QPainter& painter, const QRectF& place, const QColor& fill,
-                    const std::array<QString, 3>& names) const;
+    QRectF Place(const BadgeField& field) const;
+    void PaintField(QPainter& painter, const BadgeField& field, const QColor& fill) const;
+    void PaintName(QPainter& painter, const BadgeField& field,
+                   const std::array<QString, 3>& names) const;
 
     BadgeLayout layout_;
 };

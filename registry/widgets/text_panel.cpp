@@ -1,5 +1,7 @@
 #include "registry/widgets/text_panel.h"
 
+#include <QEvent>
+
 namespace orlo
 {
 
@@ -13,7 +15,20 @@ void TextPanel::setText(const QString& text)
 {
     if (text == this->text()) return;
     QLabel::setText(text);
-    emit TextChanged(text);
+    Notice();
+}
+
+bool TextPanel::event(QEvent* event)
+{
+    if (event->type() == QEvent::Paint) Notice();
+    return QLabel::event(event);
+}
+
+void TextPanel::Notice()
+{
+    if (text() == noticed_) return;
+    noticed_ = text();
+    emit TextChanged(noticed_);
 }
 
 QFont Enlarged(const QFont& font, double factor)

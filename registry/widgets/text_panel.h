@@ -6,7 +6,8 @@ namespace orlo
 {
 
 /// A label whose caption is written by the procedures and watched by other parts of a window.
-/// QLabel tells nobody that its text has changed, so writing goes through this class's own setText.
+/// QLabel tells nobody that its text has changed: this class's own setText does so at once, and a
+/// text written as into any QLabel is noticed when it is painted.
 class TextPanel : public QLabel
 {
     Q_OBJECT
@@ -19,6 +20,14 @@ public:
 
 signals:
     void TextChanged(const QString& text);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void Notice();
+
+    QString noticed_;
 };
 
 /// `font` at `factor` times its size, whether that is given in points or in pixels.

@@ -32,4 +32,17 @@ TEST(BadgeOverlaps, AreThePositionsClaimedTwice)
     EXPECT_TRUE(OverlapsOf({{1, 0}, {1, 0}, {1, 6}, 0}).empty());
 }
 
+TEST(BadgeFreePart, LeavesOutWhatOtherFieldsClaim)
+{
+    const BadgeField plant{1, 5};
+    const BadgeField badge{4, 6};
+    const BadgeLayout overlapping{plant, {}, badge, 0};
+    EXPECT_EQ(FreePart(plant, overlapping), (BadgeField{1, 3}));
+    EXPECT_EQ(FreePart(badge, overlapping), (BadgeField{6, 4}));
+    const BadgeLayout apart{plant, {}, {6, 6}, 0};
+    EXPECT_EQ(FreePart(plant, apart), plant);
+    const BadgeLayout covered{{2, 2}, {}, {1, 8}, 0};
+    EXPECT_EQ(FreePart({2, 2}, covered).length, 0);
+}
+
 }  // namespace orlo

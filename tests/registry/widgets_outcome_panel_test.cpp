@@ -20,6 +20,18 @@ TEST(OutcomePanel, GoodAndFailedOutcomesAreReadOut)
                                                   QStringLiteral("Errore aprendo la COM")}));
 }
 
+TEST(OutcomePanel, ATextWrittenAsIntoAnyLabelIsNoticedWhenPainted)
+{
+    OutcomePanel panel;
+    panel.resize(400, 20);
+    int changes = 0;
+    QObject::connect(&panel, &TextPanel::TextChanged, &panel, [&changes] { ++changes; });
+    static_cast<QLabel&>(panel).setText(QStringLiteral("Timeout"));
+    panel.grab();
+    panel.grab();
+    EXPECT_EQ(changes, 1);
+}
+
 TEST(OutcomePanel, ACaptionThatIsCutIsShownInFullAsToolTip)
 {
     OutcomePanel panel;
