@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 #include "app/desk.h"
+#include "app/italian.h"
 #include "app/message_boxes.h"
 #include "app/standard_error_dialog.h"
 #include "app/termination.h"
@@ -8,8 +9,6 @@
 #include "registry/start_up.h"
 
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QTranslator>
 
 #include <csignal>
 #include <cstdio>
@@ -54,16 +53,6 @@ int Show(const CommandLineMessage& message)
     }
     WriteErrorLine(message.text);
     return kWrongUsage;
-}
-
-/// Italian whatever the environment says: numbers with a decimal comma, boxes with Sì and No.
-void SpeakItalian(QApplication& application)
-{
-    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
-    auto* const translator = new QTranslator(&application);
-    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (translator->load(QStringLiteral("qtbase_it"), folder))
-        QCoreApplication::installTranslator(translator);
 }
 
 /// Looked for before there is an application: an unattended run and the help need no display.
