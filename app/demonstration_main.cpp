@@ -34,6 +34,8 @@ int Demonstrate(QApplication& application, const CommandLine& command_line, cons
     demonstration.TakePicture(QStringLiteral("Contenitore"));
     demonstration.TakePictureOfEveryTerminal(QStringLiteral("chiaro"));
     ApplyTheme(application, Theme::Dark);
+    // The new palette reaches the window through its events.
+    QCoreApplication::processEvents();
     demonstration.TakePictureOfEveryTerminal(QStringLiteral("scuro"));
     CloseRegister(desk.State());
     return all_done ? 0 : 1;
