@@ -1,6 +1,6 @@
 #include "app/italian.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -8,7 +8,7 @@
 namespace orlo
 {
 
-void SpeakItalian(QApplication& application)
+void SpeakItalian(QCoreApplication& application)
 {
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     auto* const translator = new QTranslator(&application);

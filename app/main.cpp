@@ -9,6 +9,7 @@
 #include "registry/start_up.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
 
 #include <csignal>
 #include <cstdio>
@@ -55,15 +56,40 @@ int Show(const CommandLineMessage& message)
     return kWrongUsage;
 }
 
-/// Looked for before there is an application: an unattended run and the help need no display.
-bool NeedsNoDisplay(int argc, char** argv)
+/// A run without a window needs neither display nor session, and Qt's remarks about a missing
+/// session (there is none under cron) are not for the operator.
+void DoWithoutSession()
 {
-    for (int i = 1; i < argc; ++i) {
-        const QByteArray argument(argv[i]);
-        if (argument.startsWith("--acquisisci") || argument == "--help" || argument == "-h")
-            return true;
-    }
-    return false;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
+}
+
+/// Before there is a window: usage errors and the help need no display.
+ParsedCommandLine ReadCommandLine(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    SpeakItalian(application);
+    return ParseCommandLine(QCoreApplication::arguments(), QCoreApplication::applicationDirPath());
+}
+
+int Run(QApplication& application, const CommandLine& command_line)
+{
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setApplicationDisplayName(QStringLiteral("Orlo Desk"));
+    SpeakItalian(application);
+    ApplyTheme(application, command_line.theme);
+
+    FileTrace file_trace;
+    NoTrace no_trace;
+    const bool traced = !command_line.trace_file.isEmpty();
+    QString error;
+    if (traced && !file_trace.Open(command_line.trace_file, error))
+        return Show({QStringLiteral("--traccia %1: %2").arg(command_line.trace_file, error), true});
+    LineTrace& trace = traced ? static_cast<LineTrace&>(file_trace) : no_trace;
+
+    Termination termination;
+    return command_line.Unattended() ? RunWithoutWindow(command_line, trace)
+                                     : RunWindow(command_line, trace, termination);
 }
 
 }  // namespace
@@ -73,29 +99,9 @@ int main(int argc, char** argv)
     // A punch file that grows over a limit must end in an error message, not in the end of the
     // program.
     std::signal(SIGXFSZ, SIG_IGN);
-    if (NeedsNoDisplay(argc, argv)) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setApplicationDisplayName(QStringLiteral("Orlo Desk"));
-    SpeakItalian(application);
-
-    const ParsedCommandLine parsed =
-        ParseCommandLine(QApplication::arguments(), QApplication::applicationDirPath());
+    const ParsedCommandLine parsed = ReadCommandLine(argc, argv);
     if (parsed.message) return Show(*parsed.message);
-    const CommandLine& command_line = parsed.command_line;
-    ApplyTheme(application, command_line.theme);
-
-    FileTrace file_trace;
-    NoTrace no_trace;
-    LineTrace* trace = &no_trace;
-    if (!command_line.trace_file.isEmpty()) {
-        QString error;
-        if (!file_trace.Open(command_line.trace_file, error))
-            return Show(
-                {QStringLiteral("--traccia %1: %2").arg(command_line.trace_file, error), true});
-        trace = &file_trace;
-    }
-    Termination termination;
-    return command_line.Unattended() ? RunWithoutWindow(command_line, *trace)
-                                     : RunWindow(command_line, *trace, termination);
+    if (parsed.command_line.Unattended()) DoWithoutSession();
+    QApplication application(argc, argv);
+    return Run(application, parsed.command_line);
 }

@@ -43,7 +43,7 @@ StartUpOutcome DatabaseFailed(Contenitore& window, const jet::Error& error)
         window.State().CurrentPriority = 0;
     else
         ShowDatabaseError(window.Station().dialog, error);
-    return {StartUpOutcome::End::Incomplete, DatabaseErrorText(error)};
+    return {StartUpOutcome::End::Incomplete, DatabaseErrorText(error).trimmed()};
 }
 
 /// False when another program was quicker and has the database.
