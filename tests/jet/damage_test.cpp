@@ -227,7 +227,7 @@ INSTANTIATE_TEST_SUITE_P(Samples, DamagedFileTest,
                                          Sick{"Base2000", "nimbo-base-2000.mdb", 5000},
                                          Sick{"Full2000", "nimbo-full-2000.mdb", 5000},
                                          // Long values, moved rows, trees of several levels.
-                                         Sick{"Foreign2000", "nimbo-foreign-2000.mdb", 1500}),
+                                         Sick{"Foreign2000", "nimbo-foreign-2000.mdb", 500}),
                          [](const auto& sick) { return std::string(sick.param.name); });
 
 }  // namespace
