@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <map>
+#include <ostream>
 #include <random>
 
 // Damaged files end in a result or in a jet::Error: never in another exception, a crash, a hang or
@@ -185,6 +186,11 @@ struct Sick {
     const char* sample;
     int copies;
 };
+
+void PrintTo(const Sick& sick, std::ostream* out)
+{
+    *out << sick.sample;
+}
 
 class DamagedFileTest : public testing::TestWithParam<Sick>
 {
