@@ -30,9 +30,7 @@ void StepBar::Drive(QLineEdit* field)
             [field](int value) { field->setText(QString::number(value)); });
     connect(field_, &QLineEdit::textChanged, this, [this](const QString& text) {
         const QSignalBlocker quietly(this);
-        const double number = NumericValue(text);
-        setValue(static_cast<int>(
-            std::clamp(number, static_cast<double>(minimum()), static_cast<double>(maximum()))));
+        setValue(std::clamp(WholeNumberOrZero<int>(text), minimum(), maximum()));
     });
 }
 
