@@ -57,4 +57,39 @@ constexpr RowPointer RowPointerAt(Bytes bytes, std::size_t at)
     return {U24(bytes, at + 1), bytes[at]};
 }
 
+// The way back, into bytes that are there.
+
+template <std::size_t kWidth>
+constexpr void PutLittleEndian(std::span<std::uint8_t> bytes, std::size_t at, std::uint64_t number)
+{
+    assert(at + kWidth <= bytes.size());
+    for (std::size_t i = 0; i < kWidth; ++i) {
+        bytes[at + i] = static_cast<std::uint8_t>(number >> (8 * i));
+    }
+}
+
+constexpr void PutU16(std::span<std::uint8_t> bytes, std::size_t at, std::uint64_t number)
+{
+    assert(number <= 0xFFFF);
+    PutLittleEndian<2>(bytes, at, number);
+}
+
+constexpr void PutU32(std::span<std::uint8_t> bytes, std::size_t at, std::uint64_t number)
+{
+    assert(number <= 0xFFFFFFFF);
+    PutLittleEndian<4>(bytes, at, number);
+}
+
+constexpr void PutU64(std::span<std::uint8_t> bytes, std::size_t at, std::uint64_t number)
+{
+    PutLittleEndian<8>(bytes, at, number);
+}
+
+constexpr void PutRowPointer(std::span<std::uint8_t> bytes, std::size_t at, RowPointer pointer)
+{
+    assert(pointer.row <= 0xFF && pointer.page < 1u << 24);
+    bytes[at] = static_cast<std::uint8_t>(pointer.row);
+    PutLittleEndian<3>(bytes, at + 1, pointer.page);
+}
+
 }  // namespace jet

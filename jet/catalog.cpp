@@ -18,10 +18,10 @@ constexpr std::uint32_t kCatalogPage = 2;
 constexpr std::int32_t kTableType = 1;
 constexpr std::uint32_t kSystemFlags = 0x8000000A;
 
-const ColumnDefinition& CatalogColumn(const TableDefinition& catalog, std::u16string_view name,
-                                      ColumnType type)
+const ColumnLayout& CatalogColumn(const TableLayout& catalog, std::u16string_view name,
+                                  ColumnType type)
 {
-    const auto column = std::ranges::find(catalog.columns, name, &ColumnDefinition::name);
+    const auto column = std::ranges::find(catalog.columns, name, &ColumnLayout::name);
     if (column == catalog.columns.end() || column->type != type) {
         FailDamaged(kCatalogPage, "catalogo delle tabelle illeggibile");
     }
@@ -39,8 +39,8 @@ Kind Held(const Value& value)
 
 std::vector<CatalogEntry> ReadCatalog(PageFile& file)
 {
-    Table table(file, std::make_shared<TableDefinition>(ReadTableDefinition(file, kCatalogPage)));
-    const TableDefinition& definition = table.Definition();
+    Table table(file, std::make_shared<TableLayout>(ReadTableDefinition(file, kCatalogPage)));
+    const TableLayout& definition = table.Definition();
     const auto& id = CatalogColumn(definition, u"Id", ColumnType::Long);
     const auto& name = CatalogColumn(definition, u"Name", ColumnType::Text);
     const auto& type = CatalogColumn(definition, u"Type", ColumnType::Integer);

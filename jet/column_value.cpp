@@ -63,7 +63,7 @@ std::size_t Width(ColumnType type)
 
 }  // namespace
 
-std::optional<Value> DecodeValue(const Format& format, const ColumnDefinition& column, Bytes bytes)
+std::optional<Value> DecodeValue(const Format& format, const ColumnLayout& column, Bytes bytes)
 {
     const std::size_t width = Width(column.type);
     if (width != 0 && bytes.size() != width) {
@@ -98,7 +98,7 @@ std::optional<Value> DecodeValue(const Format& format, const ColumnDefinition& c
     }
 }
 
-Value ReadColumn(PageFile& file, const Row& row, const ColumnDefinition& column)
+Value ReadColumn(PageFile& file, const Row& row, const ColumnLayout& column)
 {
     if (column.type == ColumnType::YesNo) {
         return row.Bit(column.id);

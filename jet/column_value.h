@@ -8,10 +8,10 @@ namespace jet
 
 /// One column's value of a row. A type that ColumnType does not list gives its bytes.
 /// Errors: kDamagedFile, kDiskError.
-Value ReadColumn(PageFile& file, const Row& row, const ColumnDefinition& column);
+Value ReadColumn(PageFile& file, const Row& row, const ColumnLayout& column);
 
 /// The value of a column that is neither Yes/No nor a long value, from its bytes; nothing when
 /// they cannot be one.
-std::optional<Value> DecodeValue(const Format& format, const ColumnDefinition& column, Bytes bytes);
+std::optional<Value> DecodeValue(const Format& format, const ColumnLayout& column, Bytes bytes);
 
 }  // namespace jet

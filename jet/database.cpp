@@ -27,15 +27,15 @@ struct Database::Impl {
 namespace
 {
 
-int PublicSize(const ColumnDefinition& column, bool unicode)
+int PublicSize(const ColumnLayout& column, bool unicode)
 {
     return column.type == ColumnType::Text && unicode ? column.length / 2 : column.length;
 }
 
-TableInfo Describe(std::u16string name, const TableDefinition& table, bool unicode)
+TableInfo Describe(std::u16string name, const TableLayout& table, bool unicode)
 {
     TableInfo info{std::move(name), {}, {}};
-    for (const ColumnDefinition& column : table.columns) {
+    for (const ColumnLayout& column : table.columns) {
         info.columns.push_back({column.name, column.type, PublicSize(column, unicode)});
     }
     for (const LogicalIndex& index : table.logical_indexes) {
@@ -79,7 +79,7 @@ std::unique_ptr<Recordset> Database::OpenTable(std::u16string_view name)
         FailTableNotFound(name);
     }
     return std::make_unique<TableCursor>(
-        impl_->file, std::make_shared<TableDefinition>(
+        impl_->file, std::make_shared<TableLayout>(
                          ReadTableDefinition(impl_->file, impl_->catalog[*found].page)));
 }
 

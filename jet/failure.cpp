@@ -73,6 +73,69 @@ void FailRead(int system_error)
                                 "). Controllare il disco e riprovare.");
 }
 
+void FailCreate(const std::filesystem::path& path, int system_error)
+{
+    const std::string file = "\"" + path.string() + "\"";
+    switch (system_error) {
+        case EEXIST:
+            throw Error(kFileExists, "Il file " + file + " esiste già. Scegliere un altro nome.");
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            throw Error(kAccessDenied,
+                        "Il file " + file +
+                            " non può essere scritto. Controllare i permessi della cartella.");
+        case ENOENT:
+        case ENOTDIR:
+            throw Error(kFileNotFound,
+                        "La cartella del file " + file + " non esiste. Controllare il nome.");
+        default:
+            FailWrite(system_error);
+    }
+}
+
+void FailWrite(int system_error)
+{
+    if (system_error == ENOSPC || system_error == EDQUOT || system_error == EFBIG) {
+        throw Error(kDiskFull,
+                    "Disco pieno: la modifica non è stata salvata. Liberare spazio e "
+                    "riprovare.");
+    }
+    throw Error(kDiskError, "Scrittura del database non riuscita (" + Reason(system_error) +
+                                "). Controllare il disco e riprovare.");
+}
+
+void FailReadOnly()
+{
+    throw Error(kReadOnly, "Il database è aperto in sola lettura: non può essere modificato.");
+}
+
+void FailTransaction(std::string_view what)
+{
+    throw Error(kTransaction, "Transazione non valida: " + std::string(what) + ".");
+}
+
+void FailFileFull()
+{
+    throw Error(kDiskFull,
+                "Il database ha raggiunto la dimensione massima: la modifica non è "
+                "stata salvata. Eliminare dati e compattarlo.");
+}
+
+void FailInUse(const std::filesystem::path& path)
+{
+    throw Error(kInUse, "Il database \"" + path.string() +
+                            "\" è aperto in scrittura da un altro programma. Chiuderlo e "
+                            "riprovare.");
+}
+
+void FailReopen()
+{
+    throw Error(kDiskError,
+                "Una scrittura non riuscita ha lasciato il database da ripristinare. Chiuderlo e "
+                "riaprirlo: l'ultima modifica risulterà fatta per intero o per niente.");
+}
+
 void FailTableNotFound(std::u16string_view table)
 {
     throw Error(kTableNotFound, "La tabella " + Quoted(table) +

@@ -19,7 +19,17 @@ namespace jet
 [[noreturn]] void FailEncoded();
 /// From the system's error number of an open that failed.
 [[noreturn]] void FailOpen(const std::filesystem::path& path, int system_error);
+/// The same for a file that cannot be made, removed or given its name.
+[[noreturn]] void FailCreate(const std::filesystem::path& path, int system_error);
 [[noreturn]] void FailRead(int system_error);
+[[noreturn]] void FailWrite(int system_error);
+[[noreturn]] void FailReadOnly();
+[[noreturn]] void FailTransaction(std::string_view what);
+/// The file has reached the size that its version allows.
+[[noreturn]] void FailFileFull();
+[[noreturn]] void FailInUse(const std::filesystem::path& path);
+/// After a write error whose outcome only reopening can tell.
+[[noreturn]] void FailReopen();
 
 [[noreturn]] void FailTableNotFound(std::u16string_view table);
 /// The text names the column and nothing else: whoever tells one missing column from another

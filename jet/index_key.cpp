@@ -86,7 +86,7 @@ void AppendNumeric(const Numeric& number, bool ascending, KeyBytes& key)
     Append({number.magnitude.begin(), number.magnitude.end()}, number.negative != ascending, key);
 }
 
-KeyResult AppendText(const Format& format, const ColumnDefinition& column, bool ascending,
+KeyResult AppendText(const Format& format, const ColumnLayout& column, bool ascending,
                      const Value& value, KeyBytes& key)
 {
     const auto* text = std::get_if<Text>(&value);
@@ -130,7 +130,7 @@ KeyResult AppendAs(const Value& value, const Encode& encode)
 
 }  // namespace
 
-KeyResult AppendKey(const Format& format, const ColumnDefinition& column, bool ascending,
+KeyResult AppendKey(const Format& format, const ColumnLayout& column, bool ascending,
                     const Value& value, KeyBytes& key)
 {
     if (IsNull(value) && column.type != ColumnType::YesNo) {

@@ -19,7 +19,7 @@ enum class KeyResult {
 
 /// Appends the bytes by which an index orders one of its columns: a flag byte, then the value.
 /// `key` is unspecified when the result is not Built.
-[[nodiscard]] KeyResult AppendKey(const Format& format, const ColumnDefinition& column,
-                                  bool ascending, const Value& value, KeyBytes& key);
+[[nodiscard]] KeyResult AppendKey(const Format& format, const ColumnLayout& column, bool ascending,
+                                  const Value& value, KeyBytes& key);
 
 }  // namespace jet

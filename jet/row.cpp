@@ -17,10 +17,10 @@
 namespace jet
 {
 
-RowShape ShapeOf(const TableDefinition& table)
+RowShape ShapeOf(const TableLayout& table)
 {
     RowShape shape{table.columns_ever, table.variable_slots, table.columns_ever};
-    for (const ColumnDefinition& column : table.columns) {
+    for (const ColumnLayout& column : table.columns) {
         if (!column.fixed) {
             shape.first_variable_id = std::min<std::size_t>(shape.first_variable_id, column.id);
         }
@@ -101,7 +101,7 @@ bool Row::Bit(std::size_t id) const
     return id < columns_ && (stored_.bytes[mask_ + id / 8] >> id % 8 & 1) != 0;
 }
 
-std::optional<Bytes> Row::Field(const ColumnDefinition& column) const
+std::optional<Bytes> Row::Field(const ColumnLayout& column) const
 {
     if (!Bit(column.id)) {
         return std::nullopt;

@@ -15,7 +15,7 @@ struct RowShape {
     std::size_t first_variable_id = 0;  ///< smallest id of a variable column, else columns_ever
 };
 
-RowShape ShapeOf(const TableDefinition& table);
+RowShape ShapeOf(const TableLayout& table);
 
 /// A row taken apart, without its values being copied.
 class Row
@@ -29,7 +29,7 @@ public:
     bool Bit(std::size_t id) const;
 
     /// The bytes of any other column, nothing when it is null. Errors: kDamagedFile.
-    std::optional<Bytes> Field(const ColumnDefinition& column) const;
+    std::optional<Bytes> Field(const ColumnLayout& column) const;
 
     std::uint32_t PageNumber() const { return stored_.page.Number(); }
 

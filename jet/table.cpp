@@ -8,7 +8,7 @@
 namespace jet
 {
 
-Table::Table(PageFile& file, std::shared_ptr<const TableDefinition> definition)
+Table::Table(PageFile& file, std::shared_ptr<const TableLayout> definition)
     : file_(file),
       definition_(std::move(definition)),
       shape_(ShapeOf(*definition_)),

@@ -14,10 +14,10 @@ class Table
 {
 public:
     /// Errors: kDamagedFile, kDiskError, also from the other members.
-    Table(PageFile& file, std::shared_ptr<const TableDefinition> definition);
+    Table(PageFile& file, std::shared_ptr<const TableLayout> definition);
 
     PageFile& File() const { return file_; }
-    const TableDefinition& Definition() const { return *definition_; }
+    const TableLayout& Definition() const { return *definition_; }
     /// Ascending.
     const std::vector<std::uint32_t>& DataPages() const { return data_pages_; }
 
@@ -31,7 +31,7 @@ public:
 
 private:
     PageFile& file_;
-    std::shared_ptr<const TableDefinition> definition_;
+    std::shared_ptr<const TableLayout> definition_;
     RowShape shape_;
     std::vector<std::uint32_t> data_pages_;
 };

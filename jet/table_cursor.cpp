@@ -11,10 +11,10 @@
 namespace jet
 {
 
-TableCursor::TableCursor(PageFile& file, std::shared_ptr<const TableDefinition> definition)
+TableCursor::TableCursor(PageFile& file, std::shared_ptr<const TableLayout> definition)
     : table_(file, std::move(definition)), order_(std::make_unique<FileOrder>(table_))
 {
-    const TableDefinition& table = table_.Definition();
+    const TableLayout& table = table_.Definition();
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         columns_.Add(table.columns[i].name, i);
     }
@@ -99,7 +99,7 @@ Value TableCursor::Field(std::u16string_view column)
 
 void TableCursor::SetIndex(std::u16string_view name)
 {
-    const TableDefinition& table = table_.Definition();
+    const TableLayout& table = table_.Definition();
     if (name.empty()) {
         index_ = nullptr;
         index_order_ = nullptr;

@@ -13,7 +13,7 @@ class TableCursor final : public Recordset
 {
 public:
     /// The file must outlive the cursor.
-    TableCursor(PageFile& file, std::shared_ptr<const TableDefinition> definition);
+    TableCursor(PageFile& file, std::shared_ptr<const TableLayout> definition);
 
     void MoveFirst() override;
     void MoveLast() override;

@@ -82,7 +82,7 @@ struct Counts {
     std::size_t real_indexes;
 };
 
-Counts ReadHeader(const Format& format, Reader& reader, TableDefinition& table)
+Counts ReadHeader(const Format& format, Reader& reader, TableLayout& table)
 {
     const Bytes header =
         reader.Take(format.definition.counters).subspan(format.definition.table_kind);
@@ -99,9 +99,9 @@ Counts ReadHeader(const Format& format, Reader& reader, TableDefinition& table)
     return counts;
 }
 
-ColumnDefinition ColumnFromBlock(const Format& format, Bytes block)
+ColumnLayout ColumnFromBlock(const Format& format, Bytes block)
 {
-    ColumnDefinition column;
+    ColumnLayout column;
     column.type = static_cast<ColumnType>(block[0]);
     column.id = U16(block, format.column.id);
     column.fixed = (block[format.column.flags] & kFixedFlag) != 0;
@@ -119,27 +119,27 @@ ColumnDefinition ColumnFromBlock(const Format& format, Bytes block)
 }
 
 // The file may list the columns in any order; the id is their order of creation.
-void ReadColumns(const Format& format, Reader& reader, std::size_t count, TableDefinition& table)
+void ReadColumns(const Format& format, Reader& reader, std::size_t count, TableLayout& table)
 {
     auto& columns = table.columns;
     for (std::size_t i = 0; i < count; ++i) {
         columns.push_back(ColumnFromBlock(format, reader.Take(format.definition.column_bytes)));
-        const ColumnDefinition& column = columns.back();
+        const ColumnLayout& column = columns.back();
         if (column.id >= table.columns_ever ||
             (!column.fixed && column.slot >= table.variable_slots)) {
             reader.Fail("campo con numero impossibile");
         }
     }
-    for (ColumnDefinition& column : columns) {
+    for (ColumnLayout& column : columns) {
         column.name = reader.Name();
     }
-    std::ranges::sort(columns, {}, &ColumnDefinition::id);
-    if (std::ranges::adjacent_find(columns, {}, &ColumnDefinition::id) != columns.end()) {
+    std::ranges::sort(columns, {}, &ColumnLayout::id);
+    if (std::ranges::adjacent_find(columns, {}, &ColumnLayout::id) != columns.end()) {
         reader.Fail("due campi con lo stesso numero");
     }
 }
 
-RealIndex ReadRealIndex(const Format& format, Reader& reader, const TableDefinition& table)
+RealIndex ReadRealIndex(const Format& format, Reader& reader, const TableLayout& table)
 {
     const Bytes block = reader.Take(format.definition.key_bytes);
     RealIndex index;
@@ -149,7 +149,7 @@ RealIndex ReadRealIndex(const Format& format, Reader& reader, const TableDefinit
         if (id == kNoColumn) {
             continue;
         }
-        const auto column = std::ranges::find(table.columns, id, &ColumnDefinition::id);
+        const auto column = std::ranges::find(table.columns, id, &ColumnLayout::id);
         if (column == table.columns.end()) {
             reader.Fail("indice su un campo che non c'è");
         }
@@ -161,7 +161,7 @@ RealIndex ReadRealIndex(const Format& format, Reader& reader, const TableDefinit
     return index;
 }
 
-LogicalIndex ReadLogicalIndex(const Format& format, Reader& reader, TableDefinition& table)
+LogicalIndex ReadLogicalIndex(const Format& format, Reader& reader, TableLayout& table)
 {
     const Bytes block = reader.Take(format.definition.index_bytes);
     LogicalIndex index;
@@ -177,12 +177,12 @@ LogicalIndex ReadLogicalIndex(const Format& format, Reader& reader, TableDefinit
 
 }  // namespace
 
-TableDefinition ReadTableDefinition(PageFile& file, std::uint32_t page)
+TableLayout ReadTableDefinition(PageFile& file, std::uint32_t page)
 {
     const Format& format = file.Format();
     const std::vector<std::uint8_t> stream = ReadDefinitionStream(file, page);
     Reader reader(format, stream, page);
-    TableDefinition table;
+    TableLayout table;
     table.page = page;
     const Counts counts = ReadHeader(format, reader, table);
     for (std::size_t i = 0; i < counts.real_indexes; ++i) {

@@ -6,7 +6,7 @@
 namespace jet
 {
 
-struct ColumnDefinition {
+struct ColumnLayout {
     std::u16string name;
     ColumnType type{};  ///< as in the file, which has further numbers in system tables
     std::uint16_t id = 0;
@@ -20,7 +20,7 @@ struct ColumnDefinition {
 };
 
 struct KeyColumn {
-    std::size_t column = 0;  ///< place in TableDefinition::columns
+    std::size_t column = 0;  ///< place in TableLayout::columns
     bool ascending = true;
 };
 
@@ -33,21 +33,21 @@ struct RealIndex {
 
 struct LogicalIndex {
     std::u16string name;
-    std::uint32_t real = 0;  ///< place in TableDefinition::real_indexes, checked
+    std::uint32_t real = 0;  ///< place in TableLayout::real_indexes, checked
     bool primary = false;
 };
 
-struct TableDefinition {
+struct TableLayout {
     std::uint32_t page = 0;            ///< first page: the number by which the file knows the table
     std::uint16_t columns_ever = 0;    ///< columns created so far; every id is below
     std::uint16_t variable_slots = 0;  ///< deleted columns included; every slot is below
     RowPointer data_map;
-    std::vector<ColumnDefinition> columns;  ///< ascending by id
+    std::vector<ColumnLayout> columns;  ///< ascending by id
     std::vector<RealIndex> real_indexes;
     std::vector<LogicalIndex> logical_indexes;
 };
 
 /// Reads the definition that begins on that page. Errors: kDamagedFile, kDiskError.
-TableDefinition ReadTableDefinition(PageFile& file, std::uint32_t page);
+TableLayout ReadTableDefinition(PageFile& file, std::uint32_t page);
 
 }  // namespace jet

@@ -15,9 +15,9 @@ namespace
 constexpr bool kUp = true;
 constexpr bool kDown = false;
 
-ColumnDefinition Column(ColumnType type)
+ColumnLayout Column(ColumnType type)
 {
-    ColumnDefinition column;
+    ColumnLayout column;
     column.type = type;
     column.sort_order = 0x0409;
     return column;
@@ -154,14 +154,14 @@ TEST(IndexKey, OnlyTheFirst255CharactersCount)
 
 TEST(IndexKey, WhatHasNoKey)
 {
-    ColumnDefinition other_order = Column(ColumnType::Text);
+    ColumnLayout other_order = Column(ColumnType::Text);
     other_order.sort_order = 0x0407;
-    ColumnDefinition other_version = Column(ColumnType::Text);
+    ColumnLayout other_version = Column(ColumnType::Text);
     other_version.sort_version = 1;
     struct Case {
         const char* name;
         const Format& format;
-        ColumnDefinition column;
+        ColumnLayout column;
         Value value;
         KeyResult result;
     };

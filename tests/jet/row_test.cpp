@@ -20,9 +20,9 @@ Row MakeRow(const Format& format, const RowShape& shape, const FileBytes& bytes)
     return {format, shape, StoredRow{page, RowState::Live, page.Content()}};
 }
 
-ColumnDefinition Fixed(std::uint16_t id, std::uint16_t offset, std::uint16_t length)
+ColumnLayout Fixed(std::uint16_t id, std::uint16_t offset, std::uint16_t length)
 {
-    ColumnDefinition column;
+    ColumnLayout column;
     column.id = id;
     column.fixed = true;
     column.fixed_offset = offset;
@@ -30,15 +30,15 @@ ColumnDefinition Fixed(std::uint16_t id, std::uint16_t offset, std::uint16_t len
     return column;
 }
 
-ColumnDefinition Variable(std::uint16_t id, std::uint16_t slot)
+ColumnLayout Variable(std::uint16_t id, std::uint16_t slot)
 {
-    ColumnDefinition column;
+    ColumnLayout column;
     column.id = id;
     column.slot = slot;
     return column;
 }
 
-std::optional<FileBytes> FieldOf(const Row& row, const ColumnDefinition& column)
+std::optional<FileBytes> FieldOf(const Row& row, const ColumnLayout& column)
 {
     const auto bytes = row.Field(column);
     return bytes ? std::optional(FileBytes(bytes->begin(), bytes->end())) : std::nullopt;

@@ -44,7 +44,7 @@ TEST(ColumnValue, EachType)
         {ColumnType::Numeric, "80 00000000", std::nullopt},
     };
     for (const Case& c : kCases) {
-        ColumnDefinition column;
+        ColumnLayout column;
         column.type = c.type;
         column.scale = 3;
         EXPECT_EQ(DecodeValue(kJet4, column, Hex(c.bytes)), c.value)
@@ -54,7 +54,7 @@ TEST(ColumnValue, EachType)
 
 TEST(ColumnValue, TextOfJet3)
 {
-    ColumnDefinition column;
+    ColumnLayout column;
     column.type = ColumnType::Text;
     EXPECT_EQ(DecodeValue(kJet3, column, Hex("FFFE 41 80")), Value(Text(u"ÿþA\u20AC")));
 }

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace jet
+{
+
+enum class OpenMode { ReadOnly, ReadWrite };
+
+}  // namespace jet
