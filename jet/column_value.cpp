@@ -98,27 +98,29 @@ std::optional<Value> DecodeValue(const Format& format, const ColumnLayout& colum
     }
 }
 
+Value ReadField(PageFile& file, const ColumnLayout& column, Bytes bytes, std::uint32_t page)
+{
+    std::optional<Value> value;
+    if (column.type == ColumnType::Ole) {
+        value = ReadLongValue(file, bytes);
+    } else if (column.type == ColumnType::Memo) {
+        value = DecodeText(file.Format(), ReadLongValue(file, bytes));
+    } else {
+        value = DecodeValue(file.Format(), column, bytes);
+    }
+    if (!value) {
+        FailDamaged(page, "valore illeggibile");
+    }
+    return std::move(*value);
+}
+
 Value ReadColumn(PageFile& file, const Row& row, const ColumnLayout& column)
 {
     if (column.type == ColumnType::YesNo) {
         return row.Bit(column.id);
     }
     const std::optional<Bytes> bytes = row.Field(column);
-    if (!bytes) {
-        return Null{};
-    }
-    std::optional<Value> value;
-    if (column.type == ColumnType::Ole) {
-        value = ReadLongValue(file, *bytes);
-    } else if (column.type == ColumnType::Memo) {
-        value = DecodeText(file.Format(), ReadLongValue(file, *bytes));
-    } else {
-        value = DecodeValue(file.Format(), column, *bytes);
-    }
-    if (!value) {
-        FailDamaged(row.PageNumber(), "valore illeggibile");
-    }
-    return std::move(*value);
+    return bytes ? ReadField(file, column, *bytes, row.PageNumber()) : Null{};
 }
 
 }  // namespace jet

@@ -12,20 +12,56 @@ namespace jet
 {
 
 struct Database::Impl {
-    explicit Impl(const std::filesystem::path& path) : file(path), catalog(ReadCatalog(file))
+    Impl(const std::filesystem::path& path, OpenMode mode, Storage& storage)
+        : file(path, mode, storage)
     {
+        LoadCatalog();
+    }
+
+    void LoadCatalog()
+    {
+        catalog = ReadCatalog(file);
+        tables = {};
         for (std::size_t i = 0; i < catalog.size(); ++i) {
             tables.Add(catalog[i].name, i);
         }
+        schema_changes_seen = file.SchemaChanges();
+    }
+
+    void Synchronise()
+    {
+        if (schema_changes_seen != file.SchemaChanges()) {
+            LoadCatalog();
+        }
+    }
+
+    /// First page of the table's definition.
+    std::uint32_t PageOf(std::u16string_view name)
+    {
+        Synchronise();
+        const auto found = tables.Find(name);
+        if (!found) {
+            FailTableNotFound(name);
+        }
+        return catalog[*found].page;
     }
 
     PageFile file;
     std::vector<CatalogEntry> catalog;
     NameMap tables;
+    std::uint64_t schema_changes_seen = 0;
 };
 
 namespace
 {
+
+// The journal lies beside the file itself, whatever link leads to it.
+std::filesystem::path RealName(const std::filesystem::path& path)
+{
+    std::error_code error;
+    const auto real = std::filesystem::canonical(path, error);
+    return error ? path : real;
+}
 
 int PublicSize(const ColumnLayout& column, bool unicode)
 {
@@ -55,13 +91,16 @@ Database::Database(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 
 Database::~Database() = default;
 
-std::unique_ptr<Database> Database::Open(const std::filesystem::path& path)
+std::unique_ptr<Database> Database::Open(const std::filesystem::path& path, OpenMode mode,
+                                         Storage& storage)
 {
-    return std::unique_ptr<Database>(new Database(std::make_unique<Impl>(FindFile(path))));
+    return std::unique_ptr<Database>(
+        new Database(std::make_unique<Impl>(RealName(FindFile(path)), mode, storage)));
 }
 
 std::vector<TableInfo> Database::TableDefs() const
 {
+    impl_->Synchronise();
     std::vector<TableInfo> tables;
     for (const CatalogEntry& entry : impl_->catalog) {
         if (entry.user) {
@@ -74,13 +113,29 @@ std::vector<TableInfo> Database::TableDefs() const
 
 std::unique_ptr<Recordset> Database::OpenTable(std::u16string_view name)
 {
-    const auto found = impl_->tables.Find(name);
-    if (!found) {
-        FailTableNotFound(name);
-    }
-    return std::make_unique<TableCursor>(
-        impl_->file, std::make_shared<TableLayout>(
-                         ReadTableDefinition(impl_->file, impl_->catalog[*found].page)));
+    return std::make_unique<TableCursor>(impl_->file, impl_->PageOf(name));
+}
+
+std::unique_ptr<Recordset> Database::OpenQuery(std::u16string_view statement)
+{
+    Query query = ParseQuery(statement);
+    const std::uint32_t page = impl_->PageOf(query.table);
+    return std::make_unique<TableCursor>(impl_->file, page, std::move(query));
+}
+
+void Database::BeginTrans()
+{
+    impl_->file.BeginTransaction();
+}
+
+void Database::CommitTrans()
+{
+    impl_->file.CommitTransaction();
+}
+
+void Database::Rollback()
+{
+    impl_->file.RollBackTransaction();
 }
 
 }  // namespace jet

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "jet/column_type.h"
+#include "jet/open_mode.h"
 #include "jet/recordset.h"
 
 #include <filesystem>
@@ -11,6 +12,9 @@
 
 namespace jet
 {
+
+class Storage;
+Storage& SystemStorage();
 
 struct ColumnInfo {
     std::u16string name;
@@ -37,9 +41,13 @@ class Database
 {
 public:
     /// Opens the file in place. A name that differs from the file's only in case is found too.
+    /// What a crash has left half written is taken back first. Who opens for writing keeps other
+    /// writers out until the database is closed; readers may come and go.
     /// Errors: kFileNotFound, kAccessDenied, kUnrecognisedFormat, kEncodedFile, kDamagedFile,
-    /// kDiskError.
-    static std::unique_ptr<Database> Open(const std::filesystem::path& path);
+    /// kDiskError, kDiskFull; kInUse when another one writes.
+    static std::unique_ptr<Database> Open(const std::filesystem::path& path,
+                                          OpenMode mode = OpenMode::ReadOnly,
+                                          Storage& storage = SystemStorage());
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
@@ -50,6 +58,23 @@ public:
     /// A cursor on a table, standing on its first row; rows come in the file's own order until an
     /// index is chosen. The database must outlive it. Errors: kTableNotFound, kDamagedFile.
     std::unique_ptr<Recordset> OpenTable(std::u16string_view name);
+
+    /// A cursor on the rows that a statement asks for, in the file's own order, and with only the
+    /// columns that it names:
+    ///
+    ///     SELECT [DISTINCTROW] column, ... FROM table [WHERE column = value] [;]
+    ///
+    /// Its rows can be changed like those of a table; SetIndex ends in kNotSupported.
+    /// Errors: kSyntaxError for any other statement, kTableNotFound, kColumnNotFound.
+    std::unique_ptr<Recordset> OpenQuery(std::u16string_view statement);
+
+    // Each change, by whatever cursor, is done as a whole or not at all, and is on the disk when it
+    // returns. Between BeginTrans and CommitTrans that holds for all of them together. Closing the
+    // database rolls back. Errors: kTransaction, kReadOnly; CommitTrans also kDiskError, kDiskFull.
+
+    void BeginTrans();
+    void CommitTrans();
+    void Rollback();
 
 private:
     struct Impl;

@@ -169,4 +169,69 @@ void FailKey(std::string_view what)
     throw Error(kInvalidArgument, "Chiave di ricerca non valida: " + std::string(what) + ".");
 }
 
+void FailNoEditBegun()
+{
+    throw Error(kNoEditBegun, "Nessuna modifica iniziata: chiamare prima Edit o AddNew.");
+}
+
+void FailNotForQueries()
+{
+    throw Error(kNotSupported, "Le righe di un'interrogazione non hanno indici.");
+}
+
+void FailSyntax(std::u16string_view rest)
+{
+    throw Error(kSyntaxError, "Errore di sintassi nell'interrogazione, " +
+                                  (rest.empty() ? "alla fine." : "qui: " + Quoted(rest) + "."));
+}
+
+void FailWrongType(std::u16string_view column)
+{
+    throw Error(kWrongType,
+                "Il campo " + Quoted(column) + " non può contenere un valore di questo tipo.");
+}
+
+void FailFieldOverflow(std::u16string_view column)
+{
+    throw Error(kFieldOverflow, "Il numero è troppo grande per il campo " + Quoted(column) + ".");
+}
+
+void FailFieldTooSmall(std::u16string_view column)
+{
+    throw Error(kFieldTooSmall, "Il valore è troppo lungo per il campo " + Quoted(column) + ".");
+}
+
+void FailCharacter(std::u16string_view column)
+{
+    throw Error(kWrongType, "Il testo per il campo " + Quoted(column) +
+                                " contiene un carattere che il database non può conservare.");
+}
+
+void FailNotSupported(std::u16string_view column)
+{
+    throw Error(kNotSupported, "Il campo " + Quoted(column) + " non può essere modificato.");
+}
+
+void FailRecordTooLong()
+{
+    throw Error(kRecordTooLong, "La riga è troppo lunga. Accorciare i testi.");
+}
+
+void FailDuplicateKey(std::u16string_view index)
+{
+    throw Error(kDuplicateKey, "La modifica darebbe valori doppi nell'indice " + Quoted(index) +
+                                   ", che non li ammette.");
+}
+
+void FailNullInKey(std::u16string_view index)
+{
+    throw Error(kNullInKey, "I campi dell'indice " + Quoted(index) + " non possono restare vuoti.");
+}
+
+void FailIndexUnknown(std::u16string_view index, std::string_view why)
+{
+    throw Error(kNotSupported, "L'indice " + Quoted(index) + " non può essere aggiornato: " +
+                                   std::string(why) + ". La modifica non è stata fatta.");
+}
+
 }  // namespace jet

@@ -40,4 +40,22 @@ namespace jet
 [[noreturn]] void FailNoCurrentRecord();
 [[noreturn]] void FailKey(std::string_view what);
 
+// Changes that are refused. Those of a column name it.
+
+[[noreturn]] void FailNoEditBegun();
+[[noreturn]] void FailNotForQueries();
+/// `rest` is the part of the statement that was not understood.
+[[noreturn]] void FailSyntax(std::u16string_view rest);
+[[noreturn]] void FailWrongType(std::u16string_view column);
+[[noreturn]] void FailFieldOverflow(std::u16string_view column);
+[[noreturn]] void FailFieldTooSmall(std::u16string_view column);
+/// A character that the file cannot hold.
+[[noreturn]] void FailCharacter(std::u16string_view column);
+[[noreturn]] void FailNotSupported(std::u16string_view column);
+[[noreturn]] void FailRecordTooLong();
+[[noreturn]] void FailDuplicateKey(std::u16string_view index);
+[[noreturn]] void FailNullInKey(std::u16string_view index);
+/// An index that the change would have to keep and the engine cannot: `why` in Italian.
+[[noreturn]] void FailIndexUnknown(std::u16string_view index, std::string_view why);
+
 }  // namespace jet

@@ -1,5 +1,7 @@
 #include "jet/file_order.h"
 
+#include <algorithm>
+
 namespace jet
 {
 
@@ -64,9 +66,23 @@ std::optional<RowPointer> FileOrder::Backward()
     }
 }
 
+void FileOrder::Refresh()
+{
+    const auto& pages = table_.DataPages();
+    page_index_ =
+        static_cast<std::size_t>(std::ranges::lower_bound(pages, number_) - pages.begin());
+    page_.reset();
+    if (page_index_ == pages.size() || pages[page_index_] != number_) {
+        row_ = 0;  // its page has gone as well
+    } else {
+        LoadPage();
+    }
+}
+
 std::size_t FileOrder::LoadPage()
 {
     if (!page_) {
+        number_ = table_.DataPages()[page_index_];
         page_.emplace(table_.ReadDataPage(table_.DataPages()[page_index_]));
     }
     return page_->RowCount();

@@ -17,6 +17,7 @@ public:
     std::optional<RowPointer> Last() override;
     std::optional<RowPointer> Next() override;
     std::optional<RowPointer> Previous() override;
+    void Refresh() override;
 
 private:
     std::optional<RowPointer> Forward();
@@ -26,6 +27,7 @@ private:
     Table& table_;
     std::optional<DataPage> page_;
     std::size_t page_index_ = 0;  // place in the table's list of data pages
+    std::uint32_t number_ = 0;    // the page there
     std::size_t row_ = 0;         // place in the page
 };
 

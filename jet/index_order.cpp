@@ -83,6 +83,7 @@ bool IndexOrder::SkipEmptyLeaves(Direction direction)
 RowPointer IndexOrder::TakeEntry()
 {
     leaf_->CopyEntry(at_, entry_);
+    between_ = false;
     return RowOfEntry(entry_);
 }
 
@@ -110,7 +111,7 @@ std::optional<RowPointer> IndexOrder::Last()
 std::optional<RowPointer> IndexOrder::Step(Direction direction)
 {
     const bool forward = direction == Direction::Forward;
-    at_ += forward ? 1 : 0;
+    at_ += forward && !between_ ? 1 : 0;
     if (!SkipEmptyLeaves(direction)) {
         return std::nullopt;
     }
@@ -133,13 +134,36 @@ std::optional<RowPointer> IndexOrder::Previous()
     return Step(Direction::Backward);
 }
 
-std::optional<RowPointer> IndexOrder::Seek(const KeyBytes& key)
+// To the first entry of the leaf that is not before `wanted`, or behind its last.
+void IndexOrder::DescendTo(const KeyBytes& wanted)
 {
     Descend([&](const IndexPage& node) {
-        const std::size_t child = node.LowerBound(key);
+        const std::size_t child = node.LowerBound(wanted);
         return child < node.EntryCount() ? node.Child(child) : LastChild(node);
     });
-    at_ = leaf_->LowerBound(key);
+    at_ = leaf_->LowerBound(wanted);
+}
+
+void IndexOrder::StandOn(const KeyBytes& entry)
+{
+    entry_ = entry;
+    Refresh();
+}
+
+void IndexOrder::Refresh()
+{
+    DescendTo(entry_);
+    between_ = true;
+    if (at_ < leaf_->EntryCount()) {
+        KeyBytes found;
+        leaf_->CopyEntry(at_, found);
+        between_ = found != entry_;
+    }
+}
+
+std::optional<RowPointer> IndexOrder::Seek(const KeyBytes& key)
+{
+    DescendTo(key);
     if (!SkipEmptyLeaves(Direction::Forward)) {
         return std::nullopt;
     }

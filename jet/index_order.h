@@ -22,6 +22,10 @@ public:
     std::optional<RowPointer> Last() override;
     std::optional<RowPointer> Next() override;
     std::optional<RowPointer> Previous() override;
+    void Refresh() override;
+
+    /// Makes an entry the place, there or not.
+    void StandOn(const KeyBytes& entry);
 
     /// The first row with exactly this key.
     std::optional<RowPointer> Seek(const KeyBytes& key);
@@ -32,6 +36,7 @@ private:
     IndexPage Load(std::uint32_t page);
     template <typename ChooseChild>
     void Descend(ChooseChild choose);
+    void DescendTo(const KeyBytes& wanted);
     bool StepLeaf(Direction direction);
     bool SkipEmptyLeaves(Direction direction);
     std::optional<RowPointer> Step(Direction direction);
@@ -42,8 +47,9 @@ private:
     std::uint32_t root_;
     std::optional<IndexPage> leaf_;
     std::size_t at_ = 0;
-    KeyBytes entry_;     // the current one
-    KeyBytes previous_;  // the one that the cursor stood on before
+    bool between_ = false;  // the current entry has gone; at_ is that of the next one
+    KeyBytes entry_;        // the current one
+    KeyBytes previous_;     // the one that the cursor stood on before
 };
 
 }  // namespace jet

@@ -1,7 +1,8 @@
 #include "jet/long_value.h"
 
-#include "jet/data_page.h"
+#include "jet/data_page_writer.h"
 #include "jet/failure.h"
+#include "jet/long_value_writer.h"
 
 //  offset  size  long value in a row
 //  0       4     length in the low 30 bits, kind in the two highest
@@ -79,6 +80,26 @@ std::vector<std::uint8_t> ReadLongValue(PageFile& file, Bytes field)
             return JoinChain(file, at, length);
         default:
             FailDamaged("valore lungo di forma sconosciuta");
+    }
+}
+
+// Erasing the first piece makes it unreadable, so a chain that runs in a circle ends in an error.
+void EraseLongValue(PageFile& file, Bytes field)
+{
+    if (field.size() < kHeader) {
+        FailDamaged("valore lungo senza intestazione");
+    }
+    const std::uint32_t kind = U32(field, 0) >> kKindShift;
+    RowPointer at = kind == kInRow ? RowPointer{} : RowPointerAt(field, 4);
+    while (at.page != 0) {
+        const StoredRow piece = ReadPiece(file, at);
+        const RowPointer next = kind == kChain && piece.bytes.size() >= kNextBytes
+                                    ? RowPointerAt(piece.bytes, 0)
+                                    : RowPointer{};
+        DataPageWriter page(file.Format(), piece.page);
+        page.Erase(at.row);
+        file.Write(at.page, page.Take());
+        at = next;
     }
 }
 

@@ -44,6 +44,7 @@ public:
     PageFile(const PageFile&) = delete;
     PageFile& operator=(const PageFile&) = delete;
 
+    OpenMode Mode() const { return access_; }
     const jet::Format& Format() const { return *format_; }
     std::uint32_t PageCount() const { return page_count_; }
     Storage& System() const { return storage_; }

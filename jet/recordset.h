@@ -10,9 +10,9 @@
 namespace jet
 {
 
-/// A table-type cursor: it stands on one row, before the first or behind the last, in an empty
-/// table both at once, and nowhere after a search without result or a move that failed.
-/// Every member may report kDamagedFile or kDiskError.
+/// A cursor on the rows of a table or of a query: it stands on one row, before the first or behind
+/// the last, in an empty table both at once, and nowhere after a search without result or a move
+/// that failed. Every member may report kDamagedFile or kDiskError.
 class Recordset
 {
 public:
@@ -44,6 +44,28 @@ public:
     /// the index's sort order has no code for); the cursor then stays where it is.
     virtual void Seek(const std::vector<Value>& key) = 0;
     virtual bool NoMatch() const = 0;
+
+    // Changes, in a database opened for them (else kReadOnly). Edit or AddNew begins one, SetField
+    // fills it in, Update makes it. Moving or searching gives it up. Each Update or Delete is done
+    // as a whole or not at all, with all indexes; behind an error nothing has changed.
+
+    /// Begins a change of the current row. Errors: kReadOnly, kNoCurrentRecord.
+    virtual void Edit() = 0;
+    /// Begins a new row, all Null and False. Errors: kReadOnly.
+    virtual void AddNew() = 0;
+    /// Field gives the new value from now on. Whole numbers are taken by every kind of number,
+    /// single and double by each other. Errors, which name the column: kColumnNotFound;
+    /// kNoEditBegun; kWrongType, kFieldOverflow, kFieldTooSmall for a value that the column cannot
+    /// hold; kNotSupported for autonumbers and for memo and OLE columns, which stay as they are.
+    virtual void SetField(std::u16string_view column, const Value& value) = 0;
+    /// After Edit the cursor stands on the row changed, after AddNew where it stood before.
+    /// Errors: kNoEditBegun; kDuplicateKey, kNullInKey; kNotSupported for an index that the engine
+    /// cannot keep; kRecordTooLong; kDiskFull. The change can then be corrected and made again.
+    virtual void Update() = 0;
+    virtual void CancelUpdate() = 0;
+    /// Removes the current row; none is current then, and MoveNext goes to the one behind it.
+    /// Errors: kReadOnly, kNoCurrentRecord.
+    virtual void Delete() = 0;
 };
 
 }  // namespace jet

@@ -116,8 +116,13 @@ std::optional<Bytes> Row::Field(const ColumnLayout& column) const
     if (column.slot >= slots_) {
         return std::nullopt;
     }
-    const std::size_t start = VariableOffset(column.slot);
-    const std::size_t end = VariableOffset(column.slot + std::size_t{1});
+    return Slot(column.slot);
+}
+
+Bytes Row::Slot(std::size_t slot) const
+{
+    const std::size_t start = VariableOffset(slot);
+    const std::size_t end = VariableOffset(slot + 1);
     if (start > end || end > VariableOffset(slots_)) {
         Fail();
     }

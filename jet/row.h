@@ -31,6 +31,16 @@ public:
     /// The bytes of any other column, nothing when it is null. Errors: kDamagedFile.
     std::optional<Bytes> Field(const ColumnLayout& column) const;
 
+    /// The fixed part, behind the column count.
+    Bytes FixedPart() const
+    {
+        return stored_.bytes.subspan(count_bytes_, fixed_end_ - count_bytes_);
+    }
+    std::size_t ColumnCount() const { return columns_; }
+    std::size_t SlotCount() const { return slots_; }
+    /// Errors: kDamagedFile.
+    Bytes Slot(std::size_t slot) const;
+
     std::uint32_t PageNumber() const { return stored_.page.Number(); }
 
 private:

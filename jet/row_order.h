@@ -18,6 +18,10 @@ public:
     // From the row given last, by whatever member; there must be one.
     virtual std::optional<RowPointer> Next() = 0;
     virtual std::optional<RowPointer> Previous() = 0;
+
+    /// The table has changed. The place stays, even when its row has gone: Next and Previous then
+    /// lead to its neighbours.
+    virtual void Refresh() = 0;
 };
 
 }  // namespace jet

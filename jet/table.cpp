@@ -3,6 +3,7 @@
 #include "jet/failure.h"
 #include "jet/usage_map.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace jet
@@ -41,6 +42,22 @@ Row Table::ReadRow(RowPointer home) const
         FailDamaged(home.page, "rinvio a una riga che non c'è");
     }
     return Row(file_.Format(), shape_, std::move(stored));
+}
+
+bool Table::HasRow(RowPointer home) const
+{
+    if (!std::ranges::binary_search(data_pages_, home.page)) {
+        return false;
+    }
+    const DataPage page = ReadDataPage(home.page);
+    return home.row < page.RowCount() && IsHome(page.State(home.row));
+}
+
+void Table::Reload(std::shared_ptr<const TableLayout> definition)
+{
+    data_pages_ = ReadUsageMap(file_, definition->data_map);
+    definition_ = std::move(definition);
+    shape_ = ShapeOf(*definition_);
 }
 
 std::size_t Table::CountRows() const

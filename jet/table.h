@@ -18,6 +18,7 @@ public:
 
     PageFile& File() const { return file_; }
     const TableLayout& Definition() const { return *definition_; }
+    const std::shared_ptr<const TableLayout>& SharedDefinition() const { return definition_; }
     /// Ascending.
     const std::vector<std::uint32_t>& DataPages() const { return data_pages_; }
 
@@ -25,6 +26,12 @@ public:
 
     /// The row whose home is there, wherever it has been moved to.
     Row ReadRow(RowPointer home) const;
+
+    /// Whether a row still has its home there.
+    bool HasRow(RowPointer home) const;
+
+    /// Reads the list of data pages again, and takes a definition that has changed.
+    void Reload(std::shared_ptr<const TableLayout> definition);
 
     /// Rows in the directories of the data pages. The count in the definition is not always right.
     std::size_t CountRows() const;

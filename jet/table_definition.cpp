@@ -16,6 +16,7 @@
 //  27     47     4     logical indexes
 //  31     51     4     real indexes
 //  35     55     4     row pointer of the map of data pages
+//  39     59     4     row pointer of the map of data pages with free space
 //  43     63           end of the header
 //
 // Then: a counter block per real index, the column blocks, the column names, a key block per real
@@ -34,7 +35,11 @@ constexpr std::size_t kKeyColumns = 10;
 constexpr std::uint16_t kNoColumn = 0xFFFF;
 constexpr std::uint8_t kFixedFlag = 0x01;
 constexpr std::uint8_t kAscendingFlag = 0x01;
+constexpr std::uint8_t kAutonumberFlag = 0x04;
+constexpr std::uint8_t kCompressedFlag = 0x01;
 constexpr std::uint8_t kUniqueFlag = 0x01;
+constexpr std::uint8_t kIgnoreNullsFlag = 0x02;
+constexpr std::uint8_t kRequiredFlag = 0x08;
 constexpr std::uint8_t kPrimaryKind = 1;
 
 /// Walks through the stream; running past its end is damage.
@@ -92,6 +97,8 @@ Counts ReadHeader(const Format& format, Reader& reader, TableLayout& table)
     table.columns_ever = U16(header, 1);
     table.variable_slots = U16(header, 3);
     table.data_map = RowPointerAt(header, 15);
+    table.free_map = RowPointerAt(header, 19);
+    table.user = header[0] == kUserTable;
     const Counts counts{U16(header, 5), U32(header, 7), U32(header, 11)};
     if (counts.columns > std::min<std::size_t>(kMostColumns, table.columns_ever)) {
         reader.Fail("numero di campi impossibile");
@@ -105,6 +112,9 @@ ColumnLayout ColumnFromBlock(const Format& format, Bytes block)
     column.type = static_cast<ColumnType>(block[0]);
     column.id = U16(block, format.column.id);
     column.fixed = (block[format.column.flags] & kFixedFlag) != 0;
+    column.autonumber = (block[format.column.flags] & kAutonumberFlag) != 0;
+    column.compressed = format.column.extended_flags != 0 &&
+                        (block[format.column.extended_flags] & kCompressedFlag) != 0;
     column.slot = U16(block, format.column.slot);
     column.fixed_offset = U16(block, format.column.fixed_offset);
     column.length = U16(block, format.column.length);
@@ -157,7 +167,11 @@ RealIndex ReadRealIndex(const Format& format, Reader& reader, const TableLayout&
                                  (block[at + 2] & kAscendingFlag) != 0});
     }
     index.root = U32(block, format.definition.key_root);
-    index.unique = (block[format.definition.key_flags] & kUniqueFlag) != 0;
+    index.map = RowPointerAt(block, format.definition.key_map);
+    const std::uint8_t flags = block[format.definition.key_flags];
+    index.unique = (flags & kUniqueFlag) != 0;
+    index.ignore_nulls = (flags & kIgnoreNullsFlag) != 0;
+    index.required = (flags & kRequiredFlag) != 0;
     return index;
 }
 
@@ -170,8 +184,9 @@ LogicalIndex ReadLogicalIndex(const Format& format, Reader& reader, TableLayout&
     if (index.real >= table.real_indexes.size()) {
         reader.Fail("indice che non c'è");
     }
-    // Not every writer sets the flag of a primary key.
+    // Not every writer sets the flags of a primary key.
     table.real_indexes[index.real].unique |= index.primary;
+    table.real_indexes[index.real].required |= index.primary;
     return index;
 }
 

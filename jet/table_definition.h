@@ -17,6 +17,8 @@ struct ColumnLayout {
     std::uint8_t scale = 0;          ///< Numeric only
     std::uint16_t sort_order = 0;
     std::uint8_t sort_version = 0;
+    bool autonumber = false;
+    bool compressed = false;  ///< texts may be stored with a byte per character, Jet 4
 };
 
 struct KeyColumn {
@@ -28,7 +30,10 @@ struct KeyColumn {
 struct RealIndex {
     std::vector<KeyColumn> columns;
     std::uint32_t root = 0;
+    RowPointer map;
     bool unique = false;
+    bool ignore_nulls = false;  ///< rows whose key is all Null are not in it
+    bool required = false;      ///< no Null in the key
 };
 
 struct LogicalIndex {
@@ -42,10 +47,18 @@ struct TableLayout {
     std::uint16_t columns_ever = 0;    ///< columns created so far; every id is below
     std::uint16_t variable_slots = 0;  ///< deleted columns included; every slot is below
     RowPointer data_map;
+    RowPointer free_map;  ///< data pages worth trying for a new row; page 0 = there is no such map
+    bool user = true;     ///< not one of the engine's own tables
     std::vector<ColumnLayout> columns;  ///< ascending by id
     std::vector<RealIndex> real_indexes;
     std::vector<LogicalIndex> logical_indexes;
 };
+
+/// Type of a column whose values lie on pages of their own.
+inline bool IsLong(ColumnType type)
+{
+    return type == ColumnType::Memo || type == ColumnType::Ole;
+}
 
 /// Reads the definition that begins on that page. Errors: kDamagedFile, kDiskError.
 TableLayout ReadTableDefinition(PageFile& file, std::uint32_t page);

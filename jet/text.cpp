@@ -92,4 +92,47 @@ std::optional<std::u16string> DecodeText(const Format& format, Bytes text)
     return format.unicode ? DecodeRowText(text) : DecodeCodePage(text);
 }
 
+std::vector<std::uint8_t> EncodeUtf16(std::u16string_view text)
+{
+    std::vector<std::uint8_t> bytes;
+    for (const char16_t unit : text) {
+        bytes.push_back(static_cast<std::uint8_t>(unit & 0xFF));
+        bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
+    }
+    return bytes;
+}
+
+// Texts of one or two characters are never compressed: the mark would make them longer or no
+// shorter. A character 00 would switch the mode, so a text with one stays as it is.
+std::optional<std::vector<std::uint8_t>> EncodeRowText(std::u16string_view text, bool may_compress)
+{
+    constexpr std::size_t kShortestCompressed = 3;
+    if (!text.empty() && text.front() == 0xFEFF) {
+        return std::nullopt;
+    }
+    const bool narrow =
+        std::ranges::all_of(text, [](char16_t unit) { return unit > 0 && unit < 0x100; });
+    if (!may_compress || !narrow || text.size() < kShortestCompressed) {
+        return EncodeUtf16(text);
+    }
+    std::vector<std::uint8_t> bytes{0xFF, 0xFE};
+    for (const char16_t unit : text) {
+        bytes.push_back(static_cast<std::uint8_t>(unit));
+    }
+    return bytes;
+}
+
+std::optional<std::vector<std::uint8_t>> EncodeCodePage(std::u16string_view text)
+{
+    std::vector<std::uint8_t> bytes;
+    for (const char16_t unit : text) {
+        const auto byte = CodePageByte(unit);
+        if (!byte) {
+            return std::nullopt;
+        }
+        bytes.push_back(*byte);
+    }
+    return bytes;
+}
+
 }  // namespace jet

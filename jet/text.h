@@ -5,6 +5,8 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace jet
 {
@@ -26,5 +28,15 @@ std::optional<std::u16string> DecodeRowText(Bytes text);
 
 /// Text of a row in the file's form.
 std::optional<std::u16string> DecodeText(const Format& format, Bytes text);
+
+/// Text for a Jet 4 row, compressed when that is allowed, shorter and possible. Nothing for a text
+/// that would be taken for a compressed one: it begins with U+FEFF and cannot be compressed.
+std::optional<std::vector<std::uint8_t>> EncodeRowText(std::u16string_view text, bool may_compress);
+
+/// UTF-16LE.
+std::vector<std::uint8_t> EncodeUtf16(std::u16string_view text);
+
+/// Nothing when the code page does not have a character.
+std::optional<std::vector<std::uint8_t>> EncodeCodePage(std::u16string_view text);
 
 }  // namespace jet
