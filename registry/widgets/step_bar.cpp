@@ -29,7 +29,7 @@ void StepBar::Drive(QLineEdit* field)
     connect(this, &QScrollBar::valueChanged, field_,
             [field](int value) { field->setText(QString::number(value)); });
     connect(field_, &QLineEdit::textChanged, this, [this](const QString& text) {
-        const QSignalBlocker quietly(this);
+        const QSignalBlocker quietly(*this);
         setValue(std::clamp(WholeNumberOrZero<int>(text), minimum(), maximum()));
     });
 }
