@@ -67,6 +67,8 @@ void FillChoices(Contenitore& window)
     window.CaricaComboPorta();
     window.CaricaComboVelocita();
     window.Controls().NomeFile->setText(QStringLiteral("TIMBRAT.TXT"));
+    // The register came before the choices: the first terminal's are shown now that they are there.
+    window.SelectTerminalLine(0);
 }
 
 }  // namespace

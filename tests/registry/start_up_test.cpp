@@ -149,6 +149,19 @@ TEST_F(StartUpTest, FillsTheChoices)
     EXPECT_EQ(controls.NomeFile->text(), QStringLiteral("TIMBRAT.TXT"));
 }
 
+TEST_F(StartUpTest, ShowsTheFirstTerminalWithItsChoices)
+{
+    Database("nimbo-full-97.mdb");
+    Start();
+    const Ui::Contenitore& controls = window.Controls();
+    EXPECT_EQ(controls.ListaTerminali->currentRow(), 0);
+    EXPECT_EQ(controls.ComboTipoTerminale->currentText(), QStringLiteral("Orlo II"));
+    EXPECT_EQ(controls.ComboPorta->currentText(), QStringLiteral("Com 1"));
+    EXPECT_EQ(controls.ComboVelocita->currentText(), QStringLiteral("2400"));
+    EXPECT_EQ(controls.ComboRitardo->currentText(), QStringLiteral(",1"));
+    EXPECT_TRUE(controls.LabelModifiche->text().isEmpty());
+}
+
 TEST_F(StartUpTest, OldDatabaseIsLoadedWithoutItsMissingColumns)
 {
     Database("nimbo-base-2000.mdb");
