@@ -21,12 +21,12 @@ using namespace orlo;
 
 int RunWindow(const CommandLine& command_line, LineTrace& trace, Termination& termination)
 {
-    MessageBoxes dialog;
+    MessageBoxes dialog(termination);
     Desk desk(command_line, dialog, trace);
     Contenitore& window = desk.Window();
     dialog.SetParentWindow(&window);
     const StartUpOutcome start_up = StartUp(window, command_line.configuration_file);
-    if (start_up.end == StartUpOutcome::End::InUse) return kNotAllDone;
+    if (start_up.end == StartUpOutcome::End::InUse || Termination::Requested()) return kNotAllDone;
 
     QObject::connect(&termination, &Termination::Asked, &window, [&window] { window.close(); });
     QObject::connect(&window, &Contenitore::LeaveRequested, qApp, [&desk] {
