@@ -52,6 +52,7 @@ private:
     bool TakeAnswer(std::string_view answer);
     void CountAgain();
     void WatchForIdleAnswers(std::int16_t count_before);
+    void StopDisagreeing(const QString& text);
     bool FailedAttempt(const QString& caption);
     void StoringFailed();
     void TellCritical(const QString& text);
@@ -67,6 +68,8 @@ private:
     MemoryAnswer status_;
     int attempt_ = 1;
     int idle_answers_ = 0;
+    int delivered_at_this_count_ = 0;
+    bool counts_disagree_ = false;
     bool too_many_records_ = false;
     /// What the last attempt failed by; without any attempt the number of attempts is the reason.
     QString attempt_failure_ = QStringLiteral("Il numero di tentativi è 0.");
@@ -83,8 +86,7 @@ AcquisitionOutcome SerialAcquisition::Run()
     }
     controls_.PanelTentativi->clear();
     controls_.PannelloPercentuale->setValue(0);
-    if (idle_answers_ >= kMostIdleAnswers)
-        TellCritical(failure_);
+    if (idle_answers_ >= kMostIdleAnswers) TellCritical(failure_);
     if (too_many_records_)
         TellCritical(QStringLiteral("Il terminale ha risposto con più di %1 timbrature: non sono "
                                     "state scritte e restano nel terminale.")
@@ -153,13 +155,26 @@ void SerialAcquisition::CountAgain()
     WatchForIdleAnswers(count_before);
 }
 
+/// Ends what would go on for ever: a terminal whose memory and count disagree.
 void SerialAcquisition::WatchForIdleAnswers(std::int16_t count_before)
 {
-    const bool idle = acceptance_.LastAnswer().records == 0 && count_ >= count_before;
-    idle_answers_ = idle ? idle_answers_ + 1 : 0;
+    const int delivered = acceptance_.LastAnswer().WholeRecords();
+    const bool lower = count_ < count_before;
+    idle_answers_ = lower || delivered > 0 ? 0 : idle_answers_ + 1;
+    delivered_at_this_count_ = lower ? 0 : delivered_at_this_count_ + delivered;
+    if (count_ == 0) return;
     if (idle_answers_ >= kMostIdleAnswers)
-        Stop(QStringLiteral("Il terminale dichiara %1 timbrature da acquisire ma non ne consegna.")
-                 .arg(count_));
+        StopDisagreeing(
+            QStringLiteral("Il terminale dichiara %1 timbrature da acquisire ma non ne consegna."));
+    else if (delivered_at_this_count_ > count_ + kMostRecordsInAnswer)
+        StopDisagreeing(QStringLiteral(
+            "Il terminale dichiara sempre %1 timbrature da acquisire e ne ha consegnate di più."));
+}
+
+void SerialAcquisition::StopDisagreeing(const QString& text)
+{
+    Stop(text.arg(count_));
+    counts_disagree_ = true;
 }
 
 bool SerialAcquisition::FailedAttempt(const QString& caption)
@@ -211,6 +226,10 @@ AcquisitionOutcome SerialAcquisition::Outcome() const
             return {.done = false, .reason = QStringLiteral("Timeout")};
         case MemoryAnswer::BadFrame:
             return {.done = false, .reason = QStringLiteral("RX Error")};
+        case MemoryAnswer::NoCounters:
+            return {
+                .done = false,
+                .reason = QStringLiteral("La risposta del terminale non contiene i contatori.")};
         case MemoryAnswer::PortNotOpen:
         case MemoryAnswer::NotAsked:
             break;

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -50,9 +51,12 @@ PunchFile::~PunchFile()
 bool PunchFile::Open(const QString& name)
 {
     path_ = QFile::encodeName(name);
-    descriptor_ =
-        open(path_.constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, kReadableByAll);
+    // O_NONBLOCK: a pipe that nobody reads is an error, not a wait without end.
+    constexpr int kAppending = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK;
+    descriptor_ = open(path_.constData(), kAppending, kReadableByAll);
     if (descriptor_ < 0) return Fail(errno);
+    // Another program that appends meanwhile would lose its lines when ours are cut back.
+    if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return Fail(errno);
     SyncFolderOf(path_);
     return true;
 }

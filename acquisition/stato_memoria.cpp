@@ -47,7 +47,8 @@ MemoryAnswer AskSerialTerminal(Contenitore& window, const TerminalModel& model,
     outcome.setText(QStringLiteral("Comunicazione OK"));
     StoreCounters(window.State(), model.counting, answer);
     ShowCounters(window, model);
-    return answer == kRxError ? MemoryAnswer::BadFrame : MemoryAnswer::Good;
+    if (answer == kRxError) return MemoryAnswer::BadFrame;
+    return IsMemoryStatus(answer) ? MemoryAnswer::Good : MemoryAnswer::NoCounters;
 }
 
 }  // namespace

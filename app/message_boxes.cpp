@@ -49,6 +49,7 @@ int MessageBoxes::Show(QMessageBox& box) const
 void MessageBoxes::Tell(DialogIcon icon, const QString& title, const QString& text,
                         const QString& informative)
 {
+    if (Termination::Requested()) return;
     QMessageBox box(BoxIcon(icon), title, text, QMessageBox::Ok, parent_);
     box.setInformativeText(informative);
     Show(box);

@@ -122,7 +122,6 @@ void TerminalForm::Show(const TerminalRecord& slot)
     ui_.ComboRitardo->Show(DelayText(slot.Ritardo));
     ui_.CheckModem->setChecked(slot.AbilitazioneModem != kFalse);
     ui_.NumeroTelefono->setText(slot.Modem);
-    ui_.NomeCard->setMaxLength(kObjectNameCardLimit);
     ui_.NomeCard->setText(slot.NomeCard);
     ui_.BidirectionalCheck->setChecked(slot.Bidirezionale != kFalse);
     for (const NumberField& number : numbers_)

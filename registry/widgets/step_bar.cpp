@@ -10,13 +10,14 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <limits>
 
 namespace orlo
 {
 
 StepBar::StepBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent)
 {
-    setRange(0, 99);
+    setRange(0, std::numeric_limits<std::int16_t>::max());
     setFocusPolicy(Qt::NoFocus);
     // The style paints a scroll bar that goes upwards; the presses are mapped to it below.
     setInvertedAppearance(true);

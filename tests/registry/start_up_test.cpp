@@ -177,9 +177,10 @@ TEST_F(StartUpTest, NumberOutOfRangeEndsTheFillWithoutABox)
     EXPECT_EQ(Start().end, StartUpOutcome::End::Complete);
     EXPECT_TRUE(pc.dialog.told.empty());
     EXPECT_LT(Lines().size(), 6);
-    EXPECT_EQ(window.Controls().PannelloComunicazione->Remark(),
-              QStringLiteral("Il registro non è stato letto fino in fondo: 9 Il numero di terminale "
-                             "0 non è compreso fra 1 e 32."));
+    EXPECT_EQ(
+        window.Controls().PannelloComunicazione->Remark(),
+        QStringLiteral("Il registro non è stato letto fino in fondo: 9 Il numero di terminale "
+                       "0 non è compreso fra 1 e 32."));
     EXPECT_EQ(window.Controls().NomeFile->text(), QStringLiteral("TIMBRAT.TXT"))
         << "start-up went on";
 }

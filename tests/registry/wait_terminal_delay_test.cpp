@@ -3,6 +3,7 @@
 #include "tests/support/test_workstation.h"
 
 #include <gtest/gtest.h>
+
 #include <stdexcept>
 
 namespace orlo
