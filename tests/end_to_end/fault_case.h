@@ -1,0 +1,84 @@
+#pragma once
+
+#include "tests/end_to_end/installation.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+namespace orlo::end_to_end
+{
+
+/// A terminal 4, a Strale, that holds 25 punches: it hands over answers 1, 2 and 3 of ten, ten and
+/// five punches, then answer 4, which is empty. Something happens to the line on the way.
+struct FaultCase {
+    const char* name;
+    /// In the simulator's words.
+    const char* fault;
+    /// What goes over the line in the first run of the program.
+    const char* requests;
+    /// Answers in the punch file after that, e.g. "1 2 2 3" when answer 2 is there twice.
+    const char* answers;
+    /// Standard error of the first run; empty when it did all there was to do.
+    const char* complaint = "";
+    /// Answers in the punch file after a second run; empty when the first needs no second.
+    const char* answers_in_the_end = "";
+};
+
+inline void PrintTo(const FaultCase& fault_case, std::ostream* out)
+{
+    *out << fault_case.name;
+}
+
+class FaultTest : public testing::TestWithParam<FaultCase>
+{
+protected:
+    const Installation installation;
+    const std::vector<Punch> punches = VariedPunches(25);
+
+    /// The lines of those answers.
+    Lines Answers(const std::string& numbers) const
+    {
+        Lines lines;
+        for (const char number : numbers) {
+            if (number == ' ') continue;
+            const auto first = punches.begin() + (number - '1') * 10;
+            const auto last = number == '3' ? punches.end() : first + 10;
+            const Lines answer = StandardLines({first, last}, 4, "9:", "12");
+            lines.insert(lines.end(), answer.begin(), answer.end());
+        }
+        return lines;
+    }
+
+    void RunThroughTheFault(std::vector<std::string> more = {})
+    {
+        installation.Register({{.terminal = 4}});
+        more.insert(more.end(), {"--guasto", GetParam().fault});
+        const auto line = installation.SimulateStrale(punches, more);
+        const bool all_done = std::string(GetParam().complaint).empty();
+
+        const Ended first = installation.Run({"--acquisisci", "4"});
+        EXPECT_EQ(first.errors, GetParam().complaint);
+        EXPECT_EQ(first.status, all_done ? 0 : 1);
+        EXPECT_EQ(line->Commands(), GetParam().requests);
+        EXPECT_EQ(installation.PunchLines(), Answers(GetParam().answers));
+        if (all_done) {
+            EXPECT_EQ(line->State("4.da_acquisire"), "0");
+            return;
+        }
+        if (std::string(GetParam().fault).find("caduta") != std::string::npos)
+            line->WaitForReturn();
+        const Ended second = installation.Run({"--acquisisci", "4"});
+        EXPECT_EQ(second.errors, "");
+        EXPECT_EQ(second.status, 0);
+        EXPECT_EQ(installation.PunchLines(), Answers(GetParam().answers_in_the_end));
+        EXPECT_EQ(line->State("4.da_acquisire"), "0");
+    }
+};
+
+inline std::string NameOf(const testing::TestParamInfo<FaultCase>& fault_case)
+{
+    return fault_case.param.name;
+}
+
+}  // namespace orlo::end_to_end
