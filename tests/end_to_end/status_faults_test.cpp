@@ -7,6 +7,7 @@ namespace
 
 constexpr char kSmooth[] = "32 33OK 32 33OK 32 33OK 32 33OK 32";
 constexpr char kTimeout[] = "Terminale 4 non acquisito: Timeout\n";
+constexpr char kNoPort[] = "Terminale 4 non acquisito: Errore aprendo la COM\n";
 constexpr char kRxError[] = "Terminale 4 non acquisito: RX Error\n";
 
 class StatusFault : public FaultTest
@@ -26,7 +27,8 @@ INSTANTIATE_TEST_SUITE_P(
                     FaultCase{"LostAnswer", "32#1:silenzio", "32", "", kTimeout, "1 2 3"},
                     FaultCase{"NoCr", "32#1:senza-cr", "32", "", kTimeout, "1 2 3"},
                     FaultCase{"Half", "32#1:troncata", "32", "", kTimeout, "1 2 3"},
-                    FaultCase{"HangUp", "32#1:caduta", "32", "", kTimeout, "1 2 3"},
+                    // The device is gone when the acquisition wants to open it again.
+                    FaultCase{"HangUp", "32#1:caduta=1000", "32", "", kNoPort, "1 2 3"},
                     // A bad frame is shown as if it were good and its counters read 0.
                     FaultCase{"Checksum", "32#1:checksum-errato", "32", "", kRxError, "1 2 3"},
                     FaultCase{"LostByte", "32#1:byte-mancanti", "32", "", kRxError, "1 2 3"},
