@@ -10,6 +10,7 @@ namespace
 {
 
 constexpr std::size_t kCounterWidth = 5;
+constexpr std::string_view kToAcquire = "TrInMemory";
 
 std::string Cut(std::string_view answer, std::string_view label, std::size_t distance)
 {
@@ -27,8 +28,13 @@ std::string FiveDigits(int value)
 
 MemoryCounters CutMemoryCounters(std::string_view answer)
 {
-    return {Cut(answer, "TPnt ", 5), Cut(answer, "TrInMemory", 11), Cut(answer, "TpntOld", 8),
+    return {Cut(answer, "TPnt ", 5), Cut(answer, kToAcquire, 11), Cut(answer, "TpntOld", 8),
             Cut(answer, "TpntNew", 8)};
+}
+
+bool IsMemoryStatus(std::string_view answer)
+{
+    return answer.find(kToAcquire) != std::string_view::npos;
 }
 
 int PunchesInMemory(MemoryCounting counting, const std::string& TPnt)

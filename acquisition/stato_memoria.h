@@ -6,8 +6,9 @@
 namespace orlo
 {
 
-/// How the question for the punch memory ended. Only a good answer is one in a well-formed frame: a
-/// bad one is shown as if it were good and its counters read 0.
+/// How the question for the punch memory ended. Only a good answer is a memory status in a
+/// well-formed frame: a bad one is shown as if it were good, its counters being what stands in
+/// their place, 0 for a bad frame.
 enum class MemoryAnswer { Good, BadFrame, Timeout, PortNotOpen, NotAsked };
 
 /// Asks the current terminal how full its punch memory is and shows it in the four memory panels;

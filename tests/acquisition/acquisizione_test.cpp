@@ -169,6 +169,15 @@ TEST_F(Acquisizione, BadStatusFrameReadsZeroAndEndsTheAcquisition)
     EXPECT_EQ(PunchLines().size(), 25) << "the next acquisition acknowledges what was stored";
 }
 
+TEST_F(Acquisizione, StatusThatComesTooLateIsNotWrittenAsPunches)
+{
+    Connect("Strale", "timbrature=25", {"32#2:ritardo=2500"});
+    EXPECT_TRUE(Acquire().done);
+    EXPECT_EQ(PunchLines().size(), 25);
+    EXPECT_EQ(Transfers().mid(0, 3), (QStringList{QStringLiteral("33OK"), QStringLiteral("33OK"),
+                                                  QStringLiteral("33NO")}));
+}
+
 TEST_F(Acquisizione, StatusThatNeverCameLeavesTheCountOfTheOneBefore)
 {
     Connect("Strale", "timbrature=25", {"32#1:silenzio"});

@@ -30,7 +30,7 @@ inline void PrintTo(const FaultCase& fault_case, std::ostream* out)
     *out << fault_case.name;
 }
 
-class FaultTest : public testing::TestWithParam<FaultCase>
+class FaultTest : public testing::Test
 {
 protected:
     const Installation installation;
@@ -49,12 +49,16 @@ protected:
         }
         return lines;
     }
+};
 
-    void RunThroughTheFault(std::vector<std::string> more = {})
+/// A test of one case from its first run to its end.
+class FaultCaseTest : public FaultTest, public testing::WithParamInterface<FaultCase>
+{
+protected:
+    void RunThroughTheFault() const
     {
         installation.Register({{.terminal = 4}});
-        more.insert(more.end(), {"--guasto", GetParam().fault});
-        const auto line = installation.SimulateStrale(punches, more);
+        const auto line = installation.SimulateStrale(punches, {"--guasto", GetParam().fault});
         const bool all_done = std::string(GetParam().complaint).empty();
 
         const Ended first = installation.Run({"--acquisisci", "4"});
@@ -62,17 +66,19 @@ protected:
         EXPECT_EQ(first.status, all_done ? 0 : 1);
         EXPECT_EQ(line->Commands(), GetParam().requests);
         EXPECT_EQ(installation.PunchLines(), Answers(GetParam().answers));
-        if (all_done) {
-            EXPECT_EQ(line->State("4.da_acquisire"), "0");
-            return;
-        }
-        if (std::string(GetParam().fault).find("caduta") != std::string::npos)
-            line->WaitForReturn();
+        if (!all_done) RunAgain(*line);
+        EXPECT_EQ(line->State("4.da_acquisire"), "0");
+    }
+
+private:
+    void RunAgain(SimulatedLine& line) const
+    {
+        const bool line_fell = std::string(GetParam().fault).find("caduta") != std::string::npos;
+        if (line_fell) line.WaitForReturn();
         const Ended second = installation.Run({"--acquisisci", "4"});
         EXPECT_EQ(second.errors, "");
         EXPECT_EQ(second.status, 0);
         EXPECT_EQ(installation.PunchLines(), Answers(GetParam().answers_in_the_end));
-        EXPECT_EQ(line->State("4.da_acquisire"), "0");
     }
 };
 

@@ -10,7 +10,7 @@ constexpr char kTimeout[] = "Terminale 4 non acquisito: Timeout\n";
 constexpr char kNoPort[] = "Terminale 4 non acquisito: Errore aprendo la COM\n";
 constexpr char kRxError[] = "Terminale 4 non acquisito: RX Error\n";
 
-class StatusFault : public FaultTest
+class StatusFault : public FaultCaseTest
 {
 };
 

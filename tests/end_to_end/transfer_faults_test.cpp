@@ -13,7 +13,7 @@ constexpr char kRetried3[] = "32 33OK 32 33OK 32 33OK 33NO 32 33OK 32";
 constexpr char kRetried4[] = "32 33OK 32 33OK 32 33OK 32 33OK 33NO 32";
 constexpr char kTimeout[] = "Terminale 4 non acquisito: Timeout\n";
 
-class TransferFault : public FaultTest
+class TransferFault : public FaultCaseTest
 {
 };
 
