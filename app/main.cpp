@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 #include "app/desk.h"
+#include "app/italian.h"
 #include "app/message_boxes.h"
 #include "app/standard_error_dialog.h"
 #include "app/termination.h"
@@ -8,8 +9,7 @@
 #include "registry/start_up.h"
 
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QTranslator>
+#include <QLoggingCategory>
 
 #include <csignal>
 #include <cstdio>
@@ -21,12 +21,12 @@ using namespace orlo;
 
 int RunWindow(const CommandLine& command_line, LineTrace& trace, Termination& termination)
 {
-    MessageBoxes dialog;
+    MessageBoxes dialog(termination);
     Desk desk(command_line, dialog, trace);
     Contenitore& window = desk.Window();
     dialog.SetParentWindow(&window);
     const StartUpOutcome start_up = StartUp(window, command_line.configuration_file);
-    if (start_up.end == StartUpOutcome::End::InUse) return kNotAllDone;
+    if (start_up.end == StartUpOutcome::End::InUse || Termination::Requested()) return kNotAllDone;
 
     QObject::connect(&termination, &Termination::Asked, &window, [&window] { window.close(); });
     QObject::connect(&window, &Contenitore::LeaveRequested, qApp, [&desk] {
@@ -56,25 +56,40 @@ int Show(const CommandLineMessage& message)
     return kWrongUsage;
 }
 
-/// Italian whatever the environment says: numbers with a decimal comma, boxes with Sì and No.
-void SpeakItalian(QApplication& application)
+/// A run without a window needs neither display nor session, and Qt's remarks about a missing
+/// session (there is none under cron) are not for the operator.
+void DoWithoutSession()
 {
-    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
-    auto* const translator = new QTranslator(&application);
-    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (translator->load(QStringLiteral("qtbase_it"), folder))
-        QCoreApplication::installTranslator(translator);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
 }
 
-/// Looked for before there is an application: an unattended run and the help need no display.
-bool NeedsNoDisplay(int argc, char** argv)
+/// Before there is a window: usage errors and the help need no display.
+ParsedCommandLine ReadCommandLine(int argc, char** argv)
 {
-    for (int i = 1; i < argc; ++i) {
-        const QByteArray argument(argv[i]);
-        if (argument.startsWith("--acquisisci") || argument == "--help" || argument == "-h")
-            return true;
-    }
-    return false;
+    QCoreApplication application(argc, argv);
+    SpeakItalian(application);
+    return ParseCommandLine(QCoreApplication::arguments(), QCoreApplication::applicationDirPath());
+}
+
+int Run(QApplication& application, const CommandLine& command_line)
+{
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setApplicationDisplayName(QStringLiteral("Orlo Desk"));
+    SpeakItalian(application);
+    ApplyTheme(application, command_line.theme);
+
+    FileTrace file_trace;
+    NoTrace no_trace;
+    const bool traced = !command_line.trace_file.isEmpty();
+    QString error;
+    if (traced && !file_trace.Open(command_line.trace_file, error))
+        return Show({QStringLiteral("--traccia %1: %2").arg(command_line.trace_file, error), true});
+    LineTrace& trace = traced ? static_cast<LineTrace&>(file_trace) : no_trace;
+
+    Termination termination;
+    return command_line.Unattended() ? RunWithoutWindow(command_line, trace)
+                                     : RunWindow(command_line, trace, termination);
 }
 
 }  // namespace
@@ -84,29 +99,9 @@ int main(int argc, char** argv)
     // A punch file that grows over a limit must end in an error message, not in the end of the
     // program.
     std::signal(SIGXFSZ, SIG_IGN);
-    if (NeedsNoDisplay(argc, argv)) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setApplicationDisplayName(QStringLiteral("Orlo Desk"));
-    SpeakItalian(application);
-
-    const ParsedCommandLine parsed =
-        ParseCommandLine(QApplication::arguments(), QApplication::applicationDirPath());
+    const ParsedCommandLine parsed = ReadCommandLine(argc, argv);
     if (parsed.message) return Show(*parsed.message);
-    const CommandLine& command_line = parsed.command_line;
-    ApplyTheme(application, command_line.theme);
-
-    FileTrace file_trace;
-    NoTrace no_trace;
-    LineTrace* trace = &no_trace;
-    if (!command_line.trace_file.isEmpty()) {
-        QString error;
-        if (!file_trace.Open(command_line.trace_file, error))
-            return Show(
-                {QStringLiteral("--traccia %1: %2").arg(command_line.trace_file, error), true});
-        trace = &file_trace;
-    }
-    Termination termination;
-    return command_line.Unattended() ? RunWithoutWindow(command_line, *trace)
-                                     : RunWindow(command_line, *trace, termination);
+    if (parsed.command_line.Unattended()) DoWithoutSession();
+    QApplication application(argc, argv);
+    return Run(application, parsed.command_line);
 }

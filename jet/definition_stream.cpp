@@ -2,6 +2,8 @@
 
 #include "jet/failure.h"
 
+#include <algorithm>
+
 //  offset  size  table definition page
 //  0       2     type 2, 1
 //  4       4     next page of this definition, 0 = last
@@ -26,12 +28,13 @@ constexpr std::size_t kMostPages = 64;
 
 std::vector<std::uint8_t> ReadDefinitionStream(PageFile& file, std::uint32_t first_page)
 {
+    const std::size_t most_pages = std::min<std::size_t>(kMostPages, file.PageCount());
     std::vector<std::uint8_t> stream;
     std::size_t pages = 0;
     for (std::uint32_t number = first_page; number != 0; ++pages) {
         const Page page = file.Read(number);
         const Bytes content = page.Content();
-        if (content[0] != kDefinitionPage || pages == kMostPages) {
+        if (content[0] != kDefinitionPage || pages == most_pages) {
             FailDamaged(number, "definizione di tabella interrotta");
         }
         const Bytes part = content.subspan(stream.empty() ? 0 : kPageHeader);

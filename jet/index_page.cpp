@@ -88,7 +88,7 @@ void IndexPage::CopyEntry(std::size_t entry, KeyBytes& to) const
     to.assign(prefix.begin(), prefix.end());
     to.insert(to.end(), rest.begin(), rest.end());
     if (!IsLeaf()) {
-        to.resize(to.size() - kChildBytes);
+        to.erase(to.end() - kChildBytes, to.end());
     }
 }
 

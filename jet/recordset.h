@@ -10,7 +10,8 @@
 namespace jet
 {
 
-/// A table-type cursor: it stands on one row, before the first or behind the last.
+/// A table-type cursor: it stands on one row, before the first or behind the last, in an empty
+/// table both at once, and nowhere after a search without result or a move that failed.
 /// Every member may report kDamagedFile or kDiskError.
 class Recordset
 {
@@ -19,9 +20,9 @@ public:
 
     virtual void MoveFirst() = 0;
     virtual void MoveLast() = 0;
-    /// Errors: kNoCurrentRecord when the cursor already stands behind the last row.
+    /// Errors: kNoCurrentRecord when the cursor already stands behind the last row or nowhere.
     virtual void MoveNext() = 0;
-    /// Errors: kNoCurrentRecord when the cursor already stands before the first row.
+    /// Errors: kNoCurrentRecord when the cursor already stands before the first row or nowhere.
     virtual void MovePrevious() = 0;
     virtual bool AtBof() const = 0;
     virtual bool AtEof() const = 0;
@@ -39,7 +40,8 @@ public:
 
     /// Moves to the first row whose key equals the values, one per index column in order. When
     /// there is none, NoMatch() is true and no row is current.
-    /// Errors: kNoIndexSelected, kInvalidArgument (wrong number or kind of values).
+    /// Errors: kNoIndexSelected, kInvalidArgument (wrong number or kind of values, or a text that
+    /// the index's sort order has no code for); the cursor then stays where it is.
     virtual void Seek(const std::vector<Value>& key) = 0;
     virtual bool NoMatch() const = 0;
 };

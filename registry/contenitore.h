@@ -85,7 +85,7 @@ public:
 signals:
     /// The operator wants to leave (cmdUscita, the window's close button, the end of the session)
     /// and no command runs. The window does not close by itself: whoever hears this ends the
-    /// program.
+    /// program, and may close the window while hearing it.
     void LeaveRequested();
 
 protected:
@@ -96,6 +96,7 @@ protected:
 private:
     class CommandScope;
 
+    void AskToLeave();
     void ConnectControls();
     void ConnectPanels();
 
@@ -138,6 +139,7 @@ private:
     bool may_save_ = false;
     bool running_ = false;
     bool leave_after_command_ = false;
+    bool leaving_ = false;
     QString task_;
 };
 

@@ -66,16 +66,25 @@ void Contenitore::RunCommand(QAbstractButton* button, const QString& task, Escap
         command();
     }
     if (button->isEnabled()) button->setFocus();
-    if (std::exchange(leave_after_command_, false)) emit LeaveRequested();
+    if (std::exchange(leave_after_command_, false)) AskToLeave();
 }
 
 void Contenitore::closeEvent(QCloseEvent* event)
 {
-    event->ignore();
+    // Whoever ends the program because of the question closes the window with it.
+    event->setAccepted(leaving_);
     if (running_)
         leave_after_command_ = true;
     else
-        emit LeaveRequested();
+        AskToLeave();
+}
+
+void Contenitore::AskToLeave()
+{
+    if (leaving_) return;
+    leaving_ = true;
+    emit LeaveRequested();
+    leaving_ = false;
 }
 
 void Contenitore::SetFeatureAvailable(QAbstractButton* button, bool available)

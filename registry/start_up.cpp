@@ -43,7 +43,7 @@ StartUpOutcome DatabaseFailed(Contenitore& window, const jet::Error& error)
         window.State().CurrentPriority = 0;
     else
         ShowDatabaseError(window.Station().dialog, error);
-    return {StartUpOutcome::End::Incomplete, DatabaseErrorText(error)};
+    return {StartUpOutcome::End::Incomplete, DatabaseErrorText(error).trimmed()};
 }
 
 /// False when another program was quicker and has the database.
@@ -67,6 +67,8 @@ void FillChoices(Contenitore& window)
     window.CaricaComboPorta();
     window.CaricaComboVelocita();
     window.Controls().NomeFile->setText(QStringLiteral("TIMBRAT.TXT"));
+    // The register came before the choices: the first terminal's are shown now that they are there.
+    window.SelectTerminalLine(0);
 }
 
 }  // namespace

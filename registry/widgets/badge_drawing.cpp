@@ -53,19 +53,25 @@ std::vector<BadgeField> OverlapsOf(const BadgeLayout& layout)
     return overlaps;
 }
 
-BadgeField FreePart(BadgeField field, const BadgeLayout& layout)
+BadgeField FreePart(const BadgeField& field, const BadgeLayout& layout)
 {
-    const BadgeField whole = field;
-    for (const BadgeField& other : {layout.plant, layout.company, layout.badge}) {
-        if (other == whole || other.length <= 0 || other.start >= EndOf(field) ||
-            EndOf(other) <= field.start)
-            continue;
-        if (other.start > whole.start)
-            field.length = other.start - field.start;
-        else
-            field = {EndOf(other), std::max(0, EndOf(field) - EndOf(other))};
+    const auto claims = [](const BadgeField& one, int position) {
+        return position >= one.start && position < EndOf(one);
+    };
+    const std::array fields{layout.plant, layout.company, layout.badge};
+    BadgeField longest;
+    BadgeField run;
+    const int end = std::min(EndOf(field), field.start + kLongestDrawn);
+    for (int position = field.start; position < end; ++position) {
+        const auto claimants = std::count_if(
+            fields.begin(), fields.end(), [&](const auto& one) { return claims(one, position); });
+        if (claimants > 1)
+            run.length = 0;
+        else if (run.length++ == 0)
+            run.start = position;
+        if (run.length > longest.length) longest = run;
     }
-    return field;
+    return longest;
 }
 
 BadgeDrawing::BadgeDrawing(QWidget* parent) : QWidget(parent)

@@ -39,9 +39,8 @@ BadgePositions PositionsOf(const BadgeLayout& layout);
 /// Positions that more than one field claims, in order.
 std::vector<BadgeField> OverlapsOf(const BadgeLayout& layout);
 
-/// What of `field` no other field claims, for its name to stand in: the part before a field that
-/// begins in it, or behind one that began earlier.
-BadgeField FreePart(BadgeField field, const BadgeLayout& layout);
+/// The longest part of one of the layout's fields that no other one claims: there its name stands.
+BadgeField FreePart(const BadgeField& field, const BadgeLayout& layout);
 
 /// The badge as a row of characters: which of them are plant code, company code and badge number.
 class BadgeDrawing : public QWidget

@@ -117,7 +117,7 @@ void RegisterList::focusInEvent(QFocusEvent* event)
     if (currentIndex().isValid())
         QListWidget::focusInEvent(event);
     else
-        QAbstractScrollArea::focusInEvent(event);
+        viewport()->update();
 }
 
 void RegisterList::mousePressEvent(QMouseEvent* event)

@@ -27,12 +27,10 @@ void StepBar::Drive(QLineEdit* field)
     field_ = field;
     field_->installEventFilter(this);
     connect(this, &QScrollBar::valueChanged, field_,
-            [this](int value) { field_->setText(QString::number(value)); });
+            [field](int value) { field->setText(QString::number(value)); });
     connect(field_, &QLineEdit::textChanged, this, [this](const QString& text) {
-        const QSignalBlocker quietly(this);
-        const double number = NumericValue(text);
-        setValue(static_cast<int>(
-            std::clamp(number, static_cast<double>(minimum()), static_cast<double>(maximum()))));
+        const QSignalBlocker quietly(*this);
+        setValue(std::clamp(WholeNumberOrZero<int>(text), minimum(), maximum()));
     });
 }
 

@@ -181,6 +181,14 @@ TEST_F(ContenitoreCommands, LeavingIsAskedByButtonAndByClosing)
     EXPECT_TRUE(window.isVisible());
 }
 
+TEST_F(ContenitoreCommands, WhoeverHearsThatMayCloseTheWindow)
+{
+    QObject::connect(&window, &Contenitore::LeaveRequested, &window, [this] { window.close(); });
+    Run([this] { window.close(); });
+    EXPECT_EQ(leave.count(), 1);
+    EXPECT_FALSE(window.isVisible());
+}
+
 TEST_F(ContenitoreCommands, ACloseAskedForMeanwhileFollowsTheCommandOnce)
 {
     Run([this] {

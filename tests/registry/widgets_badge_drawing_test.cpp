@@ -43,6 +43,8 @@ TEST(BadgeFreePart, LeavesOutWhatOtherFieldsClaim)
     EXPECT_EQ(FreePart(plant, apart), plant);
     const BadgeLayout covered{{2, 2}, {}, {1, 8}, 0};
     EXPECT_EQ(FreePart({2, 2}, covered).length, 0);
+    EXPECT_EQ(FreePart({1, 8}, covered), (BadgeField{4, 5}));
+    EXPECT_EQ(FreePart({3, 0}, apart).length, 0);
 }
 
 }  // namespace orlo

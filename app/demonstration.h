@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/desk.h"
+
+#include <QDir>
+
+namespace orlo
+{
+
+/// The main window driven without a display: every serial terminal of the register is acquired by
+/// its button, and pictures of the window in its states are saved.
+class Demonstration
+{
+public:
+    /// The desk's start-up must be done. Pictures go into `pictures`, which must exist.
+    Demonstration(Desk& desk, const QDir& pictures);
+
+    /// Acquires terminal after terminal and says on standard output how each went. True when all
+    /// were emptied.
+    bool AcquireAll();
+
+    /// Saves the window as it is, under that name.
+    void TakePicture(const QString& name);
+
+    /// Saves the window with the terminals selected one after the other.
+    void TakePictureOfEveryTerminal(const QString& suffix);
+
+private:
+    bool AcquireSelected();
+    void TakePictureInTheMiddle();
+
+    Contenitore& window_;
+    QDir pictures_;
+    bool middle_taken_ = false;
+};
+
+}  // namespace orlo
