@@ -28,11 +28,12 @@ std::string NewFolder()
     return pattern;
 }
 
-/// What a plain shell without a display has, and nothing that the tests themselves run with.
+/// What a scheduler gives, without display and session, and nothing that the tests themselves run
+/// with.
 std::vector<std::string> PlainEnvironment(const std::string& folder)
 {
-    std::vector<std::string> environment = {"HOME=" + folder, "XDG_RUNTIME_DIR=" + folder,
-                                            "PATH=/usr/bin:/bin", "LC_ALL=C.UTF-8"};
+    std::vector<std::string> environment = {"HOME=" + folder, "PATH=/usr/bin:/bin",
+                                            "LC_ALL=C.UTF-8"};
     for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"})
         if (const char* value = std::getenv(name))
             environment.push_back(std::string(name) + "=" + value);

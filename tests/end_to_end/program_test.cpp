@@ -138,7 +138,7 @@ TEST_F(Program, MissingConfigurationMeansTheWorkingFolder)
     ExpectAcquired(installation.Run({"--acquisisci", "4"}));
 }
 
-TEST_F(Program, WrongUsageIsToldAndEndsWith2)
+TEST_F(Program, WrongUsageIsToldWithoutADisplayAndEndsWith2)
 {
     const std::vector<std::vector<std::string>> wrong = {
         {"--acquisisci", "0"},
@@ -146,6 +146,8 @@ TEST_F(Program, WrongUsageIsToldAndEndsWith2)
         {"--acquisisci", "4,quattro"},
         {"--acquisisci", ""},
         {"--acquisisci"},
+        {"--file", "a.txt"},
+        {"--boh"},
         {"--acquisisci", "4", "di troppo"},
         {"--acquisisci", "4", "--boh"},
         {"--acquisisci", "4", "--tema", "verde"},
