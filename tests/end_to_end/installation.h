@@ -74,6 +74,9 @@ public:
     /// Starts it with nothing but these arguments.
     Ended RunBare(const std::vector<std::string>& arguments) const;
 
+    /// Shows the windows of what is started from now on where nobody sees them.
+    void ShowOffScreen() { surroundings_.environment.emplace_back("QT_QPA_PLATFORM=offscreen"); }
+
     /// No file that the program writes may grow beyond so many bytes.
     void LimitFiles(rlim_t bytes) { surroundings_.longest_file = bytes; }
     void LiftLimit() { surroundings_.longest_file.reset(); }

@@ -1,3 +1,4 @@
+#include "tests/end_to_end/folder_watch.h"
 #include "tests/end_to_end/installation.h"
 #include "tests/end_to_end/journal_pipe.h"
 
@@ -87,6 +88,19 @@ INSTANTIATE_TEST_SUITE_P(Interruption, Signal, testing::Values(SIGTERM, SIGINT, 
                          [](const auto& signal) {
                              return std::string("SIG") + sigabbrev_np(signal.param);
                          });
+
+TEST(MainWindow, SignalClosesItAndTakesTheLockFileAway)
+{
+    Installation installation;
+    installation.ShowOffScreen();
+    const FolderWatch folder(installation.PathOf(""));
+    const auto program = installation.Start({});
+    ASSERT_TRUE(folder.WaitFor("nimbo.ldb"));
+    program->Signal(SIGTERM);
+    const Ended ended = program->Wait();
+    EXPECT_LE(ended.status, 1) << "neither killed nor crashed";
+    EXPECT_FALSE(installation.Has("nimbo.ldb"));
+}
 
 // Killed behind the acknowledgement of the first answer: what it acknowledged is in the file. Its
 // lock file stays behind, as after any crash.
