@@ -111,9 +111,14 @@ void SerialAcquisition::AcquireOneAnswer(SerialPortControl& port)
 /// One request and its answer; true when the answer was accepted.
 bool SerialAcquisition::TryOnce(SerialPortControl& port)
 {
+    const bool asks_again = acceptance_.AsksAgain();
     const std::string answer = ExchangeTelegram(
         window_.Station(), port, window_.State().CurrentTerminalNumber, acceptance_.NextRequest());
-    if (answer != kTimeout && answer != kRxError) return TakeAnswer(answer);
+    const bool arrived = answer != kTimeout && answer != kRxError;
+    // A terminal that was only late answers the request that was given up and the repeated one. Its
+    // second answer would be taken for the answer to the next request, and so on to the end.
+    if (asks_again || !arrived) LetLineRunOut(window_.Station(), port);
+    if (arrived) return TakeAnswer(answer);
     acceptance_.ExchangeFailed();
     return FailedAttempt(answer == kTimeout ? QStringLiteral("Timeout")
                                             : QStringLiteral("RX Error"));
@@ -122,6 +127,8 @@ bool SerialAcquisition::TryOnce(SerialPortControl& port)
 bool SerialAcquisition::TakeAnswer(std::string_view answer)
 {
     switch (acceptance_.Take(answer)) {
+        case AnswerAcceptance::Result::NoPunches:
+            return FailedAttempt(QStringLiteral("RX Error"));
         case AnswerAcceptance::Result::TooManyRecords:
             too_many_records_ = true;
             return FailedAttempt(

@@ -5,6 +5,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -22,6 +23,14 @@ bool IsOutOfRoom(int system_error)
 {
     return system_error == ENOSPC || system_error == EDQUOT || system_error == EFBIG ||
            system_error == EIO;
+}
+
+/// A limit on the length of files is not asked when space behind the end is secured, only when it
+/// is written to.
+bool IsOverTheLimit(off_t length)
+{
+    rlimit limit{};
+    return getrlimit(RLIMIT_FSIZE, &limit) == 0 && static_cast<rlim_t>(length) > limit.rlim_cur;
 }
 
 /// A new file is only safe once its name is: the folder is synced too. A folder that cannot be
@@ -65,6 +74,7 @@ bool PunchFile::SecureRoom(std::size_t bytes)
 {
     const off_t end = lseek(descriptor_, 0, SEEK_END);
     if (end < 0) return true;
+    if (IsOverTheLimit(end + static_cast<off_t>(bytes))) return Fail(EFBIG);
     if (fallocate(descriptor_, FALLOC_FL_KEEP_SIZE, end, static_cast<off_t>(bytes)) == 0)
         return true;
     return IsOutOfRoom(errno) ? Fail(errno) : true;
