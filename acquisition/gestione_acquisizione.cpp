@@ -200,7 +200,9 @@ void SerialAcquisition::StoringFailed()
     controls_.PannelloComunicazione->setText(QStringLiteral("Errore: timbrature non scritte"));
     window_.Station().dialog.Tell(
         DialogIcon::Critical, QStringLiteral("Attenzione"), failure_,
-        QStringLiteral("Le timbrature restano nel terminale e saranno richieste di nuovo."));
+        QStringLiteral(
+            "Le timbrature sono ancora nel terminale: rimediare e acquisire di nuovo prima "
+            "di chiudere il programma."));
 }
 
 void SerialAcquisition::TellCritical(const QString& text)

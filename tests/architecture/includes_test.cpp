@@ -72,10 +72,12 @@ std::vector<SourceFile> ProgramSources()
 {
     const fs::path root = ORLO_SOURCE_ROOT;
     std::vector<SourceFile> sources;
-    for (const auto& [folder, unused] : kMayInclude)
+    for (const auto& [folder, unused] : kMayInclude) {
+        if (!fs::exists(root / folder)) continue;  // a feature that has no code yet
         for (const auto& entry : fs::recursive_directory_iterator(root / folder))
             if (entry.path().extension() == ".h" || entry.path().extension() == ".cpp")
                 sources.push_back(ReadSource(root, entry.path()));
+    }
     return sources;
 }
 
