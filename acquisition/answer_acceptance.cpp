@@ -9,7 +9,7 @@ namespace
 {
 
 /// The longest line with its CR LF, as often as an answer may hold records.
-constexpr std::size_t kMostBytesOfAnswer = kMostRecordsInAnswer * (258 + 2);
+constexpr std::size_t kMostBytesOfAnswer = std::size_t{kMostRecordsInAnswer} * (258 + 2);
 
 }  // namespace
 
