@@ -124,8 +124,8 @@ TEST_F(Interruption, FileWithdrawnInTheMiddleIsToldAndItsAnswerNotAcknowledged)
     EXPECT_EQ(ended.status, 1);
     EXPECT_THAT(ended.errors, HasSubstr("Attenzione: Impossibile scrivere le timbrature nel file "
                                         "\"TIMBRAT.TXT\": "));
-    EXPECT_THAT(ended.errors,
-                HasSubstr("Le timbrature restano nel terminale e saranno richieste di nuovo.\n"));
+    EXPECT_THAT(ended.errors, HasSubstr("Le timbrature sono ancora nel terminale: rimediare e "
+                                        "acquisire di nuovo prima di chiudere il programma.\n"));
     EXPECT_EQ(installation.PunchLines("preso.txt"), FirstLines(10));
     EXPECT_FALSE(installation.Has("TIMBRAT.TXT"));
     EXPECT_EQ(line->State("4.acquisite"), "10");
