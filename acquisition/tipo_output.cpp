@@ -21,14 +21,30 @@ OutputSetting ReadSetting(jet::Database& database)
             TextField(*rows, u"Codice_Azienda").value_or(QString())};
 }
 
+void MakeTable(jet::Database& database)
+{
+    constexpr int kPlantCodeLength = 20;
+    jet::TableDefinition table;
+    table.name = u"Output";
+    table.columns = {{u"Tracciato", jet::ColumnType::Integer, 2},
+                     {u"Codice_Azienda", jet::ColumnType::Text, kPlantCodeLength}};
+    database.CreateTable(table);
+}
+
 OutputSetting SettingOrDefaults(jet::Database& database)
 {
     try {
         return ReadSetting(database);
     } catch (const jet::Error& error) {
-        if (error.Number() == jet::kTableNotFound) return {};
-        throw;
+        if (error.Number() != jet::kTableNotFound) throw;
     }
+    try {
+        MakeTable(database);
+    } catch (const jet::Error& error) {
+        // A register that can only be read has the defaults; acquiring goes on.
+        if (error.Number() != jet::kReadOnly) throw;
+    }
+    return {};
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 #include "registry/contenitore.h"
+#include "registry/database_error.h"
 #include "registry/list_line.h"
 #include "registry/numeric_value.h"
 #include "registry/terminal_form.h"
+#include "registry/terminal_row.h"
 #include "registry/text_blanks.h"
 
 #include "ui_contenitore.h"
@@ -164,21 +166,23 @@ void Contenitore::cmdAggiorna_Click()
     });
 }
 
+// The row is written first: when that fails, neither slot nor list has changed. A number without a
+// row writes nothing and gives no message; the window edits terminals and never adds one.
 void Contenitore::SaveSelected(const TerminalRecord& entered)
 {
     const int n = SelectedTerminal();
-    *SelectedSlot() = entered;
     try {
         if (jet::Recordset* cursor = state_.TerminalsRecordset.get()) {
             cursor->SetIndex(u"TERMINALE");
             cursor->Seek({std::int32_t{n}});
+            if (!cursor->NoMatch()) StoreTerminalRow(*cursor, entered);
         }
-        ui_->ListaTerminali->MoveCurrentToEnd(CostruzioneStringa(state_, n));
-        ui_->LabelModifiche->setText(tr("Valide fino alla chiusura del programma"));
     } catch (const jet::Error& error) {
-        workstation_.dialog.Tell(DialogIcon::Critical, QStringLiteral("Attenzione"),
-                                 QString::fromUtf8(error.what()));
+        ShowDatabaseError(workstation_.dialog, error);
+        return;
     }
+    *SelectedSlot() = entered;
+    ui_->ListaTerminali->MoveCurrentToEnd(CostruzioneStringa(state_, n));
 }
 
 }  // namespace orlo

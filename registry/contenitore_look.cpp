@@ -74,8 +74,7 @@ void Contenitore::DeriveLook()
     ui_->LabelNomeCard->setMinimumWidth(Widest(metrics, {"Nome:", "Cod.Impianto:"}));
     ui_->LabelPercentuale->setMinimumWidth(Widest(metrics, {"Restano:", "Completato:"}));
     ui_->LabelScarto->setMinimumWidth(Widest(metrics, {"−00 min"}));
-    ui_->LabelModifiche->setMinimumWidth(
-        Widest(metrics, {"Modifiche non salvate", "Valide fino alla chiusura del programma"}));
+    ui_->LabelModifiche->setMinimumWidth(Widest(metrics, {"Modifiche non salvate"}));
     ui_->LabelTerminale->setMinimumWidth(QFontMetrics(ui_->LabelTerminale->font())
                                              .horizontalAdvance(QStringLiteral("Terminale n°00")));
     ui_->PannelloPercentuale->setMinimumWidth(metrics.averageCharWidth() * 15);

@@ -3,6 +3,7 @@
 #include "registry/database_error.h"
 #include "registry/field_value.h"
 #include "registry/list_line.h"
+#include "registry/schema_upgrade.h"
 #include "registry/terminal_row.h"
 
 namespace orlo
@@ -25,19 +26,42 @@ std::int16_t SlotNumber(jet::Recordset& rows)
     return number;
 }
 
+/// Reads the current row into its slot and adds its line; true for an Orlo or a Sipa.
+bool TakeRow(Contenitore& window)
+{
+    ProgramState& state = window.State();
+    jet::Recordset& row = *state.TerminalsRecordset;
+    const std::int16_t number = SlotNumber(row);
+    TerminalRecord& slot = state.TerminalTable[static_cast<std::size_t>(number - 1)];
+    slot.Terminale = number;
+    LoadTerminalRow(row, slot);
+    const QString description = TextField(row, u"Descrizione").value_or(slot.Descrizione);
+    window.AddTerminalLine(ListLine(number, slot, description));
+    const TerminalModel* const model = ModelByCode(slot.Tipo);
+    return model != nullptr && model->family == LinkFamily::Object;
+}
+
+void MoveToRow(jet::Recordset& rows, std::size_t index)
+{
+    rows.MoveFirst();
+    for (std::size_t row = 0; row < index; ++row) rows.MoveNext();
+}
+
 void FillFromRows(Contenitore& window, bool& object_terminals)
 {
     ProgramState& state = window.State();
-    jet::Recordset& rows = *state.TerminalsRecordset;
-    for (rows.MoveFirst(); !rows.AtEof(); rows.MoveNext()) {
-        const std::int16_t number = SlotNumber(rows);
-        TerminalRecord& slot = state.TerminalTable[static_cast<std::size_t>(number - 1)];
-        slot.Terminale = number;
-        LoadTerminalRow(rows, slot);
-        const TerminalModel* const model = ModelByCode(slot.Tipo);
-        if (model != nullptr && model->family == LinkFamily::Object) object_terminals = true;
-        window.AddTerminalLine(
-            ListLine(number, slot, TextField(rows, u"Descrizione").value_or(slot.Descrizione)));
+    std::size_t row = 0;
+    for (MoveToRow(*state.TerminalsRecordset, row); !state.TerminalsRecordset->AtEof();) {
+        try {
+            object_terminals = TakeRow(window) || object_terminals;
+            ++row;
+            state.TerminalsRecordset->MoveNext();
+        } catch (const jet::Error& error) {
+            if (error.Number() != jet::kColumnNotFound || !NuovoCampo(state, error)) throw;
+            // The cursor was reopened on the first row; the row that lacked the column is read
+            // again.
+            MoveToRow(*state.TerminalsRecordset, row);
+        }
     }
 }
 

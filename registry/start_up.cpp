@@ -46,12 +46,23 @@ StartUpOutcome DatabaseFailed(Contenitore& window, const jet::Error& error)
     return {StartUpOutcome::End::Incomplete, DatabaseErrorText(error).trimmed()};
 }
 
+/// For reading and writing; a file or folder without write permission can still be read.
+std::unique_ptr<jet::Database> OpenDatabase(const std::filesystem::path& file)
+{
+    try {
+        return jet::Database::Open(file, jet::OpenMode::ReadWrite);
+    } catch (const jet::Error& error) {
+        if (error.Number() != jet::kAccessDenied) throw;
+        return jet::Database::Open(file, jet::OpenMode::ReadOnly);
+    }
+}
+
 /// False when another program was quicker and has the database.
 bool OpenRegister(Contenitore& window)
 {
     ProgramState& state = window.State();
     const std::filesystem::path file = DatabaseFile(state, QStringLiteral("nimbo.mdb"));
-    state.Database = jet::Database::Open(file);
+    state.Database = OpenDatabase(file);
     state.DatabaseLock = jet::LockFile::Create(jet::LockFile::NameFor(file));
     if (state.DatabaseLock == nullptr && jet::LockFile::CanBeRead(jet::LockFile::NameFor(file)))
         return false;

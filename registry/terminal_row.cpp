@@ -2,110 +2,109 @@
 
 #include "registry/field_value.h"
 
-#include <algorithm>
-#include <array>
-
 namespace orlo
 {
 
 namespace
 {
 
-/// Columns that databases of earlier years lack.
-constexpr std::array<std::u16string_view, 16> kLaterColumns = {u"Ritardo",
-                                                               u"NomeCard",
-                                                               u"LenCard",
-                                                               u"Bidirezionale",
-                                                               u"InizioImpianto",
-                                                               u"LenImpianto",
-                                                               u"InizioAzienda",
-                                                               u"LenAzienda",
-                                                               u"InizioBadge",
-                                                               u"LenBadge",
-                                                               u"Tentativi",
-                                                               u"Impianto",
-                                                               u"Abilitazione_Modem",
-                                                               u"TIPO",
-                                                               u"Modem",
-                                                               u"Priorita_Secondaria"};
-
-bool IsLaterColumn(std::u16string_view column)
-{
-    return std::find(kLaterColumns.begin(), kLaterColumns.end(), column) != kLaterColumns.end();
-}
-
-/// One row as the slot wants it: a column of later years that the table lacks reads as Null.
-class TerminalRow
+/// The current row's values, taken into the fields of a slot.
+class TakenFrom
 {
 public:
-    explicit TerminalRow(jet::Recordset& row) : row_(row) {}
+    explicit TakenFrom(jet::Recordset& row) : row_(row) {}
 
     template <typename Integer>
-    void Into(Integer& field, std::u16string_view column)
+    void operator()(Integer& field, std::u16string_view column) const
     {
-        Load(column, [&] {
-            if (const auto value = IntegerField<Integer>(row_, column)) field = *value;
-        });
+        if (const auto value = IntegerField<Integer>(row_, column)) field = *value;
     }
-
-    void Into(float& field, std::u16string_view column)
+    void operator()(float& field, std::u16string_view column) const
     {
-        Load(column, [&] {
-            if (const auto value = SingleField(row_, column)) field = *value;
-        });
+        if (const auto value = SingleField(row_, column)) field = *value;
     }
-
     /// Texts are padded with blanks, or cut, to the width of their field.
-    void Into(QString& field, std::u16string_view column, int width)
+    void operator()(QString& field, std::u16string_view column, int width) const
     {
-        Load(column, [&] {
-            if (const auto value = TextField(row_, column))
-                field = value->left(width).leftJustified(width);
-        });
+        if (const auto value = TextField(row_, column))
+            field = value->left(width).leftJustified(width);
+    }
+    void YesNo(std::int16_t& field, std::u16string_view column) const { (*this)(field, column); }
+
+private:
+    jet::Recordset& row_;
+};
+
+/// The fields of a slot, set in the current row.
+class SetIn
+{
+public:
+    explicit SetIn(jet::Recordset& row) : row_(row) {}
+
+    void operator()(std::int32_t field, std::u16string_view column) const
+    {
+        row_.SetField(column, field);
+    }
+    void operator()(float field, std::u16string_view column) const { row_.SetField(column, field); }
+    void operator()(const QString& field, std::u16string_view column, int width) const
+    {
+        row_.SetField(column, field.left(width).leftJustified(width).toStdU16String());
+    }
+    void YesNo(std::int16_t field, std::u16string_view column) const
+    {
+        row_.SetField(column, field != kFalse);
     }
 
 private:
-    template <typename Loading>
-    void Load(std::u16string_view column, Loading loading)
-    {
-        try {
-            loading();
-        } catch (const jet::Error& error) {
-            if (error.Number() != jet::kColumnNotFound || !IsLaterColumn(column)) throw;
-        }
-    }
-
     jet::Recordset& row_;
 };
+
+/// Every column of the register but the number, in the order of reading and writing.
+template <typename Slot, typename Column>
+void ForEachColumn(Slot& slot, const Column& column)
+{
+    column(slot.Tipo, u"TIPO");
+    column(slot.Funzionamento, u"Funzionamento");
+    column(slot.Descrizione, u"Descrizione", kDescriptionWidth);
+    column.YesNo(slot.Attivo, u"Attivo");
+    column(slot.Modalita, u"Modalita");
+    column(slot.Porta, u"Porta");
+    column(slot.Priorita, u"Priorita");
+    column(slot.PrioritaSecondaria, u"Priorita_Secondaria");
+    column(slot.Velocita, u"Velocita");
+    column(slot.Modem, u"Modem", kPhoneWidth);
+    column.YesNo(slot.AbilitazioneModem, u"Abilitazione_Modem");
+    column(slot.Impianto, u"Impianto");
+    column(slot.Tentativi, u"Tentativi");
+    column(slot.Ritardo, u"Ritardo");
+    column(slot.NomeCard, u"NomeCard", kCardNameWidth);
+    column(slot.LenCard, u"LenCard");
+    column.YesNo(slot.Bidirezionale, u"Bidirezionale");
+    column(slot.InizioImpianto, u"InizioImpianto");
+    column(slot.InizioAzienda, u"InizioAzienda");
+    column(slot.InizioBadge, u"InizioBadge");
+    column(slot.LenImpianto, u"LenImpianto");
+    column(slot.LenAzienda, u"LenAzienda");
+    column(slot.LenBadge, u"LenBadge");
+}
 
 }  // namespace
 
 void LoadTerminalRow(jet::Recordset& row, TerminalRecord& slot)
 {
-    TerminalRow values(row);
-    values.Into(slot.Tipo, u"TIPO");
-    values.Into(slot.Funzionamento, u"Funzionamento");
-    values.Into(slot.Descrizione, u"Descrizione", kDescriptionWidth);
-    values.Into(slot.Attivo, u"Attivo");
-    values.Into(slot.Modalita, u"Modalita");
-    values.Into(slot.Porta, u"Porta");
-    values.Into(slot.Priorita, u"Priorita");
-    values.Into(slot.PrioritaSecondaria, u"Priorita_Secondaria");
-    values.Into(slot.Velocita, u"Velocita");
-    values.Into(slot.Modem, u"Modem", kPhoneWidth);
-    values.Into(slot.AbilitazioneModem, u"Abilitazione_Modem");
-    values.Into(slot.Impianto, u"Impianto");
-    values.Into(slot.Tentativi, u"Tentativi");
-    values.Into(slot.Ritardo, u"Ritardo");
-    values.Into(slot.NomeCard, u"NomeCard", kCardNameWidth);
-    values.Into(slot.LenCard, u"LenCard");
-    values.Into(slot.Bidirezionale, u"Bidirezionale");
-    values.Into(slot.InizioImpianto, u"InizioImpianto");
-    values.Into(slot.InizioAzienda, u"InizioAzienda");
-    values.Into(slot.InizioBadge, u"InizioBadge");
-    values.Into(slot.LenImpianto, u"LenImpianto");
-    values.Into(slot.LenAzienda, u"LenAzienda");
-    values.Into(slot.LenBadge, u"LenBadge");
+    ForEachColumn(slot, TakenFrom(row));
+}
+
+void StoreTerminalRow(jet::Recordset& row, const TerminalRecord& slot)
+{
+    row.Edit();
+    try {
+        ForEachColumn(slot, SetIn(row));
+        row.Update();
+    } catch (const jet::Error&) {
+        row.CancelUpdate();
+        throw;
+    }
 }
 
 }  // namespace orlo

@@ -69,7 +69,6 @@ public:
     std::size_t RecordCount() override { return rows_.size(); }
     jet::Value Field(std::u16string_view column) override
     {
-        if (failure != 0) throw jet::Error(failure, "disco guasto");
         EXPECT_EQ(column, u"Descrizione");
         return at_->second;
     }
@@ -79,7 +78,30 @@ public:
         at_ = rows_.find(std::get<std::int32_t>(key.at(0)));
     }
     bool NoMatch() const override { return at_ == rows_.end(); }
+    void Edit() override
+    {
+        if (failure != 0) throw jet::Error(failure, "disco guasto");
+        edited.clear();
+    }
+    void AddNew() override { ADD_FAILURE() << "the window never adds a terminal"; }
+    void SetField(std::u16string_view column, const jet::Value& value) override
+    {
+        if (refuses == column) throw jet::Error(jet::kFieldOverflow, "valore troppo grande");
+        edited.emplace_back(std::u16string(column), value);
+    }
+    void Update() override
+    {
+        ++updates;
+        for (const auto& [column, value] : edited)
+            if (column == u"Descrizione") at_->second = value;
+    }
+    void CancelUpdate() override { edited.clear(); }
+    void Delete() override { ADD_FAILURE() << "the window never removes a terminal"; }
 
+    /// What the last change set, in order.
+    std::vector<std::pair<std::u16string, jet::Value>> edited;
+    int updates = 0;
+    std::u16string refuses;
     std::u16string index;
     int failure = 0;
 

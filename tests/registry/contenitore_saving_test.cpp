@@ -35,7 +35,7 @@ TEST_F(ContenitoreSaving, MovesTheLineToTheEndAndShowsTheNextTerminal)
     EXPECT_EQ(TextOf("Tentativi"), QStringLiteral("3"));
     EXPECT_EQ(Slot(3).Tentativi, 9);
     EXPECT_EQ(chosen.count(), 1);
-    EXPECT_EQ(TextOf("LabelModifiche"), QStringLiteral("Valide fino alla chiusura del programma"));
+    EXPECT_EQ(TextOf("LabelModifiche"), QString());
 }
 
 TEST_F(ContenitoreSaving, ByItsKeyLeavesTheTypeFieldFirst)
@@ -242,30 +242,69 @@ TEST_F(ContenitoreSaving, ASpeedBeyondItsColumnIsTold)
     EXPECT_EQ(dialog.told.size(), 1U);
 }
 
-TEST_F(ContenitoreSaving, TheLineHasTheDescriptionOfTheRow)
+TEST_F(ContenitoreSaving, WritesTheColumnsIntoTheTerminalsRow)
 {
-    struct Case {
-        jet::Value stored;
-        const char* line;
-    };
-    const Case cases[] = {
-        {jet::Text(u"Porta di servizio"),
-         "02 - Strale - Porta di servizio\t - Abilitazione\tSì\tPresenze"},
-        {jet::Null{}, "02 - Strale - \t - Abilitazione\tSì\tPresenze"},
-    };
     RegisterStrale(1);
     RegisterStrale(2);
     Open();
-    for (const Case& c : cases) {
-        auto rows = std::make_unique<RowsByNumber>(
-            std::map<int, jet::Value>{{1, jet::Text(u"Altra")}, {2, c.stored}});
-        const RowsByNumber& cursor = *rows;
-        state.TerminalsRecordset = std::move(rows);
-        Select(1);
-        Press("cmdAggiorna");
-        EXPECT_EQ(Lines().last(), QString::fromUtf8(c.line));
-        EXPECT_EQ(cursor.index, u"TERMINALE");
-    }
+    auto rows = std::make_unique<RowsByNumber>(
+        std::map<int, jet::Value>{{1, jet::Text(u"Altra")}, {2, jet::Text(u"Porta di servizio")}});
+    const RowsByNumber& cursor = *rows;
+    state.TerminalsRecordset = std::move(rows);
+    Select(1);
+    Write("CodiceImpianto", "12");
+    Press("cmdAggiorna");
+
+    EXPECT_EQ(cursor.index, u"TERMINALE");
+    EXPECT_EQ(cursor.updates, 1);
+    using Text = jet::Text;
+    const std::vector<std::pair<std::u16string, jet::Value>> expected = {
+        {u"TIPO", 4},
+        {u"Funzionamento", 1},
+        {u"Descrizione", Text(u"Porta   ")},
+        {u"Attivo", true},
+        {u"Modalita", 1},
+        {u"Porta", 2},
+        {u"Priorita", 0},
+        {u"Priorita_Secondaria", 0},
+        {u"Velocita", 9600},
+        {u"Modem", Text(20, u' ')},
+        {u"Abilitazione_Modem", false},
+        {u"Impianto", 12},
+        {u"Tentativi", 3},
+        {u"Ritardo", 0.0F},
+        {u"NomeCard", Text(u"1275                ")},
+        {u"LenCard", 0},
+        {u"Bidirezionale", false},
+        {u"InizioImpianto", 1},
+        {u"InizioAzienda", 0},
+        {u"InizioBadge", 6},
+        {u"LenImpianto", 5},
+        {u"LenAzienda", 0},
+        {u"LenBadge", 6},
+    };
+    EXPECT_EQ(cursor.edited, expected);
+    EXPECT_EQ(Lines().last(),
+              QStringLiteral("02 - Strale - Porta   \t - Abilitazione\tSì\tPresenze"))
+        << "the description is the one in the table";
+}
+
+TEST_F(ContenitoreSaving, AValueThatItsColumnCannotHoldChangesNothing)
+{
+    Five();
+    auto rows = std::make_unique<RowsByNumber>(std::map<int, jet::Value>{{3, jet::Text(u"P")}});
+    rows->refuses = u"Impianto";
+    const RowsByNumber& cursor = *rows;
+    state.TerminalsRecordset = std::move(rows);
+    Select(2);
+    Write("Tentativi", "9");
+    Press("cmdAggiorna");
+    EXPECT_EQ(cursor.updates, 0);
+    EXPECT_EQ(Slot(3).Tentativi, 3);
+    EXPECT_EQ(Numbers(), QStringLiteral("01 02 03 04 05"));
+    EXPECT_EQ(TextOf("Tentativi"), QStringLiteral("9")) << "what was entered is still there";
+    ASSERT_EQ(dialog.told.size(), 1U);
+    EXPECT_EQ(dialog.told.front(), QStringLiteral("| 3349 valore troppo grande"));
 }
 
 TEST_F(ContenitoreSaving, WithoutARowTheSlotsDescriptionIsShown)
@@ -291,7 +330,7 @@ TEST_F(ContenitoreSaving, AnErrorOfTheDatabaseIsToldAndTheListStays)
     Press("cmdAggiorna");
     EXPECT_EQ(Numbers(), QStringLiteral("01 02 03 04 05"));
     ASSERT_EQ(dialog.told.size(), 1U);
-    EXPECT_EQ(dialog.told.front(), QStringLiteral("Attenzione|disco guasto"));
+    EXPECT_EQ(dialog.told.front(), QStringLiteral("| 3043 disco guasto"));
 }
 
 }  // namespace orlo::contenitore_test

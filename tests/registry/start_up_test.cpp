@@ -5,6 +5,7 @@
 #include "tests/support/test_workstation.h"
 
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -39,6 +40,21 @@ protected:
     {
         File("Configurazione.ini", "Databases          :" + folder.path().toUtf8() + "/\n");
         return StartUp(window, InFolder("Configurazione.ini"));
+    }
+    QByteArray Content(const char* name) const
+    {
+        QFile file(InFolder(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+    /// A table as an independent reader sees it.
+    QByteArray Exported(const char* table) const
+    {
+        QProcess reader;
+        reader.start(QStringLiteral("mdb-export"),
+                     {InFolder("nimbo.mdb"), QString::fromLatin1(table)});
+        EXPECT_TRUE(reader.waitForFinished());
+        return reader.readAllStandardOutput();
     }
     QStringList Lines() const
     {
@@ -162,13 +178,59 @@ TEST_F(StartUpTest, ShowsTheFirstTerminalWithItsChoices)
     EXPECT_TRUE(controls.LabelModifiche->text().isEmpty());
 }
 
-TEST_F(StartUpTest, OldDatabaseIsLoadedWithoutItsMissingColumns)
+TEST_F(StartUpTest, OldDatabaseIsUpgradedColumnByColumn)
 {
-    Database("nimbo-base-2000.mdb");
-    EXPECT_EQ(Start().end, StartUpOutcome::End::Complete);
-    ASSERT_EQ(Lines().size(), 5);
-    EXPECT_EQ(Lines()[0], QStringLiteral("01 - Ingresso\t - Abilitazione\tSì\tPresenze"));
-    EXPECT_EQ(Lines()[2], QStringLiteral("03 - Città vecchia\t - Esonero PIN \tNo\tAccessi "));
+    for (const char* sample : {"nimbo-base-2000.mdb", "nimbo-base-97.mdb"}) {
+        QFile::remove(InFolder("nimbo.mdb"));
+        Database(sample);
+        const QByteArray before = Exported("TERMINALI");
+        File("Configurazione.ini", "Databases          :" + folder.path().toUtf8() + "/\n");
+        ProgramState own_state;
+        Contenitore own_window(own_state, pc.workstation);
+        EXPECT_EQ(StartUp(own_window, InFolder("Configurazione.ini")).end,
+                  StartUpOutcome::End::Complete);
+        const QListWidget& list = *own_window.Controls().ListaTerminali;
+        ASSERT_EQ(list.count(), 5) << "every terminal once";
+        EXPECT_TRUE(pc.dialog.told.empty());
+        CloseRegister(own_state);
+        // Half a second in the first row only; Null elsewhere, No for the two Yes/No columns.
+        QList<QByteArray> expected = before.split('\n');
+        expected[0] +=
+            ",Tipo,Priorita_Secondaria,Modem,Abilitazione_Modem,Impianto,Tentativi,"
+            "Ritardo,NomeCard,LenCard,Bidirezionale,InizioImpianto,InizioAzienda,"
+            "InizioBadge,LenImpianto,LenAzienda,LenBadge";
+        expected[1] += ",,,,0,,,0.5,,,0,,,,,,";
+        for (int row = 2; row <= 5; ++row) expected[row] += ",,,,0,,,,,,0,,,,,,";
+        EXPECT_EQ(Exported("TERMINALI"), expected.join('\n')) << sample;
+    }
+}
+
+TEST_F(StartUpTest, UpgradedDatabaseIsNotChangedAgain)
+{
+    Database("nimbo-base-97.mdb");
+    Start();
+    CloseRegister(state);
+    const QByteArray upgraded = Content("nimbo.mdb");
+    ProgramState again;
+    Contenitore second(again, pc.workstation);
+    StartUp(second, InFolder("Configurazione.ini"));
+    CloseRegister(again);
+    EXPECT_EQ(Content("nimbo.mdb"), upgraded);
+}
+
+TEST_F(StartUpTest, SavedTerminalIsReadBackByAnotherReader)
+{
+    Database("nimbo-full-97.mdb");
+    Start();
+    window.SelectTerminalLine(3);
+    window.Controls().CodiceImpianto->setText(QStringLiteral("77"));
+    window.Controls().cmdAggiorna->click();
+    EXPECT_TRUE(pc.dialog.told.empty());
+    CloseRegister(state);
+    EXPECT_TRUE(Exported("TERMINALI")
+                    .contains("4,2,\"Magazzin\",1,2,4,4,19200,0.40000001,\"ISO Magstrip        "
+                              "\",16,1,1,2,3,4,7,10,5,77,"))
+        << Exported("TERMINALI").toStdString();
 }
 
 TEST_F(StartUpTest, NumberOutOfRangeEndsTheFillWithoutABox)
