@@ -1,5 +1,7 @@
 #include "acquisition/answer_acceptance.h"
 
+#include "acquisition/memory_counters.h"
+
 namespace orlo
 {
 
@@ -7,7 +9,7 @@ namespace
 {
 
 /// The longest line with its CR LF, as often as an answer may hold records.
-constexpr std::size_t kMostBytesOfAnswer = kMostRecordsInAnswer * (258 + 2);
+constexpr std::size_t kMostBytesOfAnswer = std::size_t{kMostRecordsInAnswer} * (258 + 2);
 
 }  // namespace
 
@@ -22,13 +24,17 @@ bool AnswerAcceptance::SecureRoom()
     return file_.SecureRoom(kMostBytesOfAnswer);
 }
 
-std::string_view AnswerAcceptance::NextRequest() const
+bool AnswerAcceptance::AsksAgain() const
 {
-    return previous_failed_ || unstored_terminals_.contains(terminal_) ? "33NO" : "33OK";
+    return previous_failed_ || unstored_terminals_.contains(terminal_);
 }
 
 AnswerAcceptance::Result AnswerAcceptance::Take(std::string_view answer)
 {
+    if (IsMemoryStatus(answer)) {
+        ExchangeFailed();
+        return Result::NoPunches;
+    }
     last_answer_ = DecodificaTimbrature(answer, rules_);
     if (last_answer_.too_many_records) {
         Unstored();

@@ -18,12 +18,13 @@ namespace orlo
 /// punches of the answer before, "33NO" asks for them again. So "33OK" leaves only
 ///  1. after the lines of the answer before are on the disk, or
 ///  2. when the answer before was bad in an earlier acquisition, or there was none.
+/// An answer that belongs to another request, a memory status that was late, is a failed exchange.
 /// An answer that came and could not be stored is asked for again by the next request to that
 /// terminal in this run, whichever acquisition makes it.
 class AnswerAcceptance
 {
 public:
-    enum class Result { Accepted, TooManyRecords, NotStored };
+    enum class Result { Accepted, NoPunches, TooManyRecords, NotStored };
 
     /// `unstored_terminals` outlives this acquisition: the terminals whose last answer came and was
     /// not stored.
@@ -33,9 +34,11 @@ public:
     /// Room for the lines of the next answer. When it is missing nothing must be asked for.
     [[nodiscard]] bool SecureRoom();
 
-    /// "33NO" after a failed exchange of this acquisition or an answer not stored, otherwise
-    /// "33OK".
-    std::string_view NextRequest() const;
+    /// True after a failed exchange of this acquisition or an answer not stored.
+    bool AsksAgain() const;
+
+    /// "33NO" to ask again, otherwise "33OK".
+    std::string_view NextRequest() const { return AsksAgain() ? "33NO" : "33OK"; }
 
     /// A time-out or a bad frame.
     void ExchangeFailed() { previous_failed_ = true; }

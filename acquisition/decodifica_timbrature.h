@@ -23,6 +23,8 @@ struct DecodedAnswer {
     bool too_many_records = false;
     /// The last record has fewer characters than a record; its line has short fields.
     bool last_record_cut_short = false;
+
+    int WholeRecords() const { return records - (last_record_cut_short ? 1 : 0); }
 };
 
 /// Takes a terminal's answer to "33…" apart: consecutive records up to a piece that is exactly

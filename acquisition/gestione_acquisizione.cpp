@@ -52,6 +52,7 @@ private:
     bool TakeAnswer(std::string_view answer);
     void CountAgain();
     void WatchForIdleAnswers(std::int16_t count_before);
+    void StopDisagreeing(const QString& text);
     bool FailedAttempt(const QString& caption);
     void StoringFailed();
     void TellCritical(const QString& text);
@@ -67,6 +68,8 @@ private:
     MemoryAnswer status_;
     int attempt_ = 1;
     int idle_answers_ = 0;
+    int delivered_at_this_count_ = 0;
+    bool counts_disagree_ = false;
     bool too_many_records_ = false;
     /// What the last attempt failed by; without any attempt the number of attempts is the reason.
     QString attempt_failure_ = QStringLiteral("Il numero di tentativi è 0.");
@@ -83,8 +86,7 @@ AcquisitionOutcome SerialAcquisition::Run()
     }
     controls_.PanelTentativi->clear();
     controls_.PannelloPercentuale->setValue(0);
-    if (idle_answers_ >= kMostIdleAnswers)
-        TellCritical(failure_);
+    if (idle_answers_ >= kMostIdleAnswers) TellCritical(failure_);
     if (too_many_records_)
         TellCritical(QStringLiteral("Il terminale ha risposto con più di %1 timbrature: non sono "
                                     "state scritte e restano nel terminale.")
@@ -109,9 +111,14 @@ void SerialAcquisition::AcquireOneAnswer(SerialPortControl& port)
 /// One request and its answer; true when the answer was accepted.
 bool SerialAcquisition::TryOnce(SerialPortControl& port)
 {
+    const bool asks_again = acceptance_.AsksAgain();
     const std::string answer = ExchangeTelegram(
         window_.Station(), port, window_.State().CurrentTerminalNumber, acceptance_.NextRequest());
-    if (answer != kTimeout && answer != kRxError) return TakeAnswer(answer);
+    const bool arrived = answer != kTimeout && answer != kRxError;
+    // A terminal that was only late answers the request that was given up and the repeated one. Its
+    // second answer would be taken for the answer to the next request, and so on to the end.
+    if (asks_again || !arrived) LetLineRunOut(window_.Station(), port);
+    if (arrived) return TakeAnswer(answer);
     acceptance_.ExchangeFailed();
     return FailedAttempt(answer == kTimeout ? QStringLiteral("Timeout")
                                             : QStringLiteral("RX Error"));
@@ -120,6 +127,8 @@ bool SerialAcquisition::TryOnce(SerialPortControl& port)
 bool SerialAcquisition::TakeAnswer(std::string_view answer)
 {
     switch (acceptance_.Take(answer)) {
+        case AnswerAcceptance::Result::NoPunches:
+            return FailedAttempt(QStringLiteral("RX Error"));
         case AnswerAcceptance::Result::TooManyRecords:
             too_many_records_ = true;
             return FailedAttempt(
@@ -153,13 +162,26 @@ void SerialAcquisition::CountAgain()
     WatchForIdleAnswers(count_before);
 }
 
+/// Ends what would go on for ever: a terminal whose memory and count disagree.
 void SerialAcquisition::WatchForIdleAnswers(std::int16_t count_before)
 {
-    const bool idle = acceptance_.LastAnswer().records == 0 && count_ >= count_before;
-    idle_answers_ = idle ? idle_answers_ + 1 : 0;
+    const int delivered = acceptance_.LastAnswer().WholeRecords();
+    const bool lower = count_ < count_before;
+    idle_answers_ = lower || delivered > 0 ? 0 : idle_answers_ + 1;
+    delivered_at_this_count_ = lower ? 0 : delivered_at_this_count_ + delivered;
+    if (count_ == 0) return;
     if (idle_answers_ >= kMostIdleAnswers)
-        Stop(QStringLiteral("Il terminale dichiara %1 timbrature da acquisire ma non ne consegna.")
-                 .arg(count_));
+        StopDisagreeing(
+            QStringLiteral("Il terminale dichiara %1 timbrature da acquisire ma non ne consegna."));
+    else if (delivered_at_this_count_ > count_ + kMostRecordsInAnswer)
+        StopDisagreeing(QStringLiteral(
+            "Il terminale dichiara sempre %1 timbrature da acquisire e ne ha consegnate di più."));
+}
+
+void SerialAcquisition::StopDisagreeing(const QString& text)
+{
+    Stop(text.arg(count_));
+    counts_disagree_ = true;
 }
 
 bool SerialAcquisition::FailedAttempt(const QString& caption)
@@ -178,7 +200,9 @@ void SerialAcquisition::StoringFailed()
     controls_.PannelloComunicazione->setText(QStringLiteral("Errore: timbrature non scritte"));
     window_.Station().dialog.Tell(
         DialogIcon::Critical, QStringLiteral("Attenzione"), failure_,
-        QStringLiteral("Le timbrature restano nel terminale e saranno richieste di nuovo."));
+        QStringLiteral(
+            "Le timbrature sono ancora nel terminale: rimediare e acquisire di nuovo prima "
+            "di chiudere il programma."));
 }
 
 void SerialAcquisition::TellCritical(const QString& text)
@@ -211,6 +235,10 @@ AcquisitionOutcome SerialAcquisition::Outcome() const
             return {.done = false, .reason = QStringLiteral("Timeout")};
         case MemoryAnswer::BadFrame:
             return {.done = false, .reason = QStringLiteral("RX Error")};
+        case MemoryAnswer::NoCounters:
+            return {
+                .done = false,
+                .reason = QStringLiteral("La risposta del terminale non contiene i contatori.")};
         case MemoryAnswer::PortNotOpen:
         case MemoryAnswer::NotAsked:
             break;

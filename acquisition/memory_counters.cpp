@@ -10,6 +10,7 @@ namespace
 {
 
 constexpr std::size_t kCounterWidth = 5;
+constexpr std::string_view kToAcquireLabel = "TrInMemory";
 
 std::string Cut(std::string_view answer, std::string_view label, std::size_t distance)
 {
@@ -27,8 +28,16 @@ std::string FiveDigits(int value)
 
 MemoryCounters CutMemoryCounters(std::string_view answer)
 {
-    return {Cut(answer, "TPnt ", 5), Cut(answer, "TrInMemory", 11), Cut(answer, "TpntOld", 8),
+    return {Cut(answer, "TPnt ", 5), Cut(answer, kToAcquireLabel, 11), Cut(answer, "TpntOld", 8),
             Cut(answer, "TpntNew", 8)};
+}
+
+bool IsMemoryStatus(std::string_view answer)
+{
+    const std::string counter = Cut(answer, kToAcquireLabel, 11);
+    return answer.find(kToAcquireLabel) != std::string_view::npos &&
+           counter.size() == kCounterWidth &&
+           counter.find_first_not_of("0123456789") == std::string::npos;
 }
 
 int PunchesInMemory(MemoryCounting counting, const std::string& TPnt)

@@ -28,6 +28,10 @@ struct MemoryCounters {
 /// before the first character: the five characters at the label's distance are taken all the same.
 MemoryCounters CutMemoryCounters(std::string_view answer);
 
+/// True for an answer that says how many punches are to be acquired, in digits. Answers carry
+/// nothing that tells which request they belong to; a late one is known by what it says.
+bool IsMemoryStatus(std::string_view answer);
+
 /// Number of punches that the memory holds.
 int PunchesInMemory(MemoryCounting counting, const std::string& TPnt);
 

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,6 +23,14 @@ bool IsOutOfRoom(int system_error)
 {
     return system_error == ENOSPC || system_error == EDQUOT || system_error == EFBIG ||
            system_error == EIO;
+}
+
+/// A limit on the length of files is not asked when space behind the end is secured, only when it
+/// is written to.
+bool IsOverTheLimit(off_t length)
+{
+    rlimit limit{};
+    return getrlimit(RLIMIT_FSIZE, &limit) == 0 && static_cast<rlim_t>(length) > limit.rlim_cur;
 }
 
 /// A new file is only safe once its name is: the folder is synced too. A folder that cannot be
@@ -50,9 +60,12 @@ PunchFile::~PunchFile()
 bool PunchFile::Open(const QString& name)
 {
     path_ = QFile::encodeName(name);
-    descriptor_ =
-        open(path_.constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, kReadableByAll);
+    // O_NONBLOCK: a pipe that nobody reads is an error, not a wait without end.
+    constexpr int kAppending = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK;
+    descriptor_ = open(path_.constData(), kAppending, kReadableByAll);
     if (descriptor_ < 0) return Fail(errno);
+    // Another program that appends meanwhile would lose its lines when ours are cut back.
+    if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return Fail(errno);
     SyncFolderOf(path_);
     return true;
 }
@@ -61,6 +74,7 @@ bool PunchFile::SecureRoom(std::size_t bytes)
 {
     const off_t end = lseek(descriptor_, 0, SEEK_END);
     if (end < 0) return true;
+    if (IsOverTheLimit(end + static_cast<off_t>(bytes))) return Fail(EFBIG);
     if (fallocate(descriptor_, FALLOC_FL_KEEP_SIZE, end, static_cast<off_t>(bytes)) == 0)
         return true;
     return IsOutOfRoom(errno) ? Fail(errno) : true;

@@ -40,6 +40,8 @@ MemoryAnswer AskSerialTerminal(Contenitore& window, const TerminalModel& model,
     QLabel& outcome = *window.Controls().PannelloComunicazione;
     const std::string answer = ExchangeTelegram(
         window.Station(), port, window.State().CurrentTerminalNumber, "32", meanwhile);
+    // Behind a failed exchange: the answer may be on its way still.
+    if (!IsMemoryStatus(answer)) LetLineRunOut(window.Station(), port);
     if (answer == kTimeout) {
         outcome.setText(QStringLiteral("Timeout"));
         return MemoryAnswer::Timeout;
@@ -47,7 +49,8 @@ MemoryAnswer AskSerialTerminal(Contenitore& window, const TerminalModel& model,
     outcome.setText(QStringLiteral("Comunicazione OK"));
     StoreCounters(window.State(), model.counting, answer);
     ShowCounters(window, model);
-    return answer == kRxError ? MemoryAnswer::BadFrame : MemoryAnswer::Good;
+    if (answer == kRxError) return MemoryAnswer::BadFrame;
+    return IsMemoryStatus(answer) ? MemoryAnswer::Good : MemoryAnswer::NoCounters;
 }
 
 }  // namespace

@@ -6,9 +6,9 @@
 namespace orlo
 {
 
-/// How the question for the punch memory ended. Only a good answer is one in a well-formed frame: a
-/// bad one is shown as if it were good and its counters read 0.
-enum class MemoryAnswer { Good, BadFrame, Timeout, PortNotOpen, NotAsked };
+/// How the question for the punch memory ended. A bad frame, and a frame without the counters, are
+/// shown as if they were good, and what they lack reads 0; only Good has told how many are left.
+enum class MemoryAnswer { Good, NoCounters, BadFrame, Timeout, PortNotOpen, NotAsked };
 
 /// Asks the current terminal how full its punch memory is and shows it in the four memory panels;
 /// leaves the counters in the program's state. The model is the one shown in the window.

@@ -103,7 +103,7 @@ ParsedCommandLine Read(const QCommandLineParser& parser, const Options& options,
         line.theme = *theme;
     }
     if (parser.isSet(options.acquire)) {
-        const auto numbers = TerminalNumbers(parser.value(options.acquire));
+        const auto numbers = TerminalNumbers(parser.values(options.acquire).join(u','));
         if (!numbers)
             return WrongUsage(
                 QStringLiteral(
@@ -111,6 +111,8 @@ ParsedCommandLine Read(const QCommandLineParser& parser, const Options& options,
                     .arg(kTerminalSlots));
         line.acquire = *numbers;
     }
+    if (parser.isSet(options.punch_file) && line.punch_file.isEmpty())
+        return WrongUsage(QStringLiteral("--file vuole il nome di un file."));
     if (parser.isSet(options.punch_file) && line.acquire.empty())
         return WrongUsage(QStringLiteral("--file vale solo insieme ad --acquisisci."));
     return {line, std::nullopt};

@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 #include "app/desk.h"
+#include "app/exit_guard.h"
 #include "app/italian.h"
 #include "app/message_boxes.h"
 #include "app/standard_error_dialog.h"
@@ -21,12 +22,13 @@ using namespace orlo;
 
 int RunWindow(const CommandLine& command_line, LineTrace& trace, Termination& termination)
 {
-    MessageBoxes dialog;
+    MessageBoxes dialog(termination);
     Desk desk(command_line, dialog, trace);
     Contenitore& window = desk.Window();
     dialog.SetParentWindow(&window);
+    const ExitGuard guard([&desk] { CloseRegister(desk.State()); });
     const StartUpOutcome start_up = StartUp(window, command_line.configuration_file);
-    if (start_up.end == StartUpOutcome::End::InUse) return kNotAllDone;
+    if (start_up.end == StartUpOutcome::End::InUse || Termination::Requested()) return kNotAllDone;
 
     QObject::connect(&termination, &Termination::Asked, &window, [&window] { window.close(); });
     QObject::connect(&window, &Contenitore::LeaveRequested, qApp, [&desk] {
@@ -75,7 +77,8 @@ ParsedCommandLine ReadCommandLine(int argc, char** argv)
 int Run(QApplication& application, const CommandLine& command_line)
 {
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setApplicationDisplayName(QStringLiteral("Orlo Desk"));
+    // The name that a box without a title bears. No display name: it would be added to every title.
+    QApplication::setApplicationName(QStringLiteral("Orlo Desk"));
     SpeakItalian(application);
     ApplyTheme(application, command_line.theme);
 
@@ -99,6 +102,8 @@ int main(int argc, char** argv)
     // A punch file that grows over a limit must end in an error message, not in the end of the
     // program.
     std::signal(SIGXFSZ, SIG_IGN);
+    // So must a standard error that nobody reads any more.
+    std::signal(SIGPIPE, SIG_IGN);
     const ParsedCommandLine parsed = ReadCommandLine(argc, argv);
     if (parsed.message) return Show(*parsed.message);
     if (parsed.command_line.Unattended()) DoWithoutSession();

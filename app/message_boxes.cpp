@@ -38,25 +38,29 @@ public:
 
 }  // namespace
 
+int MessageBoxes::Show(QMessageBox& box) const
+{
+    const ArrowPointer arrow;
+    box.setTextFormat(Qt::PlainText);
+    QObject::connect(&termination_, &Termination::Asked, &box, &QDialog::reject);
+    return box.exec();
+}
+
 void MessageBoxes::Tell(DialogIcon icon, const QString& title, const QString& text,
                         const QString& informative)
 {
-    const ArrowPointer arrow;
+    if (Termination::Requested()) return;
     QMessageBox box(BoxIcon(icon), title, text, QMessageBox::Ok, parent_);
-    box.setTextFormat(Qt::PlainText);
     box.setInformativeText(informative);
-    box.exec();
+    Show(box);
 }
 
 bool MessageBoxes::AskYesNo(DialogIcon icon, const QString& title, const QString& text)
 {
-    // Whoever ends the program from outside does not see a question.
     if (Termination::Requested()) return true;
-    const ArrowPointer arrow;
     QMessageBox box(BoxIcon(icon), title, text, QMessageBox::Yes | QMessageBox::No, parent_);
-    box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
+    return Show(box) == QMessageBox::Yes || Termination::Requested();
 }
 
 }  // namespace orlo

@@ -2,15 +2,21 @@
 
 #include "link/operator_dialog.h"
 
+class QMessageBox;
 class QWidget;
 
 namespace orlo
 {
 
-/// Message boxes over the main window.
+class Termination;
+
+/// Message boxes over the main window. A request to end the program takes an open box away, a
+/// question being answered so that the running command ends.
 class MessageBoxes : public OperatorDialog
 {
 public:
+    explicit MessageBoxes(const Termination& termination) : termination_(termination) {}
+
     void SetParentWindow(QWidget* window) { parent_ = window; }
 
     void Tell(DialogIcon icon, const QString& title, const QString& text,
@@ -19,6 +25,9 @@ public:
     bool OperatorPresent() const override { return true; }
 
 private:
+    int Show(QMessageBox& box) const;
+
+    const Termination& termination_;
     QWidget* parent_ = nullptr;
 };
 

@@ -29,6 +29,10 @@ void Handle(int signal_number)
 {
     struct sigaction action {
     };
+    // A signal that the caller has us ignore, as nohup does, stays ignored.
+    sigaction(signal_number, nullptr, &action);
+    if (action.sa_handler == SIG_IGN) return;
+    action = {};
     action.sa_handler = OnSignal;
     action.sa_flags = SA_RESTART;
     sigaction(signal_number, &action, nullptr);

@@ -22,6 +22,14 @@ AcquisitionOutcome NotDone(const QString& reason)
     return {.done = false, .reason = reason};
 }
 
+/// With the reason, when the register was not read to its end.
+QString NotInRegister(const Contenitore& window)
+{
+    const QString remark = window.Controls().PannelloComunicazione->Remark();
+    const QString text = QStringLiteral("non è nel registro");
+    return remark.isEmpty() ? text : text + QStringLiteral(". ") + remark;
+}
+
 /// Progress is for a person who looks on, not for a log.
 void ShowProgressOnTerminal(Contenitore& window, int terminal)
 {
@@ -42,7 +50,7 @@ void EndProgressOnTerminal(Contenitore& window)
 AcquisitionOutcome AcquireTerminal(Contenitore& window, int terminal)
 {
     if (Termination::Requested()) return NotDone(QStringLiteral("programma interrotto"));
-    if (!SelectTerminal(window, terminal)) return NotDone(QStringLiteral("non è nel registro"));
+    if (!SelectTerminal(window, terminal)) return NotDone(NotInRegister(window));
     if (!window.Controls().Abilitazione->isChecked())
         return NotDone(QStringLiteral("non è attivo"));
     ShowProgressOnTerminal(window, terminal);

@@ -3,6 +3,7 @@
 #include "jet/file_name.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
@@ -48,8 +49,11 @@ bool LockFile::CanBeRead(const std::filesystem::path& lock_file)
 {
     const int descriptor = open(FindFile(lock_file).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0) return false;
+    struct stat status {
+    };
+    const bool is_file = fstat(descriptor, &status) == 0 && !S_ISDIR(status.st_mode);
     close(descriptor);
-    return true;
+    return is_file;
 }
 
 std::unique_ptr<LockFile> LockFile::Create(const std::filesystem::path& lock_file)

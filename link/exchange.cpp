@@ -13,6 +13,8 @@ namespace
 {
 
 constexpr float kAnswerSeconds = 2.0F;
+constexpr std::chrono::milliseconds kSilence{300};
+constexpr std::chrono::milliseconds kLongestRunOut{3000};
 constexpr int kLastTick = 100;
 /// Well below a step of the clock, so that no change is missed.
 constexpr std::chrono::milliseconds kBetweenReadings{20};
@@ -85,6 +87,15 @@ std::string ExchangeTelegramTicks(Workstation& workstation, SerialPortControl& p
     }
     if (TakeArrived(port, received)) return ParseAnswerFrame(terminal_number, received);
     return std::string(kTimeout);
+}
+
+void LetLineRunOut(Workstation& workstation, SerialPortControl& port)
+{
+    const std::chrono::milliseconds end = workstation.clock.Monotonic() + kLongestRunOut;
+    do {
+        port.DiscardInput();
+        workstation.clock.SleepUntilInput(port, kSilence);
+    } while (port.InBufferCount() > 0 && workstation.clock.Monotonic() < end);
 }
 
 }  // namespace orlo

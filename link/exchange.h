@@ -24,4 +24,8 @@ std::string ExchangeTelegram(Workstation& workstation, SerialPortControl& port, 
 std::string ExchangeTelegramTicks(Workstation& workstation, SerialPortControl& port,
                                   int terminal_number, std::string_view command);
 
+/// Throws away what still comes over the line until nothing has come for 0.3 seconds; 3 seconds at
+/// the most. To be used behind a failed exchange, whose answer may be on its way.
+void LetLineRunOut(Workstation& workstation, SerialPortControl& port);
+
 }  // namespace orlo

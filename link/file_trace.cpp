@@ -32,7 +32,7 @@ QString TraceLine(const QDateTime& time, int port, char direction, std::string_v
     }
     return QStringLiteral("%1 COM%2 %3  %4 |%5|")
         .arg(TimeText(time), QString::number(port), QString(QLatin1Char(direction)),
-             hexadecimal.leftJustified(kBytesPerLine * 3), text);
+             hexadecimal.leftJustified(qsizetype{kBytesPerLine} * 3), text);
 }
 
 bool FileTrace::Open(const QString& file_name, QString& error)

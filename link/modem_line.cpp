@@ -40,7 +40,8 @@ std::string ModemReadLine(Workstation& workstation, SerialPortControl& port,
         std::replace(line_receive_buffer.begin(), line_receive_buffer.end(), kLf, ' ');
         const std::size_t end = line_receive_buffer.find(kCr);
         // The time is judged first: a line found in a pass that is too late stays in the buffer.
-        const bool late = ElapsedSeconds(workstation.clock, start) > timeout_seconds;
+        const bool late =
+            ElapsedSeconds(workstation.clock, start) > static_cast<float>(timeout_seconds);
         if (late || overdue.Aborted()) return {};
         if (end != std::string::npos) {
             std::string line = line_receive_buffer.substr(0, end);

@@ -8,8 +8,12 @@ bool PressioneTastoEsc(Workstation& workstation)
     workstation.clock.ProcessPendingEvents();
     const EscapeKeyState key = workstation.escape.Query();
     if (!key.pressed_since_last_query || key.held_now) return false;
-    return workstation.dialog.AskYesNo(DialogIcon::Question, QStringLiteral("Attenzione"),
-                                       QStringLiteral("Si desidera interrompere la procedura?"));
+    const bool abort =
+        workstation.dialog.AskYesNo(DialogIcon::Question, QStringLiteral("Attenzione"),
+                                    QStringLiteral("Si desidera interrompere la procedura?"));
+    // The key that may have closed the question is not another wish to stop.
+    workstation.escape.Query();
+    return abort;
 }
 
 }  // namespace orlo

@@ -39,7 +39,7 @@ public:
     std::string Input() override;
     void Output(std::string_view bytes) override;
     void WaitForInput(std::chrono::milliseconds longest) override;
-    bool LineLost() const override { return line_lost_; }
+    bool LineLost() const override { return line_lost_ || !port_.isOpen(); }
 
 private:
     bool Open();

@@ -39,8 +39,8 @@ public:
 
     /// Sleeps until a byte can be read, the line is lost, or the time is over.
     virtual void WaitForInput(std::chrono::milliseconds longest) = 0;
-    /// True from the moment the device was withdrawn (an unplugged adapter) until the port is
-    /// closed.
+    /// True while nothing can arrive: the port is closed, or its device was withdrawn (an unplugged
+    /// adapter) since it was opened.
     virtual bool LineLost() const = 0;
 };
 

@@ -17,14 +17,16 @@ constexpr int kKeyWidth = 20;
 
 QString Decoded(const QByteArray& content)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8);
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     QString text = utf8(content);
     return utf8.hasError() ? FromWindows1252(content) : text;
 }
 
 QStringList Lines(const QString& text)
 {
-    return QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).split(u'\n');
+    QString lines = text;
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    return lines.split(u'\n');
 }
 
 }  // namespace

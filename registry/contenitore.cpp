@@ -3,6 +3,7 @@
 #include "registry/clock_difference.h"
 #include "registry/numeric_value.h"
 #include "registry/terminal_form.h"
+#include "registry/text_blanks.h"
 
 #include "ui_contenitore.h"
 
@@ -157,8 +158,8 @@ void Contenitore::PrepareCurrentTerminal()
     state_.CurrentPriority = WholeNumberOrZero<std::int16_t>(ui_->Priorita->text());
     state_.CurrentPriority2 = WholeNumberOrZero<std::int16_t>(ui_->Priorita2->text());
     state_.CurrentModem = ui_->CheckModem->isChecked();
-    state_.CurrentPhoneNumber = ui_->NumeroTelefono->text().trimmed();
-    state_.CurrentPlantCode = ui_->CodiceImpianto->text().trimmed();
+    state_.CurrentPhoneNumber = WithoutBlanksAround(ui_->NumeroTelefono->text());
+    state_.CurrentPlantCode = WithoutBlanksAround(ui_->CodiceImpianto->text());
 }
 
 const TerminalModel* Contenitore::ShownModel() const

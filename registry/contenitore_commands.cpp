@@ -22,10 +22,16 @@ public:
         window_.ui_->LabelEsc->setVisible(escape == EscapeUse::Heeded);
         Show();
         PointTo(Qt::WaitCursor, Qt::WaitCursor);
+        // An Escape from before is no wish to stop; and the window shows that it is busy before the
+        // first exchange sleeps.
+        window_.workstation_.escape.Query();
+        window_.workstation_.clock.ProcessPendingEvents();
     }
 
     ~CommandScope()
     {
+        // What was pressed while an exchange waited falls on the shield, not on what follows.
+        window_.workstation_.clock.ProcessPendingEvents();
         window_.running_ = false;
         window_.task_.clear();
         window_.ui_->LabelEsc->hide();

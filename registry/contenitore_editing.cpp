@@ -2,6 +2,7 @@
 #include "registry/list_line.h"
 #include "registry/numeric_value.h"
 #include "registry/terminal_form.h"
+#include "registry/text_blanks.h"
 
 #include "ui_contenitore.h"
 
@@ -57,8 +58,8 @@ void Contenitore::ListaTerminali_Click()
     if (slot != nullptr) {
         const QSignalBlocker quietly(form_);
         TrimTexts(*slot);
-        form_->Show(*slot);
         form_->LayOutFor(slot->Tipo);
+        form_->Show(*slot);
         shown_ = form_->Read(*slot).record;
         const TerminalModel* model = ModelByCode(slot->Tipo);
         EnableObjectLinkControls(model == nullptr || model->family == LinkFamily::Object);
@@ -70,7 +71,8 @@ void Contenitore::ListaTerminali_Click()
 
 void Contenitore::TrimTexts(TerminalRecord& slot)
 {
-    for (QString* text : {&slot.Descrizione, &slot.Modem, &slot.NomeCard}) *text = text->trimmed();
+    for (QString* text : {&slot.Descrizione, &slot.Modem, &slot.NomeCard})
+        *text = WithoutBlanksAround(*text);
 }
 
 void Contenitore::EnableByActivity(bool active)
@@ -149,8 +151,9 @@ void Contenitore::cmdAggiorna_Click()
 {
     const TerminalRecord* slot = SelectedSlot();
     if (slot == nullptr) return;
-    const EnteredTerminal entered = form_->Read(*slot);
     RunCommand(ui_->cmdAggiorna, tr("Salvataggio in corso…"), EscapeUse::Ignored, [&] {
+        // Read when the focus has left the field that it was in: leaving it may change others.
+        const EnteredTerminal entered = form_->Read(*slot);
         if (entered.misfit.isEmpty())
             SaveSelected(entered.record);
         else

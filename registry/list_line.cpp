@@ -1,6 +1,7 @@
 #include "registry/list_line.h"
 
 #include "registry/terminal_type.h"
+#include "registry/text_blanks.h"
 
 namespace orlo
 {
@@ -69,7 +70,8 @@ QString ListLine(int n, const TerminalRecord& slot, const QString& description)
         line += QStringLiteral(" - ") + model->name;
     line += QStringLiteral(" - ");
     // The slot's description is padded with blanks: nothing but blanks is an empty one.
-    line += slot.Descrizione.trimmed().isEmpty() ? QString(kDescriptionWidth, u' ') : description;
+    line += WithoutBlanksAround(slot.Descrizione).isEmpty() ? QString(kDescriptionWidth, u' ')
+                                                            : description;
     return line + FunctionText(slot.Funzionamento) + ActiveText(slot.Attivo) +
            ModeText(slot.Modalita);
 }

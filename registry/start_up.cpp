@@ -67,6 +67,8 @@ void FillChoices(Contenitore& window)
     window.CaricaComboPorta();
     window.CaricaComboVelocita();
     window.Controls().NomeFile->setText(QStringLiteral("TIMBRAT.TXT"));
+    // The register came before the choices: the first terminal's are shown now that they are there.
+    window.SelectTerminalLine(0);
 }
 
 }  // namespace
@@ -78,8 +80,7 @@ StartUpOutcome StartUp(Contenitore& window, const QString& configuration_file)
     const std::filesystem::path lock_file = DatabaseFile(state, QStringLiteral("nimbo.ldb"));
     if (jet::LockFile::CanBeRead(lock_file)) return RefuseInUse(window, lock_file);
     try {
-        if (!OpenRegister(window))
-            return RefuseInUse(window, lock_file);
+        if (!OpenRegister(window)) return RefuseInUse(window, lock_file);
     } catch (const jet::Error& error) {
         return DatabaseFailed(window, error);
     }

@@ -122,7 +122,6 @@ void TerminalForm::Show(const TerminalRecord& slot)
     ui_.ComboRitardo->Show(DelayText(slot.Ritardo));
     ui_.CheckModem->setChecked(slot.AbilitazioneModem != kFalse);
     ui_.NumeroTelefono->setText(slot.Modem);
-    LimitNomeCard(kObjectNameCardLimit);
     ui_.NomeCard->setText(slot.NomeCard);
     ui_.BidirectionalCheck->setChecked(slot.Bidirezionale != kFalse);
     for (const NumberField& number : numbers_)
@@ -176,17 +175,12 @@ void TerminalForm::LayOutFor(int type_code)
     ui_.LabelTimbrature->setText(object ? QStringLiteral("Timbrature Flaggate:")
                                         : QStringLiteral("Timbrature In Memoria:"));
     ui_.LabelNomeCard->setText(object ? QStringLiteral("Nome:") : QStringLiteral("Cod.Impianto:"));
-    LimitNomeCard(object ? kObjectNameCardLimit : kSerialNameCardLimit);
+    // A stored name that is longer than the limit is shown cut.
+    ui_.NomeCard->setMaxLength(object ? kObjectNameCardLimit : kSerialNameCardLimit);
     if (object) {
         ui_.LabelImpianto->show();
         ui_.cmdMonitorTimbrature->show();
     }
-}
-
-// The limit is for typing: a longer stored name is shown whole and can only become shorter.
-void TerminalForm::LimitNomeCard(int limit)
-{
-    ui_.NomeCard->setMaxLength(std::max(limit, static_cast<int>(ui_.NomeCard->text().size())));
 }
 
 void TerminalForm::SetModalita(int value)

@@ -59,7 +59,6 @@ private:
     };
 
     void WatchControls();
-    void LimitNomeCard(int limit);
 
     const Ui::Contenitore& ui_;
     std::vector<NumberField> numbers_;

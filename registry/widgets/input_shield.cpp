@@ -19,7 +19,6 @@ bool IsInput(const QEvent& event)
         case QEvent::Shortcut:
         case QEvent::InputMethod:
         case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick:
         case QEvent::Wheel:
         case QEvent::ContextMenu:

@@ -10,13 +10,14 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <limits>
 
 namespace orlo
 {
 
 StepBar::StepBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent)
 {
-    setRange(0, 99);
+    setRange(0, std::numeric_limits<std::int16_t>::max());
     setFocusPolicy(Qt::NoFocus);
     // The style paints a scroll bar that goes upwards; the presses are mapped to it below.
     setInvertedAppearance(true);
@@ -29,7 +30,7 @@ void StepBar::Drive(QLineEdit* field)
     connect(this, &QScrollBar::valueChanged, field_,
             [field](int value) { field->setText(QString::number(value)); });
     connect(field_, &QLineEdit::textChanged, this, [this](const QString& text) {
-        const QSignalBlocker quietly(this);
+        const QSignalBlocker quietly(*this);
         setValue(std::clamp(WholeNumberOrZero<int>(text), minimum(), maximum()));
     });
 }

@@ -169,6 +169,15 @@ TEST_F(Acquisizione, BadStatusFrameReadsZeroAndEndsTheAcquisition)
     EXPECT_EQ(PunchLines().size(), 25) << "the next acquisition acknowledges what was stored";
 }
 
+TEST_F(Acquisizione, StatusThatComesTooLateIsNotWrittenAsPunches)
+{
+    Connect("Strale", "timbrature=25", {"32#2:ritardo=2500"});
+    EXPECT_TRUE(Acquire().done);
+    EXPECT_EQ(PunchLines().size(), 25);
+    EXPECT_EQ(Transfers().mid(0, 3), (QStringList{QStringLiteral("33OK"), QStringLiteral("33OK"),
+                                                  QStringLiteral("33NO")}));
+}
+
 TEST_F(Acquisizione, StatusThatNeverCameLeavesTheCountOfTheOneBefore)
 {
     Connect("Strale", "timbrature=25", {"32#1:silenzio"});
@@ -369,7 +378,13 @@ protected:
 TEST_F(FullDisk, AnswerThatCannotBeStoredIsToldCutBackAndAskedForAgain)
 {
     Connect("Strale", "timbrature=25");
-    LimitFileSize(10 * 34 + 100);
+    // The room runs out while the second answer, for which it was there, is on its way.
+    const auto carry = pc.com1.answer_to;
+    pc.com1.answer_to = [&](std::string_view request) {
+        std::vector<testing::Arrival> arrivals = carry(request);
+        if (Transfers().size() == 2) LimitFileSize(10 * 34 + 100);
+        return arrivals;
+    };
     const AcquisitionOutcome outcome = Acquire();
     LimitFileSize(RLIM_INFINITY);
     EXPECT_FALSE(outcome.done);
@@ -379,9 +394,18 @@ TEST_F(FullDisk, AnswerThatCannotBeStoredIsToldCutBackAndAskedForAgain)
     EXPECT_EQ(Punches().Acquired(), 10U) << "nor is it acknowledged";
 
     commands.clear();
+    pc.com1.answer_to = carry;
     EXPECT_TRUE(Acquire().done);
     EXPECT_EQ(Transfers().first(), QStringLiteral("33NO"));
     EXPECT_EQ(PunchLines().size(), 25);
+}
+
+TEST_F(FullDisk, NothingIsAskedForBeyondTheLengthThatAFileMayHave)
+{
+    Connect("Strale", "timbrature=25");
+    LimitFileSize(10 * 34 + 100);
+    EXPECT_FALSE(Acquire().done);
+    EXPECT_TRUE(Transfers().isEmpty());
 }
 
 TEST_F(FullDisk, AnotherTerminalIsNotAskedAgainForIt)

@@ -45,10 +45,17 @@ TEST(CommandLine, OptionsAreTaken)
 TEST(CommandLine, WrongUsageIsExplained)
 {
     const std::initializer_list<const char*> wrong[] = {
-        {"--acquisisci", "0"}, {"--acquisisci", "33"}, {"--acquisisci", "1,"},
-        {"--acquisisci", "x"}, {"--acquisisci", ""},   {"--acquisisci"},
-        {"--tema", "verde"},   {"--sconosciuta"},      {"parola"},
+        {"--acquisisci", "0"},
+        {"--acquisisci", "33"},
+        {"--acquisisci", "1,"},
+        {"--acquisisci", "x"},
+        {"--acquisisci", ""},
+        {"--acquisisci"},
+        {"--tema", "verde"},
+        {"--sconosciuta"},
+        {"parola"},
         {"--file", "P.TXT"},
+        {"--acquisisci", "1", "--file", ""},
     };
     for (const auto& arguments : wrong) {
         const ParsedCommandLine parsed = Parse(arguments);

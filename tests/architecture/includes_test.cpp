@@ -8,7 +8,6 @@
 #include <fstream>
 #include <functional>
 #include <map>
-#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -45,18 +44,26 @@ struct SourceFile {
     std::string Folder() const { return path.substr(0, path.find('/')); }
 };
 
+/// The name between the two marks, empty when the line is no #include of that form.
+std::string Included(const std::string& line, char opening, char closing)
+{
+    const std::size_t directive = line.find_first_not_of(" \t");
+    if (directive == std::string::npos || !line.substr(directive).starts_with("#include"))
+        return {};
+    const std::size_t start = line.find(opening);
+    const std::size_t end = start == std::string::npos ? start : line.find(closing, start + 1);
+    return end == std::string::npos ? std::string() : line.substr(start + 1, end - start - 1);
+}
+
 SourceFile ReadSource(const fs::path& root, const fs::path& file)
 {
-    static const std::regex project("^\\s*#\\s*include\\s*\"([^\"]+)\".*");
-    static const std::regex system("^\\s*#\\s*include\\s*<([^>]+)>.*");
     SourceFile source{fs::relative(file, root).generic_string(), {}, {}};
     std::ifstream lines(file);
-    std::smatch match;
     for (std::string line; std::getline(lines, line);) {
-        if (std::regex_match(line, match, project))
-            source.project_includes.push_back(match[1]);
-        else if (std::regex_match(line, match, system))
-            source.system_includes.push_back(match[1]);
+        if (const std::string name = Included(line, '"', '"'); !name.empty())
+            source.project_includes.push_back(name);
+        else if (const std::string header = Included(line, '<', '>'); !header.empty())
+            source.system_includes.push_back(header);
     }
     return source;
 }
@@ -65,10 +72,12 @@ std::vector<SourceFile> ProgramSources()
 {
     const fs::path root = ORLO_SOURCE_ROOT;
     std::vector<SourceFile> sources;
-    for (const auto& [folder, unused] : kMayInclude)
+    for (const auto& [folder, unused] : kMayInclude) {
+        if (!fs::exists(root / folder)) continue;  // a feature that has no code yet
         for (const auto& entry : fs::recursive_directory_iterator(root / folder))
             if (entry.path().extension() == ".h" || entry.path().extension() == ".cpp")
                 sources.push_back(ReadSource(root, entry.path()));
+    }
     return sources;
 }
 

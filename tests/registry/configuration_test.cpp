@@ -51,6 +51,10 @@ TEST(Configuration, DatabasesByTheLine)
          QStringLiteral("/srv/")},
         {"Windows-1252", "Databases          :/srv/citt\xE0 \x80/",
          QStringLiteral("/srv/città €/")},
+        {"Windows-1252 up to the last byte", "Databases          :/srv/citt\xE0",
+         QStringLiteral("/srv/città")},
+        {"lines that end in CR alone", "Applicazioni       :/a/\rDatabases          :/srv/\r",
+         QStringLiteral("/srv/")},
         {"empty file", "", {}},
     };
     for (const Case& c : cases)

@@ -1,5 +1,7 @@
 #include "tests/registry/contenitore_fixture.h"
 
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QSignalSpy>
 
 namespace orlo::contenitore_test
@@ -94,6 +96,27 @@ TEST_F(ContenitoreCommands, WhileOneRunsListAndFieldsTakeNoInput)
     });
     ClickLine(1);
     EXPECT_EQ(List().currentRow(), 1);
+}
+
+TEST_F(ContenitoreCommands, WhatWasPressedDuringOneIsNotCarriedOutBehindIt)
+{
+    int runs = 0;
+    QObject::connect(&Control<QAbstractButton>("cmdAcquisisce"), &QAbstractButton::clicked, &window,
+                     [&runs] { ++runs; });
+    Run([this] {
+        // Input that waits in the queue, as it does while an exchange sleeps.
+        QWidget* const button = &Control("cmdAcquisisce");
+        const QPointF middle = button->rect().center();
+        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+            QCoreApplication::postEvent(
+                button, new QMouseEvent(type, middle, button->mapToGlobal(middle), Qt::LeftButton,
+                                        Qt::LeftButton, Qt::NoModifier));
+        QCoreApplication::postEvent(&Control("ListaTerminali"),
+                                    new QKeyEvent(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier));
+    });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(runs, 0);
+    EXPECT_EQ(TextOf("LabelTerminale"), QStringLiteral("Terminale n°1"));
 }
 
 TEST_F(ContenitoreCommands, EscapeReachesWhoeverListens)

@@ -38,6 +38,20 @@ TEST_F(ContenitoreSaving, MovesTheLineToTheEndAndShowsTheNextTerminal)
     EXPECT_EQ(TextOf("LabelModifiche"), QStringLiteral("Valide fino alla chiusura del programma"));
 }
 
+TEST_F(ContenitoreSaving, ByItsKeyLeavesTheTypeFieldFirst)
+{
+    RegisterOrlo(1);
+    Open();
+    Select(0);
+    Control("ComboTipoTerminale").setFocus();
+    PickType("Orlo II");
+    Key("ComboTipoTerminale", Qt::Key_S, Qt::AltModifier);
+    // A button pressed by its key is shown pressed for a moment first.
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Slot(1).Tipo == 3; }));
+    EXPECT_EQ(Slot(1).Priorita, 0) << "a serial terminal has no priority";
+    EXPECT_EQ(Slot(1).Ritardo, 0.0F);
+}
+
 TEST_F(ContenitoreSaving, TheLastLineStaysAndIsShownAgain)
 {
     Five();

@@ -115,13 +115,13 @@ TEST_F(ContenitoreSelection, LaysOutByTheRegisteredType)
     }
 }
 
-TEST_F(ContenitoreSelection, ANameLongerThanTheLimitIsShownWhole)
+TEST_F(ContenitoreSelection, ANameLongerThanTheLimitIsShownCut)
 {
     TerminalRecord slot = Terminal(1, TerminalType::Strale, "Porta");
     slot.NomeCard = QStringLiteral("Tessera aziendale   ");
     Register(slot);
     Select(0);
-    EXPECT_EQ(TextOf("NomeCard"), QStringLiteral("Tessera aziendale"));
+    EXPECT_EQ(TextOf("NomeCard"), QStringLiteral("Tessera azie"));
     EXPECT_TRUE(TextOf("LabelModifiche").isEmpty());
 }
 

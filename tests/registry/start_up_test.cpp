@@ -149,6 +149,19 @@ TEST_F(StartUpTest, FillsTheChoices)
     EXPECT_EQ(controls.NomeFile->text(), QStringLiteral("TIMBRAT.TXT"));
 }
 
+TEST_F(StartUpTest, ShowsTheFirstTerminalWithItsChoices)
+{
+    Database("nimbo-full-97.mdb");
+    Start();
+    const Ui::Contenitore& controls = window.Controls();
+    EXPECT_EQ(controls.ListaTerminali->currentRow(), 0);
+    EXPECT_EQ(controls.ComboTipoTerminale->currentText(), QStringLiteral("Orlo II"));
+    EXPECT_EQ(controls.ComboPorta->currentText(), QStringLiteral("Com 1"));
+    EXPECT_EQ(controls.ComboVelocita->currentText(), QStringLiteral("2400"));
+    EXPECT_EQ(controls.ComboRitardo->currentText(), QStringLiteral(",1"));
+    EXPECT_TRUE(controls.LabelModifiche->text().isEmpty());
+}
+
 TEST_F(StartUpTest, OldDatabaseIsLoadedWithoutItsMissingColumns)
 {
     Database("nimbo-base-2000.mdb");
@@ -164,9 +177,10 @@ TEST_F(StartUpTest, NumberOutOfRangeEndsTheFillWithoutABox)
     EXPECT_EQ(Start().end, StartUpOutcome::End::Complete);
     EXPECT_TRUE(pc.dialog.told.empty());
     EXPECT_LT(Lines().size(), 6);
-    EXPECT_EQ(window.Controls().PannelloComunicazione->Remark(),
-              QStringLiteral("Il registro non è stato letto fino in fondo: 9 Il numero di terminale "
-                             "0 non è compreso fra 1 e 32."));
+    EXPECT_EQ(
+        window.Controls().PannelloComunicazione->Remark(),
+        QStringLiteral("Il registro non è stato letto fino in fondo: 9 Il numero di terminale "
+                       "0 non è compreso fra 1 e 32."));
     EXPECT_EQ(window.Controls().NomeFile->text(), QStringLiteral("TIMBRAT.TXT"))
         << "start-up went on";
 }

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "tests/end_to_end/child_process.h"
+
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include <array>
+#include <string>
+
+namespace orlo::end_to_end
+{
+
+/// Sees files being made in a folder from the moment in which it is set up.
+class FolderWatch
+{
+public:
+    explicit FolderWatch(const std::string& folder) : descriptor_(inotify_init1(IN_CLOEXEC))
+    {
+        inotify_add_watch(descriptor_, folder.c_str(), IN_CREATE);
+    }
+    FolderWatch(const FolderWatch&) = delete;
+    FolderWatch& operator=(const FolderWatch&) = delete;
+    ~FolderWatch() { close(descriptor_); }
+
+    /// Waits until a file of that name is made; false when it is not for a long time.
+    [[nodiscard]] bool WaitFor(const std::string& name) const
+    {
+        alignas(inotify_event) std::array<char, 4096> events{};
+        while (WaitForInput(descriptor_)) {
+            const ssize_t bytes = read(descriptor_, events.data(), events.size());
+            // Names follow their events, filled up with zero bytes.
+            if (bytes > 0 &&
+                std::string(events.data(), static_cast<std::size_t>(bytes)).find(name + '\0') !=
+                    std::string::npos)
+                return true;
+        }
+        return false;
+    }
+
+private:
+    int descriptor_;
+};
+
+}  // namespace orlo::end_to_end
