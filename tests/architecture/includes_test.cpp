@@ -25,6 +25,7 @@ const std::map<std::string, Names> kMayInclude = {
     {"link", {}},
     {"simulator", {}},
     {"registry", {"link", "jet"}},
+    {"registro", {"registry", "link", "jet"}},
     {"acquisition", {"registry", "link", "jet"}},
     {"status", {"acquisition", "registry", "link", "jet"}},
     {"badge", {"registry", "link", "jet"}},

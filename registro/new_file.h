@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace orlo::registro
+{
+
+/// Writes a file that is not there yet, whole or not at all. Throws Failure.
+void WriteNewFile(const QString& name, const QByteArray& content);
+
+}  // namespace orlo::registro
