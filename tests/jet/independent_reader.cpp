@@ -140,11 +140,12 @@ struct Matches {
         return text == ToUtf8(value) || (value.empty() && text == kNull);
     }
 
-    // The export gives up on a value of a Binary column whose first byte is 00.
+    // The export ends a value of a Binary column at its first byte 00.
     bool operator()(const Binary& value) const
     {
+        const auto end = static_cast<std::size_t>(std::ranges::find(value, 0) - value.begin());
         return text == HexDigits(value.data(), value.size()) ||
-               (!value.empty() && value[0] == 0 && text == kNull);
+               text == (end == 0 ? std::string(kNull) : HexDigits(value.data(), end));
     }
 
     // The export leaves out the last hyphen.
