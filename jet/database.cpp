@@ -6,6 +6,7 @@
 #include "jet/create_table.h"
 #include "jet/failure.h"
 #include "jet/file_name.h"
+#include "jet/free_page_check.h"
 #include "jet/name_map.h"
 #include "jet/table_cursor.h"
 
@@ -19,6 +20,9 @@ struct Database::Impl {
         : file(path, mode, storage)
     {
         LoadCatalog();
+        if (mode == OpenMode::ReadWrite) {
+            CheckNoUsedPageIsFree(file, catalog);
+        }
     }
 
     void LoadCatalog()

@@ -21,7 +21,7 @@ void DefinitionCounters::AddRows(int rows)
 {
     const std::size_t at = file_.Format().definition.rows;
     const std::int64_t sum = std::int64_t{U32(content_, at)} + rows;
-    PutU32(content_, at, static_cast<std::uint64_t>(std::max<std::int64_t>(sum, 0)));
+    PutU32(content_, at, static_cast<std::uint32_t>(std::max<std::int64_t>(sum, 0)));
 }
 
 void DefinitionCounters::AddDistinctKeys(const std::vector<int>& keys)
@@ -29,7 +29,10 @@ void DefinitionCounters::AddDistinctKeys(const std::vector<int>& keys)
     const auto& layout = file_.Format().definition;
     for (std::size_t i = 0; i < keys.size(); ++i) {
         const std::size_t at = layout.counters + layout.counter_bytes * i + layout.distinct_keys;
-        PutU32(content_, at, U32(content_, at) + static_cast<std::uint64_t>(keys[i]));
+        if (at + 4 > content_.size()) {
+            FailDamaged(number_, "numero di indici impossibile");
+        }
+        PutU32(content_, at, U32(content_, at) + static_cast<std::uint32_t>(keys[i]));
     }
 }
 

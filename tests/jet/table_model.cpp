@@ -146,7 +146,8 @@ Value RandomValue(const ColumnInfo& column, bool unicode, std::mt19937& random)
         case ColumnType::Double:
             return RandomWhole<std::int32_t>(random) / 3.0;
         case ColumnType::Date:
-            return Date{RandomWhole<std::int16_t>(random) + 0.25};
+            // From 1900 on: mdb-export does not know earlier days.
+            return Date{RandomWhole<std::uint16_t>(random) + 2.25};
         case ColumnType::Text:
             return RandomText(column.size, unicode, random);
         case ColumnType::Binary:
