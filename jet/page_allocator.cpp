@@ -3,6 +3,7 @@
 #include "jet/failure.h"
 #include "jet/map_bits.h"
 
+#include <algorithm>
 #include <bit>
 #include <optional>
 
@@ -69,7 +70,16 @@ void TurnIntoReferences(PageFile& file)
     }
 }
 
-/// Makes the map long enough for the page behind the end of the file.
+void MarkUsed(PageFile& file, std::uint64_t begin, std::uint64_t end)
+{
+    for (std::uint64_t page = begin; page < end; ++page) {
+        const auto number = static_cast<std::uint32_t>(page);
+        PutBit(file, MapBits(file, kGlobalMap).Find(number).value(), false);
+    }
+}
+
+/// Makes the map long enough for the page behind the end of the file. A map that did not even reach
+/// that end has not said that the pages between are free, so they are not.
 void CoverEnd(PageFile& file)
 {
     while (true) {
@@ -80,9 +90,12 @@ void CoverEnd(PageFile& file)
         }
         if (!bits.Inline()) {
             AddBitmap(file, end);
-            PutBit(file, MapBits(file, kGlobalMap).Find(end).value(), false);
+            MarkUsed(file, end - end % bits.PagesPerBitmap(), file.PageCount());
         } else if (end < bits.First() || !LengthenInlineMap(file, kGlobalMap, kStep, kAllFree)) {
             TurnIntoReferences(file);
+        } else {
+            const std::uint64_t added = bits.First() + bits.Span();
+            MarkUsed(file, added, std::min<std::uint64_t>(end, added + 8 * kStep));
         }
     }
 }

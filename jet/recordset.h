@@ -35,7 +35,8 @@ public:
     virtual Value Field(std::u16string_view column) = 0;
 
     /// Chooses the order of the rows and the index of Seek; the empty name goes back to the file's
-    /// own order. The cursor goes to the first row. Errors: kIndexNotFound.
+    /// own order. The cursor goes to the first row. Errors: kIndexNotFound; kNotSupported for a
+    /// query.
     virtual void SetIndex(std::u16string_view name) = 0;
 
     /// Moves to the first row whose key equals the values, one per index column in order. When

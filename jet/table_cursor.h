@@ -16,7 +16,7 @@ class TableCursor final : public Recordset
 {
 public:
     /// The file must outlive the cursor. Errors: kColumnNotFound when the query names a column
-    /// that the table does not have, kWrongType when its condition is of another kind.
+    /// that the table does not have.
     TableCursor(PageFile& file, std::uint32_t definition_page, std::optional<Query> query = {});
 
     void MoveFirst() override;

@@ -72,7 +72,7 @@ class DamagedWrite : public testing::TestWithParam<const char*>
 TEST_P(DamagedWrite, AnyBytesEndInAResultOrAnErrorThatChangesNothing)
 {
     constexpr unsigned kSeed = 20260102;
-    constexpr int kCopies = 1500;
+    constexpr int kCopies = 700;
     const FileBytes whole = ReadFile(Sample(GetParam()));
     std::mt19937 random(kSeed);
     Outcomes outcomes;
