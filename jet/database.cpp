@@ -1,6 +1,9 @@
 #include "jet/database.h"
 
+#include "jet/append_column.h"
 #include "jet/catalog.h"
+#include "jet/create_database.h"
+#include "jet/create_table.h"
 #include "jet/failure.h"
 #include "jet/file_name.h"
 #include "jet/name_map.h"
@@ -98,6 +101,11 @@ std::unique_ptr<Database> Database::Open(const std::filesystem::path& path, Open
         new Database(std::make_unique<Impl>(RealName(FindFile(path)), mode, storage)));
 }
 
+void Database::Create(const std::filesystem::path& path, Version version, Storage& storage)
+{
+    CreateDatabase(storage, path, version);
+}
+
 std::vector<TableInfo> Database::TableDefs() const
 {
     impl_->Synchronise();
@@ -121,6 +129,17 @@ std::unique_ptr<Recordset> Database::OpenQuery(std::u16string_view statement)
     Query query = ParseQuery(statement);
     const std::uint32_t page = impl_->PageOf(query.table);
     return std::make_unique<TableCursor>(impl_->file, page, std::move(query));
+}
+
+void Database::AppendColumn(std::u16string_view table, const ColumnDefinition& column)
+{
+    const std::uint32_t page = impl_->PageOf(table);
+    impl_->file.Change([&] { jet::AppendColumn(impl_->file, page, column); });
+}
+
+void Database::CreateTable(const TableDefinition& table)
+{
+    impl_->file.Change([&] { jet::CreateTable(impl_->file, table); });
 }
 
 void Database::BeginTrans()

@@ -3,6 +3,8 @@
 #include "jet/column_type.h"
 #include "jet/open_mode.h"
 #include "jet/recordset.h"
+#include "jet/schema.h"
+#include "jet/version.h"
 
 #include <filesystem>
 #include <memory>
@@ -16,11 +18,7 @@ namespace jet
 class Storage;
 Storage& SystemStorage();
 
-struct ColumnInfo {
-    std::u16string name;
-    ColumnType type{};
-    int size = 0;  ///< characters for Text, bytes for the others, 0 for Memo and Ole
-};
+using ColumnInfo = ColumnDefinition;
 
 struct IndexInfo {
     std::u16string name;
@@ -48,6 +46,11 @@ public:
     static std::unique_ptr<Database> Open(const std::filesystem::path& path,
                                           OpenMode mode = OpenMode::ReadOnly,
                                           Storage& storage = SystemStorage());
+    /// Makes a database without tables, to be opened afterwards. It is written under another name
+    /// and gets its own when it is whole and safe on the disk.
+    /// Errors: kFileExists, kAccessDenied, kDiskError, kDiskFull.
+    static void Create(const std::filesystem::path& path, Version version,
+                       Storage& storage = SystemStorage());
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
@@ -67,6 +70,17 @@ public:
     /// Its rows can be changed like those of a table; SetIndex ends in kNotSupported.
     /// Errors: kSyntaxError for any other statement, kTableNotFound, kColumnNotFound.
     std::unique_ptr<Recordset> OpenQuery(std::u16string_view statement);
+
+    /// Adds a column behind the others of a table. Its rows read as Null, or False, there.
+    /// Errors: kReadOnly; kTableNotFound; kColumnExists, kTooManyColumns, kInvalidName;
+    /// kInvalidColumn for a type or size that cannot be; kRecordTooLong; kDiskFull.
+    void AppendColumn(std::u16string_view table, const ColumnDefinition& column);
+
+    /// Makes a table without rows. Errors: kReadOnly; kTableExists, also for a query of that name;
+    /// kColumnExists, kColumnNotFound (an index names it), kIndexExists, kPrimaryExists,
+    /// kTooManyColumns, kTooManyIndexes, kInvalidName, kInvalidColumn, kInvalidIndex;
+    /// kRecordTooLong; kNotSupported in a file of another sort order; kDiskFull.
+    void CreateTable(const TableDefinition& table);
 
     // Each change, by whatever cursor, is done as a whole or not at all, and is on the disk when it
     // returns. Between BeginTrans and CommitTrans that holds for all of them together. Closing the

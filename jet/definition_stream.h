@@ -12,4 +12,12 @@ namespace jet
 /// Errors: kDamagedFile, kDiskError.
 std::vector<std::uint8_t> ReadDefinitionStream(PageFile& file, std::uint32_t first_page);
 
+/// Writes it back over its pages and adds further ones when it has grown. The length is put in
+/// here. Inside PageFile::Change only. Errors: also kDiskFull.
+void WriteDefinitionStream(PageFile& file, std::uint32_t first_page,
+                           std::vector<std::uint8_t> stream);
+
+/// A definition page without content.
+PageImage EmptyDefinitionPage(const Format& format);
+
 }  // namespace jet

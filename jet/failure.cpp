@@ -217,6 +217,55 @@ void FailRecordTooLong()
     throw Error(kRecordTooLong, "La riga è troppo lunga. Accorciare i testi.");
 }
 
+void FailInvalidName(std::u16string_view name)
+{
+    throw Error(kInvalidName,
+                "Il nome " + Quoted(name) + " non è valido: da 1 a 64 caratteri, senza . ! ` [ ].");
+}
+
+void FailInvalidColumn(std::u16string_view column)
+{
+    throw Error(kInvalidColumn,
+                "Il tipo o la dimensione del campo " + Quoted(column) + " non sono validi.");
+}
+
+void FailColumnExists(std::u16string_view column)
+{
+    throw Error(kColumnExists, "Il campo " + Quoted(column) + " esiste già.");
+}
+
+void FailTooManyColumns()
+{
+    throw Error(kTooManyColumns, "Una tabella non può avere più di 255 campi.");
+}
+
+void FailTableExists(std::u16string_view table)
+{
+    throw Error(kTableExists, "La tabella " + Quoted(table) + " esiste già.");
+}
+
+void FailInvalidIndex(std::u16string_view index)
+{
+    throw Error(kInvalidIndex, "I campi dell'indice " + Quoted(index) +
+                                   " non sono validi: da 1 a 10, diversi, non memo né OLE.");
+}
+
+void FailIndexExists(std::u16string_view index)
+{
+    throw Error(kIndexExists, "L'indice " + Quoted(index) + " esiste già.");
+}
+
+void FailPrimaryExists(std::u16string_view index)
+{
+    throw Error(kPrimaryExists,
+                "La tabella ha già una chiave primaria oltre all'indice " + Quoted(index) + ".");
+}
+
+void FailTooManyIndexes()
+{
+    throw Error(kTooManyIndexes, "Una tabella non può avere più di 32 indici.");
+}
+
 void FailDuplicateKey(std::u16string_view index)
 {
     throw Error(kDuplicateKey, "La modifica darebbe valori doppi nell'indice " + Quoted(index) +

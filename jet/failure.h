@@ -53,6 +53,16 @@ namespace jet
 [[noreturn]] void FailCharacter(std::u16string_view column);
 [[noreturn]] void FailNotSupported(std::u16string_view column);
 [[noreturn]] void FailRecordTooLong();
+[[noreturn]] void FailInvalidName(std::u16string_view name);
+/// A type or size that a column cannot have; also a table without columns.
+[[noreturn]] void FailInvalidColumn(std::u16string_view column);
+[[noreturn]] void FailColumnExists(std::u16string_view column);
+[[noreturn]] void FailTooManyColumns();
+[[noreturn]] void FailTableExists(std::u16string_view table);
+[[noreturn]] void FailInvalidIndex(std::u16string_view index);
+[[noreturn]] void FailIndexExists(std::u16string_view index);
+[[noreturn]] void FailPrimaryExists(std::u16string_view index);
+[[noreturn]] void FailTooManyIndexes();
 [[noreturn]] void FailDuplicateKey(std::u16string_view index);
 [[noreturn]] void FailNullInKey(std::u16string_view index);
 /// An index that the change would have to keep and the engine cannot: `why` in Italian.

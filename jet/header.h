@@ -4,6 +4,7 @@
 #include "jet/format.h"
 
 #include <array>
+#include <vector>
 
 namespace jet
 {
@@ -19,5 +20,18 @@ std::array<std::uint8_t, 128> HeaderMask();
 /// leaves the pages as they are, so it is not looked at.
 /// Errors: kUnrecognisedFormat, kEncodedFile.
 const Format& RecogniseHeader(Bytes page);
+
+/// How the file's new columns order their texts.
+struct TextOrder {
+    std::uint16_t sort_order = 0;
+    std::uint8_t version = 0;     ///< Jet 4
+    std::uint16_t code_page = 0;  ///< Jet 3
+};
+
+/// From a page 0 that has been recognised.
+TextOrder ReadTextOrder(Bytes page);
+
+/// Page 0 of a new database.
+std::vector<std::uint8_t> NewHeaderPage(const Format& format);
 
 }  // namespace jet
