@@ -19,13 +19,6 @@ BlockBytes ColumnBlock(const Format& format, const TextOrder& order, TableKind k
 /// A name behind its length. REQUIRES: CheckName let it pass.
 BlockBytes NameBlock(const Format& format, std::u16string_view name);
 
-/// Where the pages of a long-value column are listed.
-struct LongValueMaps {
-    std::uint16_t column_id = 0;
-    RowPointer pages;
-    RowPointer free;
-};
-
 BlockBytes LongValueBlock(const LongValueMaps& maps);
 
 /// A whole stream, for a table without rows.

@@ -29,20 +29,28 @@ constexpr std::size_t kMostPages = 64;
 
 }  // namespace
 
-std::vector<std::uint8_t> ReadDefinitionStream(PageFile& file, std::uint32_t first_page)
+std::vector<std::uint32_t> DefinitionPages(PageFile& file, std::uint32_t first_page)
 {
     const std::size_t most_pages = std::min<std::size_t>(kMostPages, file.PageCount());
-    std::vector<std::uint8_t> stream;
-    std::size_t pages = 0;
-    for (std::uint32_t number = first_page; number != 0; ++pages) {
+    std::vector<std::uint32_t> pages;
+    for (std::uint32_t number = first_page; number != 0;) {
         const Page page = file.Read(number);
-        const Bytes content = page.Content();
-        if (content[0] != kDefinitionPage || pages == most_pages) {
+        if (page.Content()[0] != kDefinitionPage || pages.size() == most_pages) {
             FailDamaged(number, "definizione di tabella interrotta");
         }
-        const Bytes part = content.subspan(stream.empty() ? 0 : kPageHeader);
+        pages.push_back(number);
+        number = U32(page.Content(), kNext);
+    }
+    return pages;
+}
+
+std::vector<std::uint8_t> ReadDefinitionStream(PageFile& file, std::uint32_t first_page)
+{
+    std::vector<std::uint8_t> stream;
+    for (const std::uint32_t number : DefinitionPages(file, first_page)) {
+        const Page page = file.Read(number);
+        const Bytes part = page.Content().subspan(stream.empty() ? 0 : kPageHeader);
         stream.insert(stream.end(), part.begin(), part.end());
-        number = U32(content, kNext);
     }
     const std::uint32_t length = stream.empty() ? 0 : U32(stream, kLength);
     if (length < file.Format().definition.counters || length > stream.size()) {

@@ -12,6 +12,9 @@ namespace jet
 /// Errors: kDamagedFile, kDiskError.
 std::vector<std::uint8_t> ReadDefinitionStream(PageFile& file, std::uint32_t first_page);
 
+/// The pages it lies on. Errors: the same.
+std::vector<std::uint32_t> DefinitionPages(PageFile& file, std::uint32_t first_page);
+
 /// Writes it back over its pages and adds further ones when it has grown. The length is put in
 /// here. Inside PageFile::Change only. Errors: also kDiskFull.
 void WriteDefinitionStream(PageFile& file, std::uint32_t first_page,

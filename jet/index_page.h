@@ -33,6 +33,9 @@ public:
     /// First entry that is not before `wanted`, EntryCount() when all are.
     std::size_t LowerBound(const KeyBytes& wanted) const;
 
+    /// Bytes of the entry area that entries take.
+    std::size_t UsedBytes() const { return ends_.empty() ? 0 : ends_.back(); }
+
     std::uint32_t Number() const { return page_.Number(); }
 
 private:

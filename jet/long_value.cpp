@@ -83,23 +83,33 @@ std::vector<std::uint8_t> ReadLongValue(PageFile& file, Bytes field)
     }
 }
 
-// Erasing the first piece makes it unreadable, so a chain that runs in a circle ends in an error.
-void EraseLongValue(PageFile& file, Bytes field)
+// A chain that runs in a circle has more pieces than the file can have rows.
+std::vector<RowPointer> LongValueRows(PageFile& file, Bytes field)
 {
     if (field.size() < kHeader) {
         FailDamaged("valore lungo senza intestazione");
     }
+    std::vector<RowPointer> rows;
     const std::uint32_t kind = U32(field, 0) >> kKindShift;
     RowPointer at = kind == kInRow ? RowPointer{} : RowPointerAt(field, 4);
     while (at.page != 0) {
         const StoredRow piece = ReadPiece(file, at);
-        const RowPointer next = kind == kChain && piece.bytes.size() >= kNextBytes
-                                    ? RowPointerAt(piece.bytes, 0)
-                                    : RowPointer{};
-        DataPageWriter page(file.Format(), piece.page);
+        rows.push_back(at);
+        if (rows.size() > std::uint64_t{file.PageCount()} * DataPageWriter::kMostRows) {
+            FailDamaged(at.page, "catena di un valore lungo in circolo");
+        }
+        at = kind == kChain && piece.bytes.size() >= kNextBytes ? RowPointerAt(piece.bytes, 0)
+                                                                : RowPointer{};
+    }
+    return rows;
+}
+
+void EraseLongValue(PageFile& file, Bytes field)
+{
+    for (const RowPointer at : LongValueRows(file, field)) {
+        DataPageWriter page(file.Format(), file.Read(at.page));
         page.Erase(at.row);
         file.Write(at.page, page.Take());
-        at = next;
     }
 }
 

@@ -51,6 +51,20 @@ std::optional<MapBit> MapBits::Find(std::uint32_t page) const
                   static_cast<std::uint8_t>(1u << bit % 8)};
 }
 
+std::vector<std::uint32_t> BitmapPagesOf(PageFile& file, RowPointer map)
+{
+    std::vector<std::uint32_t> pages;
+    const StoredRow row = DataPage(file.Format(), file.Read(map.page)).Row(map.row);
+    if (row.bytes.size() >= kInlineMapHeader && row.bytes[0] == 1) {
+        for (std::size_t at = 1; at + 4 <= row.bytes.size(); at += 4) {
+            if (const std::uint32_t page = U32(row.bytes, at); page != 0) {
+                pages.push_back(page);
+            }
+        }
+    }
+    return pages;
+}
+
 PageImage BitmapPage(const Format& format, std::uint8_t fill)
 {
     PageImage page(format.page_bytes, fill);

@@ -47,6 +47,9 @@ inline constexpr std::size_t kBitmapPageHeader = 4;
 /// The bits of an inline map begin here in its row.
 inline constexpr std::size_t kInlineMapHeader = 5;
 
+/// The bitmap pages of a map by reference.
+std::vector<std::uint32_t> BitmapPagesOf(PageFile& file, RowPointer map);
+
 PageImage BitmapPage(const Format& format, std::uint8_t fill);
 
 bool TestBit(PageFile& file, const MapBit& bit);

@@ -61,6 +61,8 @@ public:
         return taken;
     }
 
+    std::size_t Left() const { return rest_.size(); }
+
     std::u16string Name()
     {
         if (!format_.unicode) {
@@ -190,6 +192,19 @@ LogicalIndex ReadLogicalIndex(const Format& format, Reader& reader, TableLayout&
     return index;
 }
 
+// Nothing but a check needs these, so a list that breaks off does not keep the table from being
+// read.
+void ReadLongValues(Reader& reader, TableLayout& table)
+{
+    constexpr std::size_t kBlockBytes = 10;
+    while (reader.Left() >= kBlockBytes) {
+        const Bytes block = reader.Take(kBlockBytes);
+        table.long_values.push_back(
+            {U16(block, 0), RowPointerAt(block, 2), RowPointerAt(block, 6)});
+    }
+    table.ends_well = reader.Left() == 2 && U16(reader.Take(2), 0) == kNoColumn;
+}
+
 }  // namespace
 
 TableLayout ReadTableDefinition(PageFile& file, std::uint32_t page)
@@ -213,6 +228,7 @@ TableLayout ReadTableDefinition(PageFile& file, std::uint32_t page)
     for (LogicalIndex& index : table.logical_indexes) {
         index.name = reader.Name();
     }
+    ReadLongValues(reader, table);
     return table;
 }
 

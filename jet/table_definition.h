@@ -42,6 +42,13 @@ struct LogicalIndex {
     bool primary = false;
 };
 
+/// Where the pages of a long-value column are listed.
+struct LongValueMaps {
+    std::uint16_t column_id = 0;
+    RowPointer pages;
+    RowPointer free;
+};
+
 struct TableLayout {
     std::uint32_t page = 0;            ///< first page: the number by which the file knows the table
     std::uint16_t columns_ever = 0;    ///< columns created so far; every id is below
@@ -52,6 +59,8 @@ struct TableLayout {
     std::vector<ColumnLayout> columns;  ///< ascending by id
     std::vector<RealIndex> real_indexes;
     std::vector<LogicalIndex> logical_indexes;
+    std::vector<LongValueMaps> long_values;
+    bool ends_well = true;  ///< its mark stands at its end
 };
 
 /// Type of a column whose values lie on pages of their own.
