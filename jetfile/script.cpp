@@ -45,7 +45,7 @@ public:
         return values;
     }
 
-    /// The values of an index's columns, as far as there are both.
+    /// A value for each column of the index. Errors: kIndexNotFound, kInvalidArgument.
     std::vector<jet::Value> Key(std::u16string_view index_name, const JsonArray& forms)
     {
         jet::NameMap indexes;

@@ -6,6 +6,7 @@
 #include "jetfile/type_name.h"
 #include "jetfile/value_form.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace jetfile
