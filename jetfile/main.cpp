@@ -28,6 +28,8 @@ std::string Described(const jet::Error& error)
 
 int main(int argc, char** argv)
 {
+    // Otherwise a script that cannot be read further would look like one that ends there.
+    std::ios::sync_with_stdio(false);
     try {
         return Main({argv + 1, argv + argc});
     } catch (const UsageError& error) {

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <istream>
 #include <map>
+#include <stdexcept>
 
 namespace jetfile
 {
@@ -214,6 +215,7 @@ ScriptResult RunScript(jet::Database& database, Extent extent, std::istream& scr
         if (extent == Extent::Each) database.CommitTrans();
         ++result.operations;
     }
+    if (script.bad()) throw std::runtime_error("the script cannot be read");
     if (extent == Extent::Whole) database.CommitTrans();
     return result;
 }

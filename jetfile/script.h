@@ -31,7 +31,8 @@ struct ScriptResult {
 };
 
 /// Performs a script of one operation a line, up to the first one that fails; blank lines are
-/// passed over. Errors: ScriptError, JsonError, and those of CommitTrans.
+/// passed over. Errors: ScriptError, JsonError, those of CommitTrans;
+/// std::runtime_error when the script cannot be read to its end.
 ScriptResult RunScript(jet::Database& database, Extent extent, std::istream& script);
 
 }  // namespace jetfile

@@ -50,6 +50,16 @@ TEST(Usage, FailureEndsWithOneAndTheErrorsNumber)
     EXPECT_TRUE(ended.errors.starts_with("jetfile: error 3024: ")) << ended.errors;
 }
 
+TEST(Usage, ScriptThatCannotBeReadIsAFailure)
+{
+    const jet::test::ScratchFolder folder;
+    const auto file = CopyOf("nimbo-base-2000.mdb", folder);
+    // A folder can be opened and not read.
+    const std::string command = std::string("'") + JETFILE_PATH + "' run '" + file.string() +
+                                "' </ 2>/dev/null; test $? -eq 1";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+}
+
 TEST(Usage, OutputThatCannotBeWrittenIsAFailure)
 {
     const std::string command = std::string("'") + JETFILE_PATH + "' dump '" +
