@@ -24,6 +24,7 @@ const std::map<std::string, Names> kMayInclude = {
     {"jet", {}},
     {"link", {}},
     {"simulator", {}},
+    {"jetfile", {"jet"}},
     {"registry", {"link", "jet"}},
     {"registro", {"registry", "link", "jet"}},
     {"acquisition", {"registry", "link", "jet"}},
