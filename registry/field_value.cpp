@@ -72,7 +72,7 @@ void ThrowWrongKind(std::u16string_view column)
 {
     const QString name = QString::fromUtf16(column.data(), static_cast<qsizetype>(column.size()));
     throw jet::Error(
-        kWrongKind,
+        jet::kWrongType,
         QStringLiteral("Il valore del campo %1 non è del tipo previsto.").arg(name).toStdString());
 }
 

@@ -12,9 +12,7 @@ namespace orlo
 {
 
 // Values of the current row in the types that the program keeps; Null is nothing. All throw
-// jet::Error: that of the cursor, and kWrongKind when the value does not fit the type asked for.
-
-inline constexpr int kWrongKind = 3421;
+// jet::Error: that of the cursor, and kWrongType when the value does not fit the type asked for.
 
 /// Any numeric column, Yes/No (-1 true, 0 false) or text that is a whole number.
 std::optional<std::int64_t> WholeNumberField(jet::Recordset& rows, std::u16string_view column);
