@@ -84,7 +84,10 @@ QByteArray Configuration(const QString& folder)
 void RefuseExisting(const fs::path& path)
 {
     const fs::path found = jet::FindFile(path);
-    if (fs::exists(found))
+    // A link that leads nowhere, to a server that is away, is there too; and what cannot be looked
+    // for stands in a folder that cannot be written either.
+    std::error_code unknown;
+    if (fs::exists(fs::symlink_status(found, unknown)))
         throw Failure(QStringLiteral("Il file \"%1\" esiste già: niente è stato cambiato.")
                           .arg(TextOf(found)));
 }
