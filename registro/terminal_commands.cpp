@@ -26,6 +26,7 @@ QString OptionName(const TerminalColumn& column)
 std::vector<Option> ColumnOptions()
 {
     std::vector<Option> options;
+    options.reserve(kTerminalColumns.size());
     for (const TerminalColumn& column : kTerminalColumns)
         options.push_back(
             {OptionName(column), QStringLiteral("VALORE"), QStringView(column.meaning).toString()});

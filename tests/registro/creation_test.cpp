@@ -67,10 +67,8 @@ TEST_F(Creation, ALinkThatLeadsNowhereIsNotOverwritten)
 {
     for (const char* target : {"/manca/nimbo.mdb", "nimbo.mdb"}) {
         std::filesystem::create_symlink(target, PathOf("nimbo.mdb"));
-        const Ended ended = Run({"crea", "."});
-        EXPECT_EQ(ended.status, 1) << target;
-        EXPECT_EQ(ended.errors, "orlodesk-registro: Il file \"" + PathOf("nimbo.mdb") +
-                                    "\" esiste già: niente è stato cambiato.\n");
+        ExpectRefused({"crea", "."}, "Il file \"" + PathOf("nimbo.mdb") +
+                                         "\" esiste già: niente è stato cambiato.");
         EXPECT_TRUE(std::filesystem::is_symlink(PathOf("nimbo.mdb")));
         EXPECT_FALSE(Has("Configurazione.ini"));
         std::filesystem::remove(PathOf("nimbo.mdb"));

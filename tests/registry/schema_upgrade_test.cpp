@@ -88,6 +88,27 @@ protected:
             values.push_back(rows->Field(column));
         return values;
     }
+    void ExpectAddedOnReading(const jet::ColumnDefinition& missing, jet::Version version)
+    {
+        std::vector<jet::ColumnDefinition> columns = kBase;
+        std::ranges::copy_if(kLater, std::back_inserter(columns),
+                             [&](const auto& column) { return column.name != missing.name; });
+        Register(columns, version);
+        Contenitore window(state, pc.workstation);
+        RiempeListaTerminali(window);
+        EXPECT_EQ(window.Controls().ListaTerminali->count(), 2) << NameOf(missing);
+        ASSERT_EQ(Columns().size(), 24U) << NameOf(missing);
+        EXPECT_TRUE(Same(Columns().back(), missing)) << NameOf(missing);
+    }
+    void ExpectAddedFor(const char* error_text, std::u16string_view added)
+    {
+        Register(kBase);
+        EXPECT_TRUE(NuovoCampo(state, {jet::kColumnNotFound, error_text}));
+        ASSERT_EQ(Columns().size(), 9U) << error_text;
+        EXPECT_EQ(Columns().back().name, added) << error_text;
+        EXPECT_EQ(state.TerminalsRecordset->Field(u"Terminale"), jet::Value(std::int32_t{7}))
+            << "the cursor stands on the first row";
+    }
     static bool Same(const jet::ColumnDefinition& a, const jet::ColumnDefinition& b)
     {
         return a.name == b.name && a.type == b.type && a.size == b.size;
@@ -96,19 +117,8 @@ protected:
 
 TEST_F(SchemaUpgrade, TheOneMissingColumnIsAddedWhileTheRegisterIsRead)
 {
-    for (const jet::Version version : {jet::Version::Jet3, jet::Version::Jet4}) {
-        for (const jet::ColumnDefinition& missing : kLater) {
-            std::vector<jet::ColumnDefinition> columns = kBase;
-            std::ranges::copy_if(kLater, std::back_inserter(columns),
-                                 [&](const auto& column) { return column.name != missing.name; });
-            Register(columns, version);
-            Contenitore window(state, pc.workstation);
-            RiempeListaTerminali(window);
-            EXPECT_EQ(window.Controls().ListaTerminali->count(), 2) << NameOf(missing);
-            ASSERT_EQ(Columns().size(), 24U) << NameOf(missing);
-            EXPECT_TRUE(Same(Columns().back(), missing)) << NameOf(missing);
-        }
-    }
+    for (const jet::Version version : {jet::Version::Jet3, jet::Version::Jet4})
+        for (const jet::ColumnDefinition& missing : kLater) ExpectAddedOnReading(missing, version);
 }
 
 TEST_F(SchemaUpgrade, TheFirstRowAloneGetsHalfASecond)
@@ -135,14 +145,7 @@ TEST_F(SchemaUpgrade, ANameIsTakenBeforeTheOneItContains)
         {"manca Modem", u"Modem"},
         {"manca TIPO, Modem e Ritardo", u"Ritardo"},
     };
-    for (const auto& [text, added] : cases) {
-        Register(kBase);
-        EXPECT_TRUE(NuovoCampo(state, {jet::kColumnNotFound, text}));
-        ASSERT_EQ(Columns().size(), 9U) << text;
-        EXPECT_EQ(Columns().back().name, added) << text;
-        EXPECT_EQ(state.TerminalsRecordset->Field(u"Terminale"), jet::Value(std::int32_t{7}))
-            << "the cursor stands on the first row";
-    }
+    for (const auto& [text, added] : cases) ExpectAddedFor(text, added);
 }
 
 TEST_F(SchemaUpgrade, AColumnOfTheBaseIsNotAdded)
