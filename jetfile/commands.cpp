@@ -60,9 +60,17 @@ std::unique_ptr<jet::Database> OpenForChanges(const std::filesystem::path& file)
 void Run(const Options& options, std::istream& script, std::ostream& out)
 {
     const auto database = OpenForChanges(options.file);
-    const ScriptResult result =
-        RunScript(*database, options.each ? Extent::Each : Extent::Whole, script);
-    out << result.operations << " operations, " << result.rows << " rows\n";
+    ScriptResult done;
+    const auto report = [&] {
+        out << done.operations << " operations, " << done.rows << " rows\n";
+    };
+    try {
+        RunScript(*database, options.each ? Extent::Each : Extent::Whole, script, done);
+    } catch (const std::exception&) {
+        if (options.each) report();
+        throw;
+    }
+    report();
 }
 
 }  // namespace

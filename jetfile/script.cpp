@@ -185,14 +185,14 @@ private:
     std::map<std::u16string, OpenTable> tables_;  // by the spellings used
 };
 
-std::size_t PerformLine(Performer& perform, const std::string& text, std::size_t line)
+/// The one line's operation, in a transaction of its own if it is to be.
+std::size_t PerformLine(jet::Database& database, Performer& perform, Extent extent,
+                        const Operation& operation)
 {
-    const JsonValue form = ReadJson(text, line);
-    try {
-        return std::visit(perform, ReadOperation(form));
-    } catch (const jet::Error& error) {
-        throw ScriptError(line, error);
-    }
+    if (extent == Extent::Each) database.BeginTrans();
+    const std::size_t rows = std::visit(perform, operation);
+    if (extent == Extent::Each) database.CommitTrans();
+    return rows;
 }
 
 bool IsBlank(const std::string& text)
@@ -202,22 +202,23 @@ bool IsBlank(const std::string& text)
 
 }  // namespace
 
-ScriptResult RunScript(jet::Database& database, Extent extent, std::istream& script)
+void RunScript(jet::Database& database, Extent extent, std::istream& script, ScriptResult& done)
 {
     Performer perform(database);
-    ScriptResult result;
     std::string text;
     if (extent == Extent::Whole) database.BeginTrans();
     for (std::size_t line = 1; std::getline(script, text); ++line) {
         if (IsBlank(text)) continue;
-        if (extent == Extent::Each) database.BeginTrans();
-        result.rows += PerformLine(perform, text, line);
-        if (extent == Extent::Each) database.CommitTrans();
-        ++result.operations;
+        const JsonValue form = ReadJson(text, line);
+        try {
+            done.rows += PerformLine(database, perform, extent, ReadOperation(form));
+            ++done.operations;
+        } catch (const jet::Error& error) {
+            throw ScriptError(line, error);
+        }
     }
     if (script.bad()) throw std::runtime_error("the script cannot be read");
     if (extent == Extent::Whole) database.CommitTrans();
-    return result;
 }
 
 }  // namespace jetfile

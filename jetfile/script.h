@@ -31,8 +31,9 @@ struct ScriptResult {
 };
 
 /// Performs a script of one operation a line, up to the first one that fails; blank lines are
-/// passed over. Errors: ScriptError, JsonError, those of CommitTrans;
+/// passed over. `done` counts along: with Extent::Each it tells what stays done also when an error
+/// ends the run. Errors: ScriptError, JsonError, those of CommitTrans;
 /// std::runtime_error when the script cannot be read to its end.
-ScriptResult RunScript(jet::Database& database, Extent extent, std::istream& script);
+void RunScript(jet::Database& database, Extent extent, std::istream& script, ScriptResult& done);
 
 }  // namespace jetfile

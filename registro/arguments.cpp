@@ -51,7 +51,7 @@ private:
     QString FollowingValue(const Option& option)
     {
         if (option.value.isEmpty()) return {};
-        if (rest_.isEmpty())
+        if (rest_.isEmpty() || rest_.first().startsWith(u"--"))
             throw UsageError(QStringLiteral("--%1 vuole un valore.").arg(option.name));
         return rest_.takeFirst();
     }

@@ -9,7 +9,8 @@
 namespace orlo::registro
 {
 
-/// An option that a command knows: "--NAME VALUE" or "--NAME=VALUE", or "--NAME" by itself.
+/// An option that a command knows: "--NAME VALUE" or "--NAME=VALUE", or "--NAME" by itself. A value
+/// that begins with "--" needs the form with "=".
 struct Option {
     QString name;
     QString value;  ///< what the help calls the value; empty: there is none

@@ -68,12 +68,12 @@ void FillDatabase(const fs::path& file)
 
 QByteArray Configuration(const QString& folder)
 {
-    const QByteArray text = QStringLiteral(
-                                "Applicazioni       :%1\n"
-                                "Databases          :%1\n"
-                                "Reports            :%1\n")
-                                .arg(folder)
-                                .toUtf8();
+    QByteArray text = QStringLiteral(
+                          "Applicazioni       :%1\n"
+                          "Databases          :%1\n"
+                          "Reports            :%1\n")
+                          .arg(folder)
+                          .toUtf8();
     if (ParseConfiguration(text).databases != folder)
         throw Failure(QStringLiteral("Il nome della cartella \"%1\" non si può scrivere in "
                                      "Configurazione.ini: usarne una senza spazi in fondo.")
@@ -84,7 +84,10 @@ QByteArray Configuration(const QString& folder)
 void RefuseExisting(const fs::path& path)
 {
     const fs::path found = jet::FindFile(path);
-    if (fs::exists(found))
+    // A link that leads nowhere, to a server that is away, is there too; and what cannot be looked
+    // for stands in a folder that cannot be written either.
+    std::error_code unknown;
+    if (fs::exists(fs::symlink_status(found, unknown)))
         throw Failure(QStringLiteral("Il file \"%1\" esiste già: niente è stato cambiato.")
                           .arg(TextOf(found)));
 }

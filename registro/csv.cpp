@@ -18,7 +18,7 @@ public:
         CsvText result;
         while (at_ < text_.size() && fault_.isEmpty()) {
             CsvRecord record = ReadRecord();
-            const bool blank = record.fields.size() == 1 && record.fields.first().isEmpty();
+            const bool blank = std::ranges::all_of(record.fields, &QString::isEmpty);
             if (!blank) result.records.push_back(std::move(record));
         }
         if (!fault_.isEmpty()) return {{}, line_, fault_};

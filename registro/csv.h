@@ -17,7 +17,7 @@ struct CsvRecord {
 };
 
 struct CsvText {
-    std::vector<CsvRecord> records;  ///< blank lines are none
+    std::vector<CsvRecord> records;  ///< lines without any content are none
     int fault_line = 0;              ///< 0: no fault
     QString fault;                   ///< in Italian
 };

@@ -14,7 +14,8 @@ void WriteNewFile(const QString& name, const QByteArray& content)
     const bool mine = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
     if (mine && file.write(content) == content.size() && file.flush()) return;
     const QString reason = file.errorString();
-    if (mine) file.remove();
+    // Not file.remove(): on a full disk it fails in closing first, and leaves the file there.
+    if (mine) QFile::remove(name);
     throw Failure(QStringLiteral("Il file \"%1\" non si può scrivere (%2).").arg(name, reason));
 }
 

@@ -1,3 +1,4 @@
+#include "jet/failure.h"
 #include "jet/integrity_check.h"
 #include "registro/command.h"
 #include "registro/create_register.h"
@@ -7,18 +8,23 @@
 #include "registro/stale_lock.h"
 #include "registro/terminal_csv.h"
 #include "registro/terminal_rows.h"
+#include "registry/windows_1252.h"
 
 #include <QFile>
-#include <QStringDecoder>
 
+#include <cerrno>
+#include <filesystem>
 #include <iostream>
 #include <iterator>
+#include <system_error>
 
 namespace orlo::registro
 {
 
 namespace
 {
+
+const QByteArray kUtf8Mark = QByteArrayLiteral("\xEF\xBB\xBF");
 
 void Create(const Arguments& given, Streams)
 {
@@ -38,12 +44,15 @@ void Check(const Arguments& given, Streams streams)
 
 void Unlock(const Arguments& given, Streams streams)
 {
-    const auto lock_file = jet::LockFile::NameFor(DatabaseFile(given.positional[0]));
-    switch (RemoveStaleLock(lock_file)) {
+    const std::filesystem::path file = DatabaseFile(given.positional[0]);
+    switch (RemoveStaleLock(jet::LockFile::NameFor(file))) {
         case LockRemoval::Removed:
             streams.out << "Il registro è sbloccato.\n";
             return;
         case LockRemoval::NotThere:
+            // A name that was mistyped has no lock either.
+            if (std::error_code unknown; !std::filesystem::exists(file, unknown))
+                jet::FailOpen(file, ENOENT);
             streams.out << "Il registro non era bloccato.\n";
             return;
         case LockRemoval::Held:
@@ -56,8 +65,9 @@ void Export(const Arguments& given, Streams streams)
     const auto database = OpenToRead(given.positional[0]);
     const QByteArray csv = TerminalsAsCsv(ReadTerminals(*database)).toUtf8();
     if (given.positional.size() > 1)
-        // A file that is there already is refused: it might be the register itself.
-        WriteNewFile(given.positional[1], csv);
+        // A file that is there already is refused: it might be the register itself. Without its
+        // byte order mark a spreadsheet would take the accents for Windows-1252.
+        WriteNewFile(given.positional[1], kUtf8Mark + csv);
     else
         streams.out << csv.toStdString();
 }
@@ -80,12 +90,11 @@ void Import(const Arguments& given, Streams streams)
 {
     const QByteArray bytes =
         given.positional.size() > 1 ? ReadAll(given.positional[1]) : ReadAll(streams.in);
-    QStringDecoder utf8(QStringDecoder::Utf8);  // leaves a byte order mark out
-    const QString text = utf8(bytes);
-    if (utf8.hasError())
-        throw Failure(QStringLiteral("Il testo da importare non è in UTF-8. Salvarlo così."));
+    const QString text = FromUtf8OrWindows1252(bytes);
+    if (text.contains(QChar::Null))
+        throw Failure(QStringLiteral(
+            "Il testo da importare non è né in UTF-8 né in Windows-1252. Salvarlo in UTF-8."));
     RegisterChange change(given.positional[0]);
-    AddMissingColumns(change.Database());
     const ImportCount count = StoreCsv(change.Database(), text);
     change.Commit();
     streams.out << "Terminali aggiunti: " << count.added << ", cambiati: " << count.changed

@@ -26,6 +26,7 @@ QString OptionName(const TerminalColumn& column)
 std::vector<Option> ColumnOptions()
 {
     std::vector<Option> options;
+    options.reserve(kTerminalColumns.size());
     for (const TerminalColumn& column : kTerminalColumns)
         options.push_back(
             {OptionName(column), QStringLiteral("VALORE"), QStringView(column.meaning).toString()});
@@ -41,6 +42,16 @@ int ReadNumber(const QString& text)
         throw UsageError(QStringLiteral("N: %1.").arg(
             read.fault.isEmpty() ? QStringLiteral("manca il numero") : read.fault));
     return *number;
+}
+
+/// Of a row that is there already: also a foreign number, because a row that the register has no
+/// place for keeps the main window from listing those behind it.
+int ReadAnyNumber(const QString& text)
+{
+    bool is_number = false;
+    const int number = text.toInt(&is_number);
+    if (!is_number) throw UsageError(QStringLiteral("N: «%1» non è un numero.").arg(text));
+    return number;
 }
 
 GivenValues ReadOptions(const Arguments& given)
@@ -112,7 +123,7 @@ void Modify(const Arguments& given, Streams)
 
 void Remove(const Arguments& given, Streams)
 {
-    const int number = ReadNumber(given.positional[1]);
+    const int number = ReadAnyNumber(given.positional[1]);
     RegisterChange change(given.positional[0]);
     if (!RemoveTerminal(change.Database(), number)) FailNotThere(number);
     change.Commit();

@@ -54,8 +54,10 @@ class CsvStore
 {
 public:
     CsvStore(jet::Database& database, std::vector<Column> columns)
-        : database_(database), columns_(std::move(columns)), known_(ReadTerminals(database))
+        : database_(database), columns_(std::move(columns)), exported_(ReadTerminals(database))
     {
+        AddMissingColumns(database);
+        known_ = ReadTerminals(database);
     }
 
     void Store(const CsvRecord& record)
@@ -69,7 +71,7 @@ public:
         if (old == known_.end())
             Add(record);
         else
-            Change(record, *old);
+            Change(record, static_cast<std::size_t>(old - known_.begin()));
     }
 
     ImportCount Count() const { return count_; }
@@ -78,7 +80,7 @@ private:
     int ReadNumber(const CsvRecord& record)
     {
         const auto place = std::ranges::find(columns_, kTerminale) - columns_.begin();
-        const ReadValue read = ValueOfText(kTerminalColumns[kTerminale], record.fields[place]);
+        const ReadValue read = NumberOfText(record.fields[place]);
         const auto* number = std::get_if<std::int32_t>(&read.value);
         if (number == nullptr)
             FailAt(record.line, kTerminale,
@@ -89,13 +91,24 @@ private:
         return *number;
     }
 
-    GivenValues ReadCells(const CsvRecord& record, const TerminalValues* old) const
+    /// A number outside the register is one where a row has it.
+    ReadValue NumberOfText(const QString& text) const
+    {
+        for (const TerminalValues& terminal : known_)
+            if (!text.isEmpty() &&
+                text == WrittenValue(kTerminalColumns[kTerminale], terminal[kTerminale]))
+                return {terminal[kTerminale], {}};
+        return ValueOfText(kTerminalColumns[kTerminale], text);
+    }
+
+    GivenValues ReadCells(const CsvRecord& record, const TerminalValues* exported) const
     {
         GivenValues given;
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             const TerminalColumn& column = kTerminalColumns[columns_[i]];
             const QString& text = record.fields[static_cast<qsizetype>(i)];
-            if (old != nullptr && text == WrittenValue(column, (*old)[columns_[i]])) continue;
+            if (exported != nullptr && text == WrittenValue(column, (*exported)[columns_[i]]))
+                continue;
             const ReadValue read = ValueOfText(column, text);
             if (!read.fault.isEmpty()) FailAt(record.line, columns_[i], read.fault);
             given[columns_[i]] = read.value;
@@ -115,18 +128,19 @@ private:
         ++count_.added;
     }
 
-    void Change(const CsvRecord& record, const TerminalValues& old)
+    void Change(const CsvRecord& record, std::size_t row)
     {
-        TerminalValues terminal = old;
-        ApplyGiven(terminal, ReadCells(record, &old));
-        if (terminal == old) return;
+        TerminalValues terminal = known_[row];
+        ApplyGiven(terminal, ReadCells(record, &exported_[row]));
+        if (terminal == known_[row]) return;
         StoreTerminal(database_, terminal);
         ++count_.changed;
     }
 
     jet::Database& database_;
     std::vector<Column> columns_;
-    std::vector<TerminalValues> known_;
+    std::vector<TerminalValues> exported_;  // as an export would have told them
+    std::vector<TerminalValues> known_;     // the same with the columns of an older table added
     std::set<int> stored_;
     ImportCount count_;
 };

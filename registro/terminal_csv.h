@@ -18,11 +18,11 @@ struct ImportCount {
     int changed = 0;
 };
 
-/// Stores the terminals of such a text. The columns may come in any order, and those that are not
-/// in it stay as they are, or get their defaults in a new terminal; a terminal that is not in it
-/// stays. A cell that already says what the register holds is not checked, so that what was
-/// exported can always be imported. Throws Failure with line and column, jet::Error; some terminals
-/// may then be stored.
+/// Stores the terminals of such a text, in a table that first gets the columns it lacks. The
+/// columns may come in any order, and those that are not in it stay as they are, or get their
+/// defaults in a new terminal; a terminal that is not in it stays. A cell that already says what
+/// the register holds is not checked, so that what was exported can always be imported. Throws
+/// Failure with line and column, jet::Error; some terminals may then be stored.
 ImportCount StoreCsv(jet::Database& database, const QString& text);
 
 }  // namespace orlo::registro

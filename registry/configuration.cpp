@@ -5,7 +5,6 @@
 #include "registry/windows_1252.h"
 
 #include <QFile>
-#include <QStringDecoder>
 
 namespace orlo
 {
@@ -14,13 +13,6 @@ namespace
 {
 
 constexpr int kKeyWidth = 20;
-
-QString Decoded(const QByteArray& content)
-{
-    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    QString text = utf8(content);
-    return utf8.hasError() ? FromWindows1252(content) : text;
-}
 
 QStringList Lines(const QString& text)
 {
@@ -34,7 +26,7 @@ QStringList Lines(const QString& text)
 ConfiguredPaths ParseConfiguration(const QByteArray& content)
 {
     ConfiguredPaths paths;
-    for (const QString& line : Lines(Decoded(content))) {
+    for (const QString& line : Lines(FromUtf8OrWindows1252(content))) {
         const QString key = WithoutBlanksAround(line.left(kKeyWidth));
         const QString value = WithoutBlanksAround(line.mid(kKeyWidth));
         if (key == QStringLiteral("Applicazioni       :"))

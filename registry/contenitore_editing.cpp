@@ -167,7 +167,8 @@ void Contenitore::cmdAggiorna_Click()
 }
 
 // The row is written first: when that fails, neither slot nor list has changed. A number without a
-// row writes nothing and gives no message; the window edits terminals and never adds one.
+// row writes nothing and gives no message; the window edits terminals and never adds one. A row
+// that was written and cannot be read again is shown as it was entered.
 void Contenitore::SaveSelected(const TerminalRecord& entered)
 {
     const int n = SelectedTerminal();
@@ -182,7 +183,13 @@ void Contenitore::SaveSelected(const TerminalRecord& entered)
         return;
     }
     *SelectedSlot() = entered;
-    ui_->ListaTerminali->MoveCurrentToEnd(CostruzioneStringa(state_, n));
+    QString line = ListLine(n, entered, WithoutBlanksAround(entered.Descrizione));
+    try {
+        line = CostruzioneStringa(state_, n);
+    } catch (const jet::Error& error) {
+        ShowDatabaseError(workstation_.dialog, error);
+    }
+    ui_->ListaTerminali->MoveCurrentToEnd(line);
 }
 
 }  // namespace orlo

@@ -1,5 +1,6 @@
 #include "registry/list_line.h"
 
+#include "registry/field_value.h"
 #include "registry/terminal_type.h"
 #include "registry/text_blanks.h"
 
@@ -55,9 +56,7 @@ QString RowDescription(ProgramState& state, const TerminalRecord& slot)
     jet::Recordset* cursor = state.TerminalsRecordset.get();
     if (cursor == nullptr || cursor->NoMatch() || cursor->AtBof() || cursor->AtEof())
         return slot.Descrizione.trimmed();
-    const jet::Value value = cursor->Field(u"Descrizione");
-    const auto* text = std::get_if<jet::Text>(&value);
-    return text != nullptr ? QString::fromStdU16String(*text) : QString();
+    return TextField(*cursor, u"Descrizione").value_or(QString());
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "registry/windows_1252.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <array>
 
@@ -39,6 +41,14 @@ QString FromWindows1252(const QByteArray& bytes)
             character = QChar(kUpperControls[static_cast<std::size_t>(offset)]);
     }
     return text;
+}
+
+QString FromUtf8OrWindows1252(const QByteArray& bytes)
+{
+    // Stateless, so that a letter cut off by the end is an error and not waited for.
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString text = utf8(bytes);
+    return utf8.hasError() ? FromWindows1252(bytes) : text;
 }
 
 QByteArray ToWindows1252(const QString& text)

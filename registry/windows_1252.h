@@ -11,6 +11,10 @@ namespace orlo
 
 QString FromWindows1252(const QByteArray& bytes);
 
+/// A file that may be in UTF-8, with or without a byte order mark, and is otherwise taken for
+/// Windows-1252: Italian text in the one is hardly ever valid in the other.
+QString FromUtf8OrWindows1252(const QByteArray& bytes);
+
 /// A character that the code page does not have becomes "?".
 QByteArray ToWindows1252(const QString& text);
 

@@ -86,8 +86,19 @@ TEST_P(Changes, EachByItselfStayDoneUpToTheOneThatFails)
 )");
     EXPECT_EQ(ended.status, 1);
     EXPECT_TRUE(ended.errors.starts_with("jetfile: line 3: error 3421: ")) << ended.errors;
+    EXPECT_EQ(ended.output, "2 operations, 6 rows\n") << "what stays done";
     EXPECT_EQ(Terminals(file), "4,,,0,,,,\n");
     ExpectSound(file);
+}
+
+TEST_P(Changes, EachByItselfTellsWhatIsDoneAlsoBeforeTextThatIsNoJson)
+{
+    const auto file = Copy();
+    const Ended ended = Jetfile({"run", file.string(), "--each"}, std::string(kEmptied) + "\n{\n");
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.output, "1 operations, 5 rows\n");
+    EXPECT_TRUE(ended.errors.starts_with("jetfile: line 2, column ")) << ended.errors;
+    EXPECT_EQ(Terminals(file), "");
 }
 
 TEST_P(Changes, TextThatIsNoJsonEndsWithItsPlaceAndChangesNothing)

@@ -36,15 +36,16 @@ std::string FaultOf(std::initializer_list<const char*> arguments)
 
 TEST(Arguments, OptionsMayStandAnywhere)
 {
-    const Arguments read = Read({"--jet3", "a", "--tipo", "--x", "b"});
+    const Arguments read = Read({"--jet3", "a", "--tipo", "-x", "b"});
     EXPECT_EQ(read.positional, Texts({"a", "b"}));
-    EXPECT_EQ(read.options[QStringLiteral("tipo")], QStringLiteral("--x"));
+    EXPECT_EQ(read.options[QStringLiteral("tipo")], QStringLiteral("-x"));
     EXPECT_TRUE(read.options.contains(QStringLiteral("jet3")));
 }
 
 TEST(Arguments, ValueMayFollowAnEqualsSign)
 {
     EXPECT_EQ(Read({"--tipo=a=b"}).options[QStringLiteral("tipo")], QStringLiteral("a=b"));
+    EXPECT_EQ(Read({"--tipo=--x"}).options[QStringLiteral("tipo")], QStringLiteral("--x"));
     EXPECT_EQ(Read({"--tipo="}).options[QStringLiteral("tipo")], QString());
 }
 
@@ -57,6 +58,7 @@ TEST(Arguments, FaultsNameTheOption)
 {
     EXPECT_EQ(FaultOf({"--colore", "x"}), "Opzione sconosciuta: --colore.");
     EXPECT_EQ(FaultOf({"--tipo"}), "--tipo vuole un valore.");
+    EXPECT_EQ(FaultOf({"--tipo", "--jet3"}), "--tipo vuole un valore.");
     EXPECT_EQ(FaultOf({"--tipo", "a", "--tipo=b"}), "--tipo c'è due volte.");
     EXPECT_EQ(FaultOf({"--jet3=si"}), "--jet3 non vuole un valore.");
 }

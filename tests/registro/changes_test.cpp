@@ -69,6 +69,20 @@ TEST_F(OlderRegister, GetsTheColumnsThatItLacksAndHalfASecondInItsFirstRow)
     EXPECT_EQ(Do({"verifica", "."}), "Il file è integro.\n");
 }
 
+class ForeignRows : public RegisterFolder
+{
+};
+
+TEST_F(ForeignRows, OfANumberOutsideTheRegisterCanBeRemoved)
+{
+    TakeSample("nimbo-range-2000.mdb");
+    for (const char* number : {"0", "33", "-1", "32767"}) Do({"rimuovi", ".", number});
+    const std::string list = Do({"elenca", "."});
+    EXPECT_EQ(list.find("\n        1  "), list.find('\n'));
+    EXPECT_EQ(list.find("\n        2  "), list.rfind('\n', list.size() - 2)) << list;
+    EXPECT_EQ(Do({"verifica", "."}), "Il file è integro.\n");
+}
+
 class Usage : public RegisterFolder
 {
 };
@@ -93,6 +107,11 @@ TEST_F(Usage, WrongUsageIsNamedAndEndsWith2)
          "--porta: «5» non è un numero da 1 a 4."},
         {{"modifica", ".", "3"}, "Manca che cosa modificare."},
         {{"crea", ".", "--jet5"}, "Opzione sconosciuta: --jet5."},
+        {{"crea", ".", "--jet3=sì"}, "--jet3 non vuole un valore."},
+        {{"rimuovi", ".", "tre"}, "N: «tre» non è un numero."},
+        {{"modifica", ".", "3", "--modem"}, "--modem vuole un valore."},
+        {{"modifica", ".", "3", "--modem", "--porta=2"}, "--modem vuole un valore."},
+        {{"modifica", ".", "3", "--porta=2", "--porta=3"}, "--porta c'è due volte."},
     };
     for (const Case& wrong : cases) {
         const Ended ended = Run(wrong.arguments);

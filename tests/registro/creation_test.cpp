@@ -63,6 +63,18 @@ TEST_F(Creation, NeitherFileIsOverwritten)
     EXPECT_FALSE(Has("Configurazione.ini"));
 }
 
+TEST_F(Creation, ALinkThatLeadsNowhereIsNotOverwritten)
+{
+    for (const char* target : {"/manca/nimbo.mdb", "nimbo.mdb"}) {
+        std::filesystem::create_symlink(target, PathOf("nimbo.mdb"));
+        ExpectRefused({"crea", "."}, "Il file \"" + PathOf("nimbo.mdb") +
+                                         "\" esiste già: niente è stato cambiato.");
+        EXPECT_TRUE(std::filesystem::is_symlink(PathOf("nimbo.mdb")));
+        EXPECT_FALSE(Has("Configurazione.ini"));
+        std::filesystem::remove(PathOf("nimbo.mdb"));
+    }
+}
+
 TEST_F(Creation, AFolderIsNotMade)
 {
     ExpectRefused({"crea", "manca"}, "La cartella \"manca\" non esiste.");

@@ -73,12 +73,77 @@ TEST_F(Import, FaultsNameLineAndColumnAndNothingChanges)
     }
 }
 
-TEST_F(Import, TextMustBeUtf8)
+TEST_F(Import, NumbersOutsideTheRegisterStayWhereTheyAre)
+{
+    TakeSample("nimbo-range-2000.mdb");
+    const std::string before = Exported("TERMINALI");
+    Do({"esporta", ".", "t.csv"});
+    EXPECT_EQ(Do({"importa", ".", "t.csv"}), "Terminali aggiunti: 0, cambiati: 0.\n");
+    EXPECT_EQ(Exported("TERMINALI"), before);
+    Write("t.csv", "Terminale;Descrizione\n33;Portone\n");
+    EXPECT_EQ(Do({"importa", ".", "t.csv"}), "Terminali aggiunti: 0, cambiati: 1.\n");
+    Write("t.csv", "Terminale;TIPO\n34;Lumo\n");
+    ExpectRefused({"importa", ".", "t.csv"},
+                  "Riga 2: colonna Terminale, «34» non è un numero da 1 a 32. Niente è stato "
+                  "cambiato.");
+}
+
+TEST_F(Import, ExportOfAnOlderRegisterKeepsTheHalfSecondOfItsFirstRow)
+{
+    TakeSample("nimbo-base-97.mdb");
+    Do({"esporta", ".", "t.csv"});
+    EXPECT_EQ(Do({"importa", ".", "t.csv"}), "Terminali aggiunti: 0, cambiati: 0.\n");
+    EXPECT_NE(Do({"esporta", "."}).find("\n1;;2;Ingresso;Sì;2;1;1;;2400;0,5;;No;"),
+              std::string::npos);
+}
+
+TEST_F(Import, AFaultLeavesAnOlderRegisterWithoutTheNewColumns)
+{
+    TakeSample("nimbo-base-2000.mdb");
+    Write("t.csv", "Terminale;Porta\n1;2\n2;9\n");
+    ExpectRefused({"importa", ".", "t.csv"},
+                  "Riga 3: colonna Porta, «9» non è un numero da 1 a 4. Niente è stato cambiato.");
+}
+
+TEST_F(Import, WhatASpreadsheetSavesIsTaken)
+{
+    struct Case {
+        const char* name;
+        const char* csv;
+    };
+    const Case cases[] = {
+        {"Windows-1252", "Terminale;TIPO;Descrizione\r\n1;Orlo;Citt\xE0 \x80\r\n"},
+        {"Windows-1252 up to the last byte", "Terminale;TIPO;Descrizione\r\n1;Orlo;Citt\xE0 \x80"},
+        {"UTF-8 with its mark",
+         "\xEF\xBB\xBF"
+         "Terminale;TIPO;Descrizione\r\n1;Orlo;Città €\r\n"},
+        {"lines without content", "Terminale;TIPO;Descrizione\r\n1;Orlo;Città €\r\n;;\r\n;;\r\n"},
+    };
+    for (const Case& saved : cases) {
+        const std::string csv = saved.csv;
+        Write("t.csv", csv);
+        Do({"crea", "."});
+        EXPECT_EQ(Do({"importa", ".", "t.csv"}), "Terminali aggiunti: 1, cambiati: 0.\n")
+            << saved.name;
+        EXPECT_EQ(Exported("TERMINALI").substr(0, 18), "1,1,1,\"Città €\"") << saved.name;
+        std::filesystem::remove(PathOf("nimbo.mdb"));
+        std::filesystem::remove(PathOf("Configurazione.ini"));
+    }
+}
+
+TEST_F(Import, OtherEncodingsAreRefused)
 {
     Do({"crea", "."});
-    Write("t.csv", "Terminale;TIPO;Descrizione\n1;Orlo;citt\xE0\n");
+    Write("t.csv", std::string("\xFF\xFET\0e\0", 6));
     ExpectRefused({"importa", ".", "t.csv"},
-                  "Il testo da importare non è in UTF-8. Salvarlo così.");
+                  "Il testo da importare non è né in UTF-8 né in Windows-1252. Salvarlo in UTF-8.");
+}
+
+TEST_F(Import, ExportedFilesTellSpreadsheetsThatTheyAreUtf8)
+{
+    TakeSample("nimbo-full-97.mdb");
+    Do({"esporta", ".", "t.csv"});
+    EXPECT_EQ(Read("t.csv"), "\xEF\xBB\xBF" + Do({"esporta", "."}));
 }
 
 TEST_F(Import, ExportOverwritesNothing)
@@ -86,7 +151,7 @@ TEST_F(Import, ExportOverwritesNothing)
     Do({"crea", "."});
     ExpectRefused({"esporta", ".", "nimbo.mdb"}, "Il file \"nimbo.mdb\" esiste già.");
     Do({"esporta", ".", "t.csv"});
-    EXPECT_EQ(Read("t.csv"), Do({"esporta", "."}));
+    ExpectRefused({"esporta", ".", "t.csv"}, "Il file \"t.csv\" esiste già.");
 }
 
 }  // namespace

@@ -58,6 +58,16 @@ TEST_F(Locks, AStaleLockIsRemoved)
     EXPECT_FALSE(Has("nimbo.ldb"));
 }
 
+TEST_F(Locks, OfARegisterThatIsNotThereAreNotSaidToBeOpen)
+{
+    const Ended ended = Run({"sblocca", "altrove"});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.output, "");
+    EXPECT_EQ(ended.errors,
+              "orlodesk-registro: Il database \"altrove\" non esiste. Controllare cartella e "
+              "nome.\n");
+}
+
 TEST_F(Locks, AWriterKeepsChangesOut)
 {
     const auto writer = jet::Database::Open(PathOf("nimbo.mdb"), jet::OpenMode::ReadWrite);

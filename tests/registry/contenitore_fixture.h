@@ -70,6 +70,7 @@ public:
     jet::Value Field(std::u16string_view column) override
     {
         EXPECT_EQ(column, u"Descrizione");
+        if (unreadable) throw jet::Error(jet::kDiskError, "disco guasto");
         return at_->second;
     }
     void SetIndex(std::u16string_view name) override { index.assign(name); }
@@ -104,6 +105,7 @@ public:
     std::u16string refuses;
     std::u16string index;
     int failure = 0;
+    bool unreadable = false;
 
 private:
     std::map<int, jet::Value> rows_;

@@ -333,4 +333,20 @@ TEST_F(ContenitoreSaving, AnErrorOfTheDatabaseIsToldAndTheListStays)
     EXPECT_EQ(dialog.told.front(), QStringLiteral("| 3043 disco guasto"));
 }
 
+TEST_F(ContenitoreSaving, ARowThatCannotBeReadAgainIsShownAsEntered)
+{
+    Five();
+    auto rows = std::make_unique<RowsByNumber>(std::map<int, jet::Value>{{3, jet::Text(u"P")}});
+    rows->unreadable = true;
+    state.TerminalsRecordset = std::move(rows);
+    Select(2);
+    Write("CampoDescrizione", "Nuova");
+    Press("cmdAggiorna");
+    EXPECT_EQ(Numbers(), QStringLiteral("01 02 04 05 03"));
+    EXPECT_EQ(SplitRegisterLine(Lines().last()).description, QStringLiteral("Nuova"));
+    EXPECT_EQ(Slot(3).Descrizione, QStringLiteral("Nuova   "));
+    ASSERT_EQ(dialog.told.size(), 1U);
+    EXPECT_EQ(dialog.told.front(), QStringLiteral("| 3043 disco guasto"));
+}
+
 }  // namespace orlo::contenitore_test

@@ -233,6 +233,44 @@ TEST_F(StartUpTest, SavedTerminalIsReadBackByAnotherReader)
         << Exported("TERMINALI").toStdString();
 }
 
+TEST_F(StartUpTest, ARegisterThatCanOnlyBeReadSaysSoOnSaving)
+{
+    Database("nimbo-full-2000.mdb");
+    Start();
+    state.TerminalsRecordset.reset();
+    state.Database.reset();
+    state.Database = jet::Database::Open(InFolder("nimbo.mdb").toStdString());
+    state.TerminalsRecordset = state.Database->OpenTable(u"TERMINALI");
+    const QByteArray file = Content("nimbo.mdb");
+    const QStringList lines = Lines();
+    const TerminalRecord before = Slot(1);
+    window.Controls().Tentativi->setText(QStringLiteral("9"));
+    window.Controls().cmdAggiorna->click();
+    ASSERT_EQ(pc.dialog.told.size(), 1U);
+    EXPECT_TRUE(pc.dialog.told[0].text.startsWith(QStringLiteral(" 3027 ")))
+        << pc.dialog.told[0].text.toStdString();
+    EXPECT_EQ(Lines(), lines);
+    EXPECT_TRUE(Slot(1) == before);
+    EXPECT_EQ(window.Controls().Tentativi->text(), QStringLiteral("9"));
+    EXPECT_EQ(Content("nimbo.mdb"), file);
+}
+
+TEST_F(StartUpTest, ATextThatTheFileCannotHoldIsRefusedWithItsFieldsName)
+{
+    Database("nimbo-full-97.mdb");
+    Start();
+    const QByteArray file = Content("nimbo.mdb");
+    const TerminalRecord before = Slot(1);
+    window.Controls().CampoDescrizione->setText(QStringLiteral("Ω"));
+    window.Controls().cmdAggiorna->click();
+    ASSERT_EQ(pc.dialog.told.size(), 1U);
+    EXPECT_TRUE(pc.dialog.told[0].text.contains(QStringLiteral("\"Descrizione\"")))
+        << pc.dialog.told[0].text.toStdString();
+    EXPECT_TRUE(Slot(1) == before);
+    EXPECT_EQ(Lines().first().left(2), QStringLiteral("01"));
+    EXPECT_EQ(Content("nimbo.mdb"), file);
+}
+
 TEST_F(StartUpTest, NumberOutOfRangeEndsTheFillWithoutABox)
 {
     Database("nimbo-range-2000.mdb");
@@ -247,7 +285,7 @@ TEST_F(StartUpTest, NumberOutOfRangeEndsTheFillWithoutABox)
         << "start-up went on";
 }
 
-TEST_F(StartUpTest, EmptyTableShowsNothing)
+TEST_F(StartUpTest, DatabaseWithoutARegisterIsTold)
 {
     Database("nimbo-empty-jet4.mdb");
     EXPECT_EQ(Start().end, StartUpOutcome::End::Incomplete) << "it has no register at all";
