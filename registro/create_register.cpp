@@ -68,12 +68,12 @@ void FillDatabase(const fs::path& file)
 
 QByteArray Configuration(const QString& folder)
 {
-    const QByteArray text = QStringLiteral(
-                                "Applicazioni       :%1\n"
-                                "Databases          :%1\n"
-                                "Reports            :%1\n")
-                                .arg(folder)
-                                .toUtf8();
+    QByteArray text = QStringLiteral(
+                          "Applicazioni       :%1\n"
+                          "Databases          :%1\n"
+                          "Reports            :%1\n")
+                          .arg(folder)
+                          .toUtf8();
     if (ParseConfiguration(text).databases != folder)
         throw Failure(QStringLiteral("Il nome della cartella \"%1\" non si può scrivere in "
                                      "Configurazione.ini: usarne una senza spazi in fondo.")
