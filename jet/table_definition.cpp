@@ -103,7 +103,8 @@ Counts ReadHeader(const Format& format, Reader& reader, TableLayout& table)
     table.free_map = RowPointerAt(header, 19);
     table.user = header[0] == kUserTable;
     const Counts counts{U16(header, 5), U32(header, 7), U32(header, 11)};
-    if (counts.columns > std::min<std::size_t>(kMostColumns, table.columns_ever)) {
+    if (counts.columns > std::min<std::size_t>(kMostColumns, table.columns_ever) ||
+        table.variable_slots > table.columns_ever) {
         reader.Fail("numero di campi impossibile");
     }
     return counts;
