@@ -132,7 +132,11 @@ void AddTableToCatalog(PageFile& file, std::uint32_t page, std::u16string_view n
         const Value user = field(u"SID");
         if (field(u"ObjectId") == Value(kTablesContainer) &&
             field(u"FInheritable") == Value(true) && user != Value(creator) && !IsNull(user)) {
-            users.push_back(std::get<Binary>(user));
+            const auto* sid = std::get_if<Binary>(&user);
+            if (sid == nullptr) {
+                FailDamaged(kPermissionsPage, "utente che non è una sequenza di byte");
+            }
+            users.push_back(*sid);
         }
     });
     for (Binary& user : users) {

@@ -1,5 +1,6 @@
 #include "jet/column_value.h"
 
+#include "jet/column_width.h"
 #include "jet/failure.h"
 #include "jet/long_value.h"
 #include "jet/text.h"
@@ -37,35 +38,11 @@ Numeric DecodeNumeric(Bytes bytes, std::uint8_t scale)
     return numeric;
 }
 
-/// Bytes of a value that always has the same number of them, 0 for the others.
-std::size_t Width(ColumnType type)
-{
-    switch (type) {
-        case ColumnType::Byte:
-            return 1;
-        case ColumnType::Integer:
-            return 2;
-        case ColumnType::Long:
-        case ColumnType::Single:
-            return 4;
-        case ColumnType::Currency:
-        case ColumnType::Double:
-        case ColumnType::Date:
-            return 8;
-        case ColumnType::Guid:
-            return 16;
-        case ColumnType::Numeric:
-            return 17;
-        default:
-            return 0;
-    }
-}
-
 }  // namespace
 
 std::optional<Value> DecodeValue(const Format& format, const ColumnLayout& column, Bytes bytes)
 {
-    const std::size_t width = Width(column.type);
+    const std::size_t width = ColumnWidth(column.type);
     if (width != 0 && bytes.size() != width) {
         return std::nullopt;
     }

@@ -4,6 +4,7 @@
 #include "jet/open_mode.h"
 #include "jet/recordset.h"
 #include "jet/schema.h"
+#include "jet/storage.h"
 #include "jet/version.h"
 
 #include <filesystem>
@@ -14,9 +15,6 @@
 
 namespace jet
 {
-
-class Storage;
-Storage& SystemStorage();
 
 using ColumnInfo = ColumnDefinition;
 

@@ -1,5 +1,6 @@
 #include "jet/definition_blocks.h"
 
+#include "jet/column_width.h"
 #include "jet/failure.h"
 #include "jet/name_map.h"
 #include "jet/text.h"
@@ -55,29 +56,6 @@ std::uint8_t ColumnFlags(TableKind kind, const ColumnLayout& column)
         flags |= scrambled ? 0x30u : 0x10u;
     }
     return static_cast<std::uint8_t>(flags);
-}
-
-/// Bytes in the fixed part, 0 for types of variable length.
-std::uint16_t FixedWidth(ColumnType type)
-{
-    switch (type) {
-        case ColumnType::YesNo:
-        case ColumnType::Byte:
-            return 1;
-        case ColumnType::Integer:
-            return 2;
-        case ColumnType::Long:
-        case ColumnType::Single:
-            return 4;
-        case ColumnType::Currency:
-        case ColumnType::Double:
-        case ColumnType::Date:
-            return 8;
-        case ColumnType::Guid:
-            return 16;
-        default:
-            return 0;
-    }
 }
 
 BlockBytes KeyBlock(const Format& format, const TableLayout& table, const RealIndex& index)
@@ -240,10 +218,13 @@ void AppendLayout(const Format& format, const ColumnDefinition& column, TableLay
     if (table.columns_ever >= kMostColumns) {
         FailTooManyColumns();
     }
-    const std::uint16_t width = FixedWidth(column.type);
+    const std::uint16_t width = ColumnWidth(column.type);
     const bool sized = column.type == ColumnType::Text || column.type == ColumnType::Binary;
-    if ((width == 0 && !sized && !IsLong(column.type)) ||
-        (sized && (column.size < 1 || column.size > kLargestSize))) {
+    // A ColumnDefinition has no place for the scale of a Numeric column.
+    const bool possible =
+        sized ? column.size >= 1 && column.size <= kLargestSize
+              : IsLong(column.type) || (width != 0 && column.type != ColumnType::Numeric);
+    if (!possible) {
         FailInvalidColumn(column.name);
     }
     added.name = column.name;

@@ -57,16 +57,7 @@ private:
         CheckPage(node);
         CheckLinks(node, depth);
         if (node.leaf) {
-            if (!leaf_depth_) {
-                leaf_depth_ = depth;
-            }
-            if (*leaf_depth_ != depth || (node.entries.empty() && depth > 0)) {
-                Find("foglie a profondità diverse o vuote");
-            }
-            for (const IndexEntry& entry : node.entries) {
-                entries_.push_back(entry.bytes);
-            }
-            return node.entries.empty() ? KeyBytes{} : node.entries.back().bytes;
+            return WalkLeaf(node, depth);
         }
         for (const IndexEntry& entry : node.entries) {
             if (Walk(entry.child, depth + 1) != entry.bytes) {
@@ -74,6 +65,20 @@ private:
             }
         }
         return Walk(node.tail, depth + 1);
+    }
+
+    KeyBytes WalkLeaf(const IndexNode& node, std::size_t depth)
+    {
+        if (!leaf_depth_) {
+            leaf_depth_ = depth;
+        }
+        if (*leaf_depth_ != depth || (node.entries.empty() && depth > 0)) {
+            Find("foglie a profondità diverse o vuote");
+        }
+        for (const IndexEntry& entry : node.entries) {
+            entries_.push_back(entry.bytes);
+        }
+        return node.entries.empty() ? KeyBytes{} : node.entries.back().bytes;
     }
 
     void CheckPage(const IndexNode& node)
@@ -97,7 +102,6 @@ private:
         last_of_level_[depth] = {node.number, node.next};
     }
 
-    // A row whose key cannot be built here is looked for by its pointer alone.
     void CompareWithRows(const std::vector<RowPointer>& homes)
     {
         std::vector<KeyBytes> expected;
@@ -111,18 +115,12 @@ private:
             if (!IsListed(index_, key)) {
                 continue;
             }
-            if (key.result != KeyResult::Built) {
-                const auto found = std::ranges::find_if(
-                    entries_, [&](const KeyBytes& entry) { return RowOfEntry(entry) == home; });
-                if (found == entries_.end()) {
-                    Find("manca una riga");
-                    continue;
-                }
-                expected.push_back(*found);
-                continue;
+            const bool built = key.result == KeyResult::Built;
+            if (const auto entry =
+                    built ? std::optional(LeafEntry(key.bytes, home)) : EntryOf(home)) {
+                expected.push_back(*entry);
             }
-            expected.push_back(LeafEntry(key.bytes, home));
-            if (index_.unique && !key.any_null) {
+            if (built && index_.unique && !key.any_null) {
                 keys.push_back(key.bytes);
             }
         }
@@ -135,6 +133,18 @@ private:
         if (std::ranges::adjacent_find(keys) != keys.end()) {
             Find("valori doppi dove non sono ammessi");
         }
+    }
+
+    /// The entry of a row whose key cannot be built here: only its pointer tells.
+    std::optional<KeyBytes> EntryOf(RowPointer home)
+    {
+        const auto found = std::ranges::find_if(
+            entries_, [&](const KeyBytes& entry) { return RowOfEntry(entry) == home; });
+        if (found == entries_.end()) {
+            Find("manca una riga");
+            return std::nullopt;
+        }
+        return *found;
     }
 
     struct Linked {

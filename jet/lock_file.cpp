@@ -16,7 +16,6 @@ namespace
 {
 
 constexpr std::size_t kNameLength = 32;
-constexpr off_t kFirstUserByte = 0x10000001;
 
 void WriteEntry(int descriptor)
 {
@@ -33,7 +32,7 @@ void LockFirstUser(int descriptor)
     };
     lock.l_type = F_WRLCK;
     lock.l_whence = SEEK_SET;
-    lock.l_start = kFirstUserByte;
+    lock.l_start = LockFile::kFirstUserByte;
     lock.l_len = 1;
     fcntl(descriptor, F_SETLK, &lock);
 }

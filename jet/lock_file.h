@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 
@@ -12,6 +13,10 @@ namespace jet
 class LockFile
 {
 public:
+    /// Users of a database lock a byte each from here on, far beyond the end of the lock file.
+    static constexpr std::int64_t kFirstUserByte = 0x10000001;
+    static constexpr std::int64_t kMostUsers = 255;
+
     /// The lock file's name for a database file.
     static std::filesystem::path NameFor(const std::filesystem::path& database_file);
 

@@ -63,7 +63,7 @@ public:
             Drop(end + 1);
             return name;
         }
-        const std::u16string name(Word());
+        std::u16string name(Word());
         Need(!name.empty() && !IsDigit(name.front()));
         Drop(name.size());
         return name;

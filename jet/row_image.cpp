@@ -23,6 +23,12 @@ std::size_t FixedBytes(const TableLayout& table)
     return bytes;
 }
 
+/// Bytes of an offset or a count in a row.
+std::size_t NumberWidth(const Format& format)
+{
+    return format.unicode ? 2 : 1;
+}
+
 void AppendNumber(std::size_t number, std::size_t width, std::vector<std::uint8_t>& out)
 {
     for (std::size_t i = 0; i < width; ++i) {
@@ -98,33 +104,37 @@ void RowImage::SetNull(const ColumnLayout& column)
     bits_[column.id] = false;
 }
 
+void RowImage::AppendSlots(const Format& format, std::vector<std::uint8_t>& row) const
+{
+    const std::size_t width = NumberWidth(format);
+    std::vector<std::size_t> offsets;
+    for (const auto& slot : slots_) {
+        offsets.push_back(row.size());
+        row.insert(row.end(), slot.begin(), slot.end());
+    }
+    offsets.push_back(row.size());
+    if (row.size() > format.longest_row) {
+        FailRecordTooLong();
+    }
+    for (std::size_t i = offsets.size(); i-- > 0;) {
+        AppendNumber(width == 1 ? offsets[i] % 256 : offsets[i], width, row);
+    }
+    if (!format.unicode) {
+        AppendJumpTable(offsets, row.size() + width + MaskBytes(), row);
+    }
+    AppendNumber(slots_.size(), width, row);
+}
+
 std::vector<std::uint8_t> RowImage::Join(const Format& format) const
 {
-    const std::size_t width = format.unicode ? 2 : 1;
     std::vector<std::uint8_t> row;
-    AppendNumber(bits_.size(), width, row);
+    AppendNumber(bits_.size(), NumberWidth(format), row);
     row.insert(row.end(), fixed_.begin(), fixed_.end());
-    const std::size_t mask_bytes = (bits_.size() + 7) / 8;
     if (!slots_.empty()) {
-        std::vector<std::size_t> offsets;
-        for (const auto& slot : slots_) {
-            offsets.push_back(row.size());
-            row.insert(row.end(), slot.begin(), slot.end());
-        }
-        offsets.push_back(row.size());
-        if (row.size() > format.longest_row) {
-            FailRecordTooLong();
-        }
-        for (std::size_t i = offsets.size(); i-- > 0;) {
-            AppendNumber(width == 1 ? offsets[i] % 256 : offsets[i], width, row);
-        }
-        if (!format.unicode) {
-            AppendJumpTable(offsets, row.size() + width + mask_bytes, row);
-        }
-        AppendNumber(slots_.size(), width, row);
+        AppendSlots(format, row);
     }
     const std::size_t mask = row.size();
-    row.resize(mask + mask_bytes, 0);
+    row.resize(mask + MaskBytes(), 0);
     for (std::size_t id = 0; id < bits_.size(); ++id) {
         if (bits_[id]) {
             row[mask + id / 8] = static_cast<std::uint8_t>(row[mask + id / 8] | 1u << id % 8);

@@ -28,6 +28,9 @@ public:
     std::vector<std::uint8_t> Join(const Format& format) const;
 
 private:
+    void AppendSlots(const Format& format, std::vector<std::uint8_t>& row) const;
+    std::size_t MaskBytes() const { return (bits_.size() + 7) / 8; }
+
     std::vector<bool> bits_;  // the null mask, by column id
     std::vector<std::uint8_t> fixed_;
     std::vector<std::vector<std::uint8_t>> slots_;

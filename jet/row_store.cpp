@@ -7,7 +7,6 @@
 #include "jet/usage_map_writer.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace jet
 {
@@ -43,7 +42,8 @@ RowPointer RowStore::Place(Bytes row, RowState state)
     if (!has_map && !candidates.empty()) {
         candidates = {candidates.back()};
     }
-    for (const std::uint32_t number : std::views::reverse(candidates)) {
+    std::ranges::reverse(candidates);
+    for (const std::uint32_t number : candidates) {
         DataPageWriter page = Load(number);
         if (page.HasRoomFor(row.size())) {
             const RowPointer at{number, page.Add(row, state)};

@@ -41,6 +41,7 @@ constexpr std::uint8_t kUniqueFlag = 0x01;
 constexpr std::uint8_t kIgnoreNullsFlag = 0x02;
 constexpr std::uint8_t kRequiredFlag = 0x08;
 constexpr std::uint8_t kPrimaryKind = 1;
+constexpr std::uint8_t kRelationKind = 2;
 
 /// Walks through the stream; running past its end is damage.
 class Reader
@@ -102,7 +103,8 @@ Counts ReadHeader(const Format& format, Reader& reader, TableLayout& table)
     table.free_map = RowPointerAt(header, 19);
     table.user = header[0] == kUserTable;
     const Counts counts{U16(header, 5), U32(header, 7), U32(header, 11)};
-    if (counts.columns > std::min<std::size_t>(kMostColumns, table.columns_ever)) {
+    if (counts.columns > std::min<std::size_t>(kMostColumns, table.columns_ever) ||
+        table.variable_slots > table.columns_ever) {
         reader.Fail("numero di campi impossibile");
     }
     return counts;
@@ -183,6 +185,7 @@ LogicalIndex ReadLogicalIndex(const Format& format, Reader& reader, TableLayout&
     LogicalIndex index;
     index.real = U32(block, format.definition.index_real);
     index.primary = block[format.definition.index_kind] == kPrimaryKind;
+    index.of_relation = block[format.definition.index_kind] == kRelationKind;
     if (index.real >= table.real_indexes.size()) {
         reader.Fail("indice che non c'è");
     }

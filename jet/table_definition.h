@@ -40,6 +40,7 @@ struct LogicalIndex {
     std::u16string name;
     std::uint32_t real = 0;  ///< place in TableLayout::real_indexes, checked
     bool primary = false;
+    bool of_relation = false;  ///< made for a relation between tables
 };
 
 /// Where the pages of a long-value column are listed.

@@ -5,7 +5,6 @@
 #include "jetfile/value_form.h"
 
 #include <algorithm>
-#include <numeric>
 #include <ostream>
 
 namespace jetfile
@@ -35,35 +34,30 @@ std::string ColumnForm(const jet::ColumnLayout& column)
            ", \"auto\": " + JsonBool(column.autonumber) + "}";
 }
 
-std::string Kind(const TableSchema& table, std::size_t index)
+std::string Kind(const jet::LogicalIndex& index)
 {
-    if (table.layout.logical_indexes[index].primary) return "primary";
-    return table.relations[index] ? "foreign" : "plain";
+    if (index.primary) return "primary";
+    return index.of_relation ? "foreign" : "plain";
 }
 
-std::string IndexForm(const TableSchema& schema, std::size_t number)
+std::string IndexForm(const jet::TableLayout& table, const jet::LogicalIndex& index)
 {
-    const jet::TableLayout& table = schema.layout;
-    const jet::LogicalIndex& index = table.logical_indexes[number];
     const jet::RealIndex& real = table.real_indexes[index.real];
     const auto key_form = [&table](const jet::KeyColumn& key) {
         return "[" + JsonString(table.columns[key.column].name) + ", " +
                (key.ascending ? "\"asc\"" : "\"desc\"") + "]";
     };
-    return "{\"name\": " + JsonString(index.name) +
-           ", \"kind\": " + JsonString(Kind(schema, number)) +
+    return "{\"name\": " + JsonString(index.name) + ", \"kind\": " + JsonString(Kind(index)) +
            ", \"unique\": " + JsonBool(real.unique) +
            ", \"ignorenull\": " + JsonBool(real.ignore_nulls) +
            ", \"required\": " + JsonBool(real.required) + ", \"columns\": [" +
            Joined(real.columns, key_form) + "]}";
 }
 
-std::vector<std::size_t> IndexesByName(const jet::TableLayout& table)
+std::vector<jet::LogicalIndex> IndexesByName(const jet::TableLayout& table)
 {
-    std::vector<std::size_t> indexes(table.logical_indexes.size());
-    std::iota(indexes.begin(), indexes.end(), std::size_t{0});
-    std::ranges::stable_sort(
-        indexes, {}, [&](std::size_t i) -> const auto& { return table.logical_indexes[i].name; });
+    std::vector<jet::LogicalIndex> indexes = table.logical_indexes;
+    std::ranges::stable_sort(indexes, {}, &jet::LogicalIndex::name);
     return indexes;
 }
 
@@ -80,10 +74,12 @@ std::string RowForm(const TableSchema& table, jet::Recordset& rows)
 
 void DumpTable(const TableSchema& table, jet::Recordset& rows, std::ostream& out)
 {
-    const auto indexes = IndexesByName(table.layout);
+    const auto index_form = [&table](const jet::LogicalIndex& index) {
+        return IndexForm(table.layout, index);
+    };
     out << "{\"table\": " << JsonString(table.name) << ", \"rows\": " << rows.RecordCount()
         << ", \"columns\": [" << Joined(table.layout.columns, ColumnForm) << "], \"indexes\": ["
-        << Joined(indexes, [&](std::size_t index) { return IndexForm(table, index); }) << "]}\n";
+        << Joined(IndexesByName(table.layout), index_form) << "]}\n";
 
     std::vector<std::string> lines;
     for (rows.MoveFirst(); !rows.AtEof(); rows.MoveNext()) {

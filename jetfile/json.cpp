@@ -7,9 +7,8 @@ namespace jetfile
 
 const JsonValue* JsonObject::Find(std::u16string_view name) const
 {
-    const auto member = std::ranges::find(
-        members, name, [](const auto& pair) { return std::u16string_view(pair.first); });
-    return member == members.end() ? nullptr : &member->second;
+    const auto member = std::ranges::find(members, name, &JsonMember::name);
+    return member == members.end() ? nullptr : &member->value;
 }
 
 }  // namespace jetfile

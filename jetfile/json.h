@@ -4,13 +4,13 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <variant>
 #include <vector>
 
 namespace jetfile
 {
 
+struct JsonMember;
 struct JsonValue;
 
 /// As it is written, so that no digit gets lost.
@@ -22,7 +22,7 @@ using JsonArray = std::vector<JsonValue>;
 
 /// The members in the order of the text; no name occurs twice.
 struct JsonObject {
-    std::vector<std::pair<std::u16string, JsonValue>> members;
+    std::vector<JsonMember> members;
 
     /// Null pointer when there is no such member.
     const JsonValue* Find(std::u16string_view name) const;
@@ -36,6 +36,11 @@ struct JsonValue {
     {
         return std::get_if<Kind>(&held);
     }
+};
+
+struct JsonMember {
+    std::u16string name;
+    JsonValue value;
 };
 
 /// Text that is no JSON. Line and column count from 1, the column in characters.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace jetfile
 {
@@ -119,7 +120,7 @@ private:
             std::u16string name = String();
             if (object.Find(name) != nullptr) FailAt(start, "the name occurs twice");
             Expect(':');
-            object.members.emplace_back(std::move(name), Value());
+            object.members.push_back({std::move(name), Value()});
             SkipBlanks();
         } while (Take(','));
         if (!Take('}')) Fail("expected , or }");
@@ -234,30 +235,38 @@ private:
     int depth_ = 0;
 };
 
+/// The character that the bytes begin with, nothing when they begin with none.
+std::optional<std::uint32_t> FirstCodePoint(std::string_view bytes, std::size_t& used)
+{
+    // The smallest character that needs so many bytes behind the first one.
+    constexpr std::array<std::uint32_t, 4> kSmallest{0, 0x80, 0x800, 0x10000};
+    const auto byte = [&](std::size_t i) { return static_cast<std::uint8_t>(bytes[i]); };
+    const std::uint32_t first = byte(0);
+    const std::size_t more = first < 0x80 ? 0 : first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
+    if ((first >= 0x80 && first < 0xC0) || first >= 0xF8 || more >= bytes.size()) {
+        return std::nullopt;
+    }
+    std::uint32_t code_point = more == 0 ? first : first & (0x3Fu >> more);
+    for (std::size_t i = 1; i <= more; ++i) {
+        if ((byte(i) & 0xC0) != 0x80) return std::nullopt;
+        code_point = code_point << 6 | (byte(i) & 0x3Fu);
+    }
+    if (code_point < kSmallest[more] || IsSurrogate(code_point) || code_point > 0x10FFFF) {
+        return std::nullopt;
+    }
+    used = more + 1;
+    return code_point;
+}
+
 }  // namespace
 
 std::variant<std::u16string, std::size_t> DecodeUtf8(std::string_view bytes)
 {
-    // The smallest character that needs so many bytes behind the first one.
-    constexpr std::array<std::uint32_t, 4> kSmallest{0, 0x80, 0x800, 0x10000};
     std::u16string text;
-    for (std::size_t at = 0; at < bytes.size();) {
-        const auto byte = [&](std::size_t i) { return static_cast<std::uint8_t>(bytes[at + i]); };
-        const std::uint32_t first = byte(0);
-        const std::size_t more = first < 0x80 ? 0 : first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
-        if ((first >= 0x80 && first < 0xC0) || first >= 0xF8 || at + more >= bytes.size()) {
-            return at;
-        }
-        std::uint32_t code_point = more == 0 ? first : first & (0x3Fu >> more);
-        for (std::size_t i = 1; i <= more; ++i) {
-            if ((byte(i) & 0xC0) != 0x80) return at;
-            code_point = code_point << 6 | (byte(i) & 0x3Fu);
-        }
-        if (code_point < kSmallest[more] || IsSurrogate(code_point) || code_point > 0x10FFFF) {
-            return at;
-        }
-        AppendUtf16(code_point, text);
-        at += more + 1;
+    for (std::size_t at = 0, used = 0; at < bytes.size(); at += used) {
+        const auto code_point = FirstCodePoint(bytes.substr(at), used);
+        if (!code_point) return at;
+        AppendUtf16(*code_point, text);
     }
     return text;
 }

@@ -52,7 +52,7 @@ std::string JsonDouble(double number)
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
                                    std::chars_format::scientific)
                          .ptr;
-    const std::string scientific(buffer.data(), end);  // [-]d[.ddd]e±dd
+    std::string scientific(buffer.data(), end);  // [-]d[.ddd]e±dd
     const int exponent = std::atoi(scientific.c_str() + scientific.find('e') + 1);
     if (exponent < -4 || exponent >= 16) return scientific;
 

@@ -4,7 +4,6 @@
 #include "jet/failure.h"
 #include "jet/file_name.h"
 #include "jet/utf8.h"
-#include "jetfile/relation_indexes.h"
 #include "jetfile/type_name.h"
 
 #include <algorithm>
@@ -56,14 +55,12 @@ std::string ColumnLine(const jet::ColumnLayout& column, bool unicode)
     return line + '\n';
 }
 
-std::string IndexLine(const TableSchema& schema, std::size_t number)
+std::string IndexLine(const jet::TableLayout& table, const jet::LogicalIndex& index)
 {
-    const jet::TableLayout& table = schema.layout;
-    const jet::LogicalIndex& index = table.logical_indexes[number];
     const jet::RealIndex& real = table.real_indexes[index.real];
     std::string kind;
     if (index.primary) kind += ", primary";
-    if (schema.relations[number]) kind += ", of a relation";
+    if (index.of_relation) kind += ", of a relation";
     if (real.unique) kind += ", unique";
     if (real.required) kind += ", no nulls";
     if (real.ignore_nulls) kind += ", ignores nulls";
@@ -85,10 +82,8 @@ std::vector<TableSchema> ReadSchema(const std::filesystem::path& path,
     std::vector<TableSchema> tables;
     for (const jet::CatalogEntry& entry : jet::ReadCatalog(file)) {
         if (only ? LowerCase(entry.name) == LowerCase(*only) : entry.user) {
-            jet::TableLayout layout = jet::ReadTableDefinition(file, entry.page);
-            auto relations = RelationIndexes(file, layout);
             tables.push_back(
-                {entry.name, std::move(layout), std::move(relations), file.Format().unicode});
+                {entry.name, jet::ReadTableDefinition(file, entry.page), file.Format().unicode});
         }
     }
     if (only && tables.empty()) jet::FailTableNotFound(*only);
@@ -102,8 +97,8 @@ std::string SchemaText(const TableSchema& table)
     for (const jet::ColumnLayout& column : table.layout.columns) {
         text += ColumnLine(column, table.unicode);
     }
-    for (std::size_t i = 0; i < table.layout.logical_indexes.size(); ++i) {
-        text += IndexLine(table, i);
+    for (const jet::LogicalIndex& index : table.layout.logical_indexes) {
+        text += IndexLine(table.layout, index);
     }
     return text;
 }

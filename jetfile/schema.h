@@ -11,8 +11,7 @@ namespace jetfile
 struct TableSchema {
     std::u16string name;
     jet::TableLayout layout;
-    std::vector<bool> relations;  ///< logical indexes that belong to a relation between tables
-    bool unicode = false;         ///< a character of its text columns has two bytes
+    bool unicode = false;  ///< a character of its text columns has two bytes
 };
 
 /// The user's tables by name, without regard to case; with a name only that table, which may also

@@ -17,10 +17,6 @@ namespace orlo::registro
 namespace
 {
 
-// Users of a database lock a byte each from here on, far beyond the end of the lock file.
-constexpr off_t kFirstUserByte = 0x10000001;
-constexpr off_t kMostUsers = 255;
-
 class OpenFile
 {
 public:
@@ -43,8 +39,8 @@ public:
         };
         lock.l_type = F_WRLCK;
         lock.l_whence = SEEK_SET;
-        lock.l_start = kFirstUserByte;
-        lock.l_len = kMostUsers;
+        lock.l_start = jet::LockFile::kFirstUserByte;
+        lock.l_len = jet::LockFile::kMostUsers;
         return fcntl(descriptor_, F_SETLK, &lock) == 0;
     }
 

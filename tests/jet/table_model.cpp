@@ -151,7 +151,8 @@ Value RandomValue(const ColumnInfo& column, bool unicode, std::mt19937& random)
         case ColumnType::Text:
             return RandomText(column.size, unicode, random);
         case ColumnType::Binary:
-            return RandomBytes(Binary(1 + random() % static_cast<unsigned>(column.size)), random);
+            return RandomBytes(
+                Binary(1 + random() % std::max(1u, static_cast<unsigned>(column.size))), random);
         case ColumnType::Guid:
             return Guid{RandomBytes(std::array<std::uint8_t, 16>{}, random)};
         default:
