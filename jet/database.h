@@ -40,7 +40,7 @@ public:
     /// What a crash has left half written is taken back first. Who opens for writing keeps other
     /// writers out until the database is closed; readers may come and go.
     /// Errors: kFileNotFound, kAccessDenied, kUnrecognisedFormat, kEncodedFile, kDamagedFile,
-    /// kDiskError, kDiskFull; kInUse when another one writes.
+    /// kDiskError, kDiskFull; kInUse when another one writes; kCannotLock.
     static std::unique_ptr<Database> Open(const std::filesystem::path& path,
                                           OpenMode mode = OpenMode::ReadOnly,
                                           Storage& storage = SystemStorage());

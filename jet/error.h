@@ -26,6 +26,7 @@ enum ErrorNumber : int {
     kInUse = 3045,
     kRecordTooLong = 3047,
     kDamagedFile = 3049,
+    kCannotLock = 3050,  ///< the file system keeps no locks
     kAccessDenied = 3051,
     kNullInKey = 3058,
     kSyntaxError = 3075,

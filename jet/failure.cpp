@@ -105,6 +105,13 @@ void FailWrite(int system_error)
                                 "). Controllare il disco e riprovare.");
 }
 
+void FailLock(int system_error)
+{
+    throw Error(kCannotLock, "Il database non può essere bloccato (" + Reason(system_error) +
+                                 "). Metterlo in una cartella il cui disco, anche di rete, "
+                                 "permetta i blocchi dei file.");
+}
+
 void FailReadOnly()
 {
     throw Error(kReadOnly, "Il database è aperto in sola lettura: non può essere modificato.");

@@ -23,6 +23,8 @@ namespace jet
 [[noreturn]] void FailCreate(const std::filesystem::path& path, int system_error);
 [[noreturn]] void FailRead(int system_error);
 [[noreturn]] void FailWrite(int system_error);
+/// From the system's error number of a lock that is not held by somebody else and yet not given.
+[[noreturn]] void FailLock(int system_error);
 [[noreturn]] void FailReadOnly();
 [[noreturn]] void FailTransaction(std::string_view what);
 /// The file has reached the size that its version allows.

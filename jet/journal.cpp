@@ -68,6 +68,19 @@ bool IsValid(const Header& header)
            U64(header, kHeaderChecksum) == Checksum(nonce, Bytes(header).first(kHeaderChecksum));
 }
 
+/// Where there is no room for the write, none is needed when the change did not reach the page.
+void WriteBack(StoredFile& database, std::uint64_t at, const PageImage& image)
+{
+    try {
+        database.Write(at, image);
+    } catch (const Error&) {
+        PageImage content(image.size());
+        if (database.Read(at, content) != content.size() || content != image) {
+            throw;
+        }
+    }
+}
+
 }  // namespace
 
 std::filesystem::path JournalNameFor(const std::filesystem::path& database_file)
@@ -129,7 +142,7 @@ void InvalidateJournal(StoredFile& journal)
 void TakeBack(StoredFile& database, const UndoImages& images, std::size_t page_bytes)
 {
     for (const auto& [number, image] : images.pages) {
-        database.Write(std::uint64_t{number} * page_bytes, image);
+        WriteBack(database, std::uint64_t{number} * page_bytes, image);
     }
     database.Truncate(std::uint64_t{images.page_count} * page_bytes);
     database.Sync();

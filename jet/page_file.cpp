@@ -3,6 +3,7 @@
 #include "jet/failure.h"
 #include "jet/header.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -306,8 +307,9 @@ void PageFile::Commit()
     if (dirty_.empty()) {
         return;
     }
-    const ChangeLock lock(*file_);
+    std::optional<ChangeLock> lock;  // also while the journal becomes invalid
     try {
+        lock.emplace(*file_);
         WriteJournal(*journal_, ImagesBeforeChange(), format_->page_bytes);  // invariant 1
         WriteDirtyPages();                                                   // invariant 2
     } catch (...) {

@@ -104,7 +104,7 @@ public:
             return true;
         }
         if (errno != EAGAIN && errno != EACCES) {
-            FailWrite(errno);
+            FailLock(errno);
         }
         return false;
     }
@@ -141,7 +141,7 @@ private:
     {
         while (::fcntl(descriptor_.Number(), F_OFD_SETLKW, &range) != 0) {
             if (errno != EINTR) {
-                FailRead(errno);
+                FailLock(errno);
             }
         }
     }

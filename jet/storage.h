@@ -27,6 +27,7 @@ public:
     virtual void Sync() = 0;
 
     /// The locks that users of a database keep each other from; gone when the file is closed.
+    /// kCannotLock where the file system keeps none.
     enum class Lock {
         Writer,  ///< held by the one who may change the file, as long as it is open
         Change,  ///< held while pages are written; a reader waits for its end

@@ -1,5 +1,6 @@
 #include "registro/create_register.h"
 
+#include "bells/suonerie.h"
 #include "jet/database.h"
 #include "jet/file_name.h"
 #include "jet/lock_file.h"
@@ -42,22 +43,13 @@ jet::TableDefinition TerminalTable()
 const jet::TableDefinition kOutputTable = {
     u"Output", {{u"Tracciato", T::Integer, 2}, {u"Codice_Azienda", T::Text, 20}}, {}};
 
-const jet::TableDefinition kBellTable = {u"Suonerie",
-                                         {{u"Terminale", T::Integer, 2},
-                                          {u"Locazione", T::Integer, 2},
-                                          {u"Ora", T::Integer, 2},
-                                          {u"Minuti", T::Integer, 2},
-                                          {u"Giorni", T::Text, 8},
-                                          {u"Numero_Relè", T::Integer, 2},
-                                          {u"Tempo_Relè", T::Integer, 2}},
-                                         {}};
-
 void FillDatabase(const fs::path& file)
 {
     const auto database = jet::Database::Open(file, jet::OpenMode::ReadWrite);
     database->BeginTrans();
-    for (const jet::TableDefinition& table : {TerminalTable(), kOutputTable, kBellTable})
+    for (const jet::TableDefinition& table : {TerminalTable(), kOutputTable})
         database->CreateTable(table);
+    CreaTabellaSuonerie(*database);
     const auto output = database->OpenTable(kOutputTable.name);
     output->AddNew();
     output->SetField(u"Tracciato", std::int32_t{0});

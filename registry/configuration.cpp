@@ -1,5 +1,6 @@
 #include "registry/configuration.h"
 
+#include "jet/file_name.h"
 #include "registry/program_state.h"
 #include "registry/text_blanks.h"
 #include "registry/windows_1252.h"
@@ -41,7 +42,9 @@ ConfiguredPaths ParseConfiguration(const QByteArray& content)
 
 void ReadConfiguration(ProgramState& state, const QString& file_name)
 {
-    QFile file(file_name);
+    // As the database: what comes from Windows may have its name in any case.
+    const std::filesystem::path found = jet::FindFile(QFile::encodeName(file_name).toStdString());
+    QFile file(QFile::decodeName(QByteArray::fromStdString(found.string())));
     if (!file.open(QIODevice::ReadOnly)) return;
     const ConfiguredPaths paths = ParseConfiguration(file.readAll());
     state.ApplicationsPath = paths.applications;

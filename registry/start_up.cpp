@@ -1,5 +1,6 @@
 #include "registry/start_up.h"
 
+#include "jet/file_name.h"
 #include "jet/lock_file.h"
 #include "registry/configuration.h"
 #include "registry/contenitore_controls.h"
@@ -26,7 +27,8 @@ StartUpOutcome RefuseInUse(Contenitore& window, const std::filesystem::path& loc
     const QString text =
         QStringLiteral("Attenzione! il programma è già aperto da un altro utente/applicazione.") +
         u'\r' + QStringLiteral("Non è possibile continuare.");
-    const QString file = QFile::decodeName(QByteArray::fromStdString(lock_file.string()));
+    const QString file =
+        QFile::decodeName(QByteArray::fromStdString(jet::FindFile(lock_file).string()));
     window.Station().dialog.Tell(
         DialogIcon::Critical, QStringLiteral("Attenzione"), text,
         QStringLiteral("Se nessuno lo sta usando, per esempio dopo un arresto improvviso del PC, "

@@ -26,7 +26,7 @@ const std::map<std::string, Names> kMayInclude = {
     {"simulator", {}},
     {"jetfile", {"jet"}},
     {"registry", {"link", "jet"}},
-    {"registro", {"registry", "link", "jet"}},
+    {"registro", {"bells", "registry", "link", "jet"}},
     {"acquisition", {"registry", "link", "jet"}},
     {"status", {"acquisition", "registry", "link", "jet"}},
     {"badge", {"registry", "link", "jet"}},

@@ -1,6 +1,9 @@
 #include "tests/end_to_end/child_process.h"
 
 #include <fcntl.h>
+#include <linux/capability.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <poll.h>
 #include <signal.h>
 #include <sys/mman.h>
@@ -10,6 +13,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstddef>
 #include <cstdlib>
 
 namespace orlo::end_to_end
@@ -48,6 +52,34 @@ bool WaitForEnd(pid_t pid)
     return ended;
 }
 
+// What is in nobody's bounding set is lost with the next program, even to root; others never had
+// it.
+void HeedPermissions()
+{
+    prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
+}
+
+/// As on a network drive without locks: locks of open file descriptions fail.
+void FailLocks(int error)
+{
+    const auto command = static_cast<unsigned>(offsetof(seccomp_data, args) + sizeof(__u64));
+    const auto result = SECCOMP_RET_ERRNO | static_cast<unsigned>(error);
+    std::array<sock_filter, 7> filter = {{
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_fcntl, 0, 4),
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, command),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, F_OFD_SETLK, 1, 0),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, F_OFD_SETLKW, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, result),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    }};
+    const sock_fprog program{filter.size(), filter.data()};
+    // A test whose filter is not there must not pass.
+    if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||
+        prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) != 0)
+        _exit(127);
+}
+
 }  // namespace
 
 bool WaitForInput(int descriptor)
@@ -79,6 +111,8 @@ ChildProcess::ChildProcess(const std::string& program, const std::vector<std::st
             const rlimit limit{*surroundings.longest_file, *surroundings.longest_file};
             setrlimit(RLIMIT_FSIZE, &limit);
         }
+        if (surroundings.heeds_permissions) HeedPermissions();
+        if (surroundings.lock_error) FailLocks(*surroundings.lock_error);
         execve(argument_pointers[0], argument_pointers.data(), environment_pointers.data());
         _exit(127);
     }

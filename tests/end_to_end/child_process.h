@@ -25,7 +25,11 @@ struct Surroundings {
     std::string folder;
     std::vector<std::string> environment;
     /// No file may grow beyond so many bytes.
-    std::optional<rlim_t> longest_file;
+    std::optional<rlim_t> longest_file = std::nullopt;
+    /// The permissions of files hold for it, also when the test is run by root.
+    bool heeds_permissions = false;
+    /// The locks that it asks for to guard a database fail with this error number of the system.
+    std::optional<int> lock_error = std::nullopt;
 };
 
 /// A program that runs beside the test and never outlives it.

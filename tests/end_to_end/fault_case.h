@@ -9,6 +9,11 @@
 namespace orlo::end_to_end
 {
 
+// What several tests expect: the requests of an acquisition without trouble, and the complaint
+// about a terminal that does not answer.
+inline constexpr char kSmooth[] = "32 33OK 32 33OK 32 33OK 32 33OK 32";
+inline constexpr char kTimeout[] = "Terminale 4 non acquisito: Timeout\n";
+
 /// A terminal 4, a Strale, that holds 25 punches: it hands over answers 1, 2 and 3 of ten, ten and
 /// five punches, then answer 4, which is empty. Something happens to the line on the way.
 struct FaultCase {
@@ -51,8 +56,9 @@ protected:
     }
 };
 
-/// A test of one case from its first run to its end.
-class FaultCaseTest : public FaultTest, public testing::WithParamInterface<FaultCase>
+/// One case from its first run to its end: the test stands in fault_case_test.cpp, the cases in
+/// files by what goes wrong.
+class LineFault : public FaultTest, public testing::WithParamInterface<FaultCase>
 {
 protected:
     void RunThroughTheFault() const

@@ -166,6 +166,19 @@ Ended Installation::Run(std::vector<std::string> arguments) const
     return Start(std::move(arguments))->Wait();
 }
 
+Ended Installation::RunRegistro(const std::vector<std::string>& arguments) const
+{
+    return ChildProcess(ORLO_REGISTRO_PATH, arguments, surroundings_).Wait();
+}
+
+Ended Installation::RunJetfile(const std::vector<std::string>& arguments,
+                               const std::string& input) const
+{
+    Write("input", input);
+    const std::vector<std::string> shell = {"-c", "exec \"$0\" \"$@\" <input", JETFILE_PATH};
+    return ChildProcess("/bin/sh", Joined(shell, arguments), surroundings_).Wait();
+}
+
 Ended Installation::RunBare(const std::vector<std::string>& arguments) const
 {
     return ChildProcess(ORLO_DESK_PATH, arguments, surroundings_).Wait();

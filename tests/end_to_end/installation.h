@@ -74,12 +74,23 @@ public:
     /// Starts it with nothing but these arguments.
     Ended RunBare(const std::vector<std::string>& arguments) const;
 
+    /// Run the other programs, which look after the register and the database.
+    Ended RunRegistro(const std::vector<std::string>& arguments) const;
+    /// `input` is its standard input.
+    Ended RunJetfile(const std::vector<std::string>& arguments,
+                     const std::string& input = {}) const;
+
     /// Shows the windows of what is started from now on where nobody sees them.
     void ShowOffScreen() { surroundings_.environment.emplace_back("QT_QPA_PLATFORM=offscreen"); }
 
     /// No file that the program writes may grow beyond so many bytes.
     void LimitFiles(rlim_t bytes) { surroundings_.longest_file = bytes; }
     void LiftLimit() { surroundings_.longest_file.reset(); }
+
+    /// Programs started from now on have no more rights to files than their permissions give.
+    void HeedPermissions() { surroundings_.heeds_permissions = true; }
+    /// Locks that they want on the database fail with this error number of the system.
+    void FailLocks(int error) { surroundings_.lock_error = error; }
 
 private:
     std::string folder_;

@@ -5,24 +5,13 @@ namespace orlo::end_to_end
 namespace
 {
 
-constexpr char kSmooth[] = "32 33OK 32 33OK 32 33OK 32 33OK 32";
-constexpr char kTimeout[] = "Terminale 4 non acquisito: Timeout\n";
 constexpr char kNoPort[] = "Terminale 4 non acquisito: Errore aprendo la COM\n";
 constexpr char kRxError[] = "Terminale 4 non acquisito: RX Error\n";
-
-class StatusFault : public FaultCaseTest
-{
-};
-
-TEST_P(StatusFault, LosesNoPunch)
-{
-    RunThroughTheFault();
-}
 
 // Without the first status there is no count to begin with: nothing is asked for, and the run says
 // that it is not done.
 INSTANTIATE_TEST_SUITE_P(
-    FirstStatus, StatusFault,
+    FirstStatus, LineFault,
     testing::Values(FaultCase{"LostRequest", "32#1:richiesta-persa", "32", "", kTimeout, "1 2 3"},
                     FaultCase{"LostAnswer", "32#1:silenzio", "32", "", kTimeout, "1 2 3"},
                     FaultCase{"NoCr", "32#1:senza-cr", "32", "", kTimeout, "1 2 3"},
@@ -39,7 +28,7 @@ INSTANTIATE_TEST_SUITE_P(
 // it. Without the last one it asks once more, gets an empty answer and the status behind that.
 constexpr char kOnceMore[] = "32 33OK 32 33OK 32 33OK 32 33OK 32 33OK 32";
 INSTANTIATE_TEST_SUITE_P(
-    LaterStatusMissing, StatusFault,
+    LaterStatusMissing, LineFault,
     testing::Values(FaultCase{"LostRequest2", "32#2:richiesta-persa", kSmooth, "1 2 3"},
                     FaultCase{"LostRequest3", "32#3:richiesta-persa", kSmooth, "1 2 3"},
                     FaultCase{"LostRequest5", "32#5:richiesta-persa", kOnceMore, "1 2 3"},
@@ -55,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(
 // A bad frame reads 0 and ends the acquisition with what is stored so far. The next command begins
 // with "33OK", which acknowledges exactly that.
 INSTANTIATE_TEST_SUITE_P(
-    LaterStatusBad, StatusFault,
+    LaterStatusBad, LineFault,
     testing::Values(
         FaultCase{"Checksum2", "32#2:checksum-errato", "32 33OK 32", "1", kRxError, "1 2 3"},
         FaultCase{"Checksum3", "32#3:checksum-errato", "32 33OK 32 33OK 32", "1 2", kRxError,
@@ -70,7 +59,7 @@ INSTANTIATE_TEST_SUITE_P(
 // The answer before the lost line is stored: acknowledging it with the first request of the next
 // command is right.
 INSTANTIATE_TEST_SUITE_P(
-    HangUp, StatusFault,
+    StatusHangUp, LineFault,
     testing::Values(FaultCase{"Second", "32#2:caduta", "32 33OK 32", "1", kTimeout, "1 2 3"},
                     FaultCase{"Fourth", "32#4:caduta", "32 33OK 32 33OK 32 33OK 32", "1 2 3",
                               kTimeout, "1 2 3"},
@@ -78,7 +67,7 @@ INSTANTIATE_TEST_SUITE_P(
     NameOf);
 
 INSTANTIATE_TEST_SUITE_P(
-    Harmless, StatusFault,
+    HarmlessToStatus, LineFault,
     testing::Values(FaultCase{"NoiseBefore", "32*:rumore-prima", kSmooth, "1 2 3"},
                     FaultCase{"NoiseAfter", "32*:rumore-dopo=40", kSmooth, "1 2 3"},
                     FaultCase{"ByteByByte", "32*:byte-singoli=3", kSmooth, "1 2 3"},
