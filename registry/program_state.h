@@ -3,6 +3,7 @@
 #include "jet/database.h"
 #include "jet/lock_file.h"
 #include "jet/recordset.h"
+#include "link/component_objects.h"
 #include "registry/terminal_record.h"
 
 #include <QString>
@@ -27,6 +28,11 @@ struct ProgramState {
     std::unique_ptr<jet::LockFile> DatabaseLock;
     std::unique_ptr<jet::Recordset> TerminalsRecordset;
     orlo::TerminalTable TerminalTable;
+
+    // The protocol component: there only when the register holds an Orlo or Sipa terminal.
+    // TelegramLinkOpen: OpenComunication was called and endcomunication not yet.
+    std::unique_ptr<ComponentObjects> Component;
+    bool TelegramLinkOpen = false;
 
     // Current-terminal block, rewritten before every command.
     std::int16_t CurrentPort = 0;
