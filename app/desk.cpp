@@ -2,9 +2,17 @@
 
 #include "acquisition/acquisizione.h"
 #include "registry/contenitore_controls.h"
+#include "registry/modem_session.h"
 
 namespace orlo
 {
+
+namespace
+{
+
+const QString kLoggingOff = QStringLiteral("Scollegamento in corso…");
+
+}  // namespace
 
 Desk::Desk(const CommandLine& command_line, OperatorDialog& dialog, LineTrace& trace)
     : devices_(command_line.devices),
@@ -18,12 +26,29 @@ Desk::Desk(const CommandLine& command_line, OperatorDialog& dialog, LineTrace& t
 
 void Desk::WireCommands()
 {
-    QPushButton* const acquire = window_.Controls().cmdAcquisisce;
-    window_.SetFeatureAvailable(acquire, true);
-    QObject::connect(acquire, &QPushButton::clicked, &window_, [this, acquire] {
-        window_.RunCommand(acquire, QStringLiteral("Acquisizione in corso…"), EscapeUse::Heeded,
-                           [this] { cmdAcquisisce_Click(window_); });
-    });
+    const Ui::Contenitore& controls = window_.Controls();
+    Wire(controls.cmdAcquisisce, QStringLiteral("Acquisizione in corso…"), EscapeUse::Heeded,
+         [this] { cmdAcquisisce_Click(window_); });
+    Wire(controls.cmdLogIn, QStringLiteral("Collegamento in corso…"), EscapeUse::Heeded,
+         [this] { LogIn_Click(window_); });
+    Wire(controls.cmdLogOff, kLoggingOff, EscapeUse::Ignored, [this] { LogOff_Click(window_); });
+}
+
+void Desk::Wire(QPushButton* button, const QString& task, EscapeUse escape,
+                const std::function<void()>& command)
+{
+    window_.SetFeatureAvailable(button, true);
+    QObject::connect(button, &QPushButton::clicked, &window_,
+                     [this, button, task, escape, command] {
+                         window_.RunCommand(button, task, escape, command);
+                     });
+}
+
+void Desk::HangUp()
+{
+    if (!window_.LineIsOpen()) return;
+    window_.RunCommand(window_.Controls().cmdLogOff, kLoggingOff, EscapeUse::Ignored,
+                       [this] { EndSession(window_); });
 }
 
 }  // namespace orlo

@@ -6,7 +6,9 @@
 #include "link/workstation.h"
 #include "registry/contenitore.h"
 
-#include <memory>
+#include <functional>
+
+class QPushButton;
 
 namespace orlo
 {
@@ -21,8 +23,13 @@ public:
     Contenitore& Window() { return window_; }
     ProgramState& State() { return state_; }
 
+    /// Ends the line that is open, if one is, with the window inert meanwhile: some ten seconds.
+    void HangUp();
+
 private:
     void WireCommands();
+    void Wire(QPushButton* button, const QString& task, EscapeUse escape,
+              const std::function<void()>& command);
 
     PortDevices devices_;
     SystemClock clock_;

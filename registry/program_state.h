@@ -3,6 +3,7 @@
 #include "jet/database.h"
 #include "jet/lock_file.h"
 #include "jet/recordset.h"
+#include "link/component_objects.h"
 #include "registry/terminal_record.h"
 
 #include <QString>
@@ -28,6 +29,11 @@ struct ProgramState {
     std::unique_ptr<jet::Recordset> TerminalsRecordset;
     orlo::TerminalTable TerminalTable;
 
+    // The protocol component: there only when the register holds an Orlo or Sipa terminal.
+    // TelegramLinkOpen: OpenComunication was called and endcomunication not yet.
+    std::unique_ptr<ComponentObjects> Component;
+    bool TelegramLinkOpen = false;
+
     // Current-terminal block, rewritten before every command.
     std::int16_t CurrentPort = 0;
     std::int32_t CurrentSpeed = 0;
@@ -42,6 +48,10 @@ struct ProgramState {
     // Line. SerialPortOk: the last open or close of the current terminal's port succeeded.
     bool SerialPortOk = false;
     std::string LineReceiveBuffer;
+
+    // The line that `Verde` shows: its port, 0 while there is none, and whether it was dialled.
+    std::int16_t SessionPort = 0;
+    bool SessionDialled = false;
 
     // Counters of the last answer to "32", five characters each, kept until the next.
     std::string TPnt;

@@ -143,7 +143,7 @@ void EditTerminal(std::string& file, const Layout& layout, const TerminalRow& wa
         row.Set(kVelocita, wanted.speed);
         row.Set(kTentativi, wanted.retries);
         row.Set(kAttivo, wanted.active ? 1 : 0);
-        row.Set(kAbilitazioneModem, 0);
+        row.Set(kAbilitazioneModem, wanted.modem ? 1 : 0);
     });
     Require(found == 1, "the sample register has not exactly one row of that terminal");
 }

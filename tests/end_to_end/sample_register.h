@@ -18,10 +18,11 @@ struct TerminalRow {
     int speed = 9600;
     int retries = 3;
     bool active = true;
+    /// Terminal 5 has a number to dial, "+39 0464/123456".
+    bool modem = false;
 };
 
-/// A full sample register with these rows, reached without a modem, and this output layout in table
-/// Output, whose plant code stays "AZ0042". The bytes are changed in place, by the format itself
+/// A full sample register with these rows and this output layout in table Output, whose plant code stays "AZ0042". The bytes are changed in place, by the format itself
 /// and with nothing of the program's own engine.
 std::string SampleRegister(Jet version, const std::vector<TerminalRow>& rows, int layout);
 

@@ -43,6 +43,21 @@ TEST(Options, AreReadFromTheCommandLine)
     EXPECT_EQ(options.state_path, "s");
 }
 
+TEST(Options, PutAModemBeforeTheLine)
+{
+    const std::vector<const char*> usual = {"--collegamento", "x", "--terminale",
+                                            "numero=1,modello=Strale"};
+    EXPECT_FALSE(Parse(usual).modem.has_value());
+    std::vector<const char*> with_modem = usual;
+    with_modem.insert(with_modem.end(), {"--modem", "esito=BUSY,attesa=20"});
+    const Options options = Parse(with_modem);
+    ASSERT_TRUE(options.modem.has_value());
+    EXPECT_EQ(options.modem->outcome, CallOutcome::Busy);
+    EXPECT_EQ(options.modem->dial_time, std::chrono::milliseconds(20));
+    with_modem.back() = "";
+    EXPECT_EQ(Parse(with_modem).modem->outcome, CallOutcome::Connect);
+}
+
 TEST(Options, AskForHelpWithNothingElse)
 {
     EXPECT_TRUE(Parse({"--help"}).help);
@@ -64,6 +79,7 @@ TEST(Options, AreRefusedWhenTheyCannotBeMeant)
         {{"--velocita", "presto"}, "--velocita va da 1"},
         {{"--attesa", "-1"}, "--attesa va da 0"},
         {{"--guasto", "boh"}, "guasto"},
+        {{"--modem", "boh"}, "modem: manca"},
     };
     for (const auto& [arguments, reason] : cases) {
         SCOPED_TRACE(reason);

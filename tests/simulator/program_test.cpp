@@ -225,8 +225,9 @@ TEST_F(Program, ExplainsItself)
     SimulatorProcess program({"--help"});
     EXPECT_EQ(program.Wait(), 0);
     const std::string help = program.Rest();
-    for (const char* option : {"--collegamento", "--terminale", "--velocita", "--attesa",
-                               "--guasto", "--registro", "--stato", "Orlo II", "richiesta-persa"})
+    for (const char* option :
+         {"--collegamento", "--terminale", "--velocita", "--attesa", "--guasto", "--modem",
+          "--registro", "--stato", "Orlo II", "richiesta-persa"})
         EXPECT_THAT(help, HasSubstr(option));
 }
 

@@ -1,0 +1,107 @@
+#include "link/component_library.h"
+
+#include <dlfcn.h>
+
+namespace orlo
+{
+
+namespace
+{
+
+ComponentError Failure(const std::filesystem::path& file, const std::string& what)
+{
+    return ComponentError("Il componente \"" + file.string() + "\" non si può usare: " + what);
+}
+
+/// dlerror() names the file in a form of its own; what is behind it is the reason.
+std::string LoaderReason()
+{
+    const char* const text = dlerror();
+    return text == nullptr ? "non si carica." : text;
+}
+
+class Loader
+{
+public:
+    Loader(std::filesystem::path file, const std::array<std::string, 4>& devices)
+        : file_(std::move(file)), library_(Open(file_))
+    {
+        for (std::size_t port = 0; port < devices.size(); ++port)
+            devices_.at(port) = devices.at(port).c_str();
+        const auto version =
+            Function<component::InterfaceFunction>(component::kInterfaceFunction)();
+        if (version != component::kInterfaceVersion)
+            throw Failure(file_, "è fatto per la versione " + std::to_string(version) +
+                                     " dell'interfaccia, il programma per la versione " +
+                                     std::to_string(component::kInterfaceVersion) + ".");
+        create_ = Function<component::CreateFunction>(component::kCreateFunction);
+    }
+
+    const std::shared_ptr<void>& Library() const { return library_; }
+
+    template <class Class>
+    std::unique_ptr<Class> Create() const
+    {
+        const std::string name = Class::kClassName;
+        std::unique_ptr<component::Object> object(CreateByName(name));
+        auto* const wanted = dynamic_cast<Class*>(object.get());
+        if (wanted == nullptr) throw Failure(file_, "manca la classe \"" + name + "\".");
+        static_cast<void>(object.release());
+        return std::unique_ptr<Class>(wanted);
+    }
+
+private:
+    static std::shared_ptr<void> Open(const std::filesystem::path& file)
+    {
+        if (!std::filesystem::exists(file)) throw Failure(file, "il file non c'è.");
+        void* const handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+        if (handle == nullptr) throw Failure(file, LoaderReason());
+        return {handle, dlclose};
+    }
+
+    template <class Pointer>
+    Pointer Function(const char* name) const
+    {
+        void* const symbol = dlsym(library_.get(), name);
+        if (symbol == nullptr)
+            throw Failure(file_, std::string("manca la funzione \"") + name + "\".");
+        return reinterpret_cast<Pointer>(symbol);
+    }
+
+    component::Object* CreateByName(const std::string& name) const
+    {
+        try {
+            return create_(name.c_str(), devices_.data());
+        } catch (const std::exception& error) {
+            throw Failure(file_, "la classe \"" + name + "\" non si crea: " + error.what());
+        }
+    }
+
+    std::filesystem::path file_;
+    std::shared_ptr<void> library_;
+    std::array<const char*, 4> devices_{};
+    component::CreateFunction create_ = nullptr;
+};
+
+}  // namespace
+
+std::unique_ptr<ComponentObjects> LoadComponent(const std::filesystem::path& file,
+                                                const std::array<std::string, 4>& devices)
+{
+    // A name without a folder means a file here, never one from the system's search path.
+    const Loader loader(std::filesystem::absolute(file), devices);
+    auto objects = std::make_unique<ComponentObjects>();
+    objects->library = loader.Library();
+    objects->TelegramObject = loader.Create<component::TelegramComunication>();
+    objects->UserDataObject = loader.Create<component::UserData>();
+    objects->TimeTemplateObject = loader.Create<component::TimeTemplate>();
+    objects->MCFormatDataObject = loader.Create<component::MCFormatData>();
+    objects->TimeDataObject = loader.Create<component::TimeData>();
+    objects->RecordDataObject = loader.Create<component::RecordData>();
+    objects->FPrVersionObject = loader.Create<component::FPrVersion>();
+    objects->T3ParameterObject = loader.Create<component::T3Parameter>();
+    objects->RingsObject = loader.Create<component::Rings>();
+    return objects;
+}
+
+}  // namespace orlo
