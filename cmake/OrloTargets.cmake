@@ -57,6 +57,8 @@ function(orlo_module name)
   _orlo_target(${name} SOURCES ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_USES})
   target_link_options(${name} PRIVATE -Wl,--exclude-libs,ALL)
+  # A symbol that is unique in the process would keep the library loaded for ever.
+  target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
   set_target_properties(${name} PROPERTIES
     CXX_VISIBILITY_PRESET hidden
     LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
