@@ -49,18 +49,17 @@ function(orlo_executable name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 endfunction()
 
-# A library that is loaded at run time, lib<name>.so beside the executables. It shows nothing but
-# what is exported by name.
+# A protocol component, loaded at run time: lib<name>.so beside the executables. It exports its two
+# functions and nothing else: a symbol unique in the process, as templates bring them, would keep
+# the library loaded for ever.
 function(orlo_module name)
   cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;USES")
   add_library(${name} MODULE)
   _orlo_target(${name} SOURCES ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_USES})
-  target_link_options(${name} PRIVATE -Wl,--exclude-libs,ALL)
-  # A symbol that is unique in the process would keep the library loaded for ever.
-  target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+  target_link_options(${name} PRIVATE
+    -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/component.map)
   set_target_properties(${name} PROPERTIES
-    CXX_VISIBILITY_PRESET hidden
     LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 endfunction()
 

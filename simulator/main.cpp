@@ -16,6 +16,7 @@ template <class AnyTerminal>
 std::vector<AnyTerminal> MakeTerminals(const auto& all_settings)
 {
     std::vector<AnyTerminal> terminals;
+    terminals.reserve(all_settings.size());
     for (const auto& settings : all_settings) terminals.emplace_back(settings, MachineClock());
     return terminals;
 }

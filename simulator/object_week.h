@@ -39,7 +39,7 @@ private:
         return static_cast<std::size_t>(day * kRingsADay + ring - 1);
     }
 
-    std::array<ObjectRing, kDays * kRingsADay> rings_{};
+    std::array<ObjectRing, std::size_t{kDays} * kRingsADay> rings_{};
 };
 
 }  // namespace orlo::simulator

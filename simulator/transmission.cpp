@@ -50,7 +50,7 @@ void KeepFirst(std::string& bytes, int count)
     bytes.resize(std::min(kept, bytes.size()));
 }
 
-void SpoilAround(Transmission& answer, Fault fault)
+void SpoilAround(Transmission& answer, const Fault& fault)
 {
     const std::chrono::milliseconds duration(fault.value);
     switch (fault.kind) {

@@ -39,7 +39,7 @@ private:
     Ring& Selected();
 
     Transfer transfer_;
-    std::array<Ring, kDays * kRingsADay> rings_;
+    std::array<Ring, std::size_t{kDays} * kRingsADay> rings_;
     Ring nowhere_;
     std::int16_t day_ = 0;
     std::int16_t index_ = 1;

@@ -33,8 +33,6 @@
 #define STUB_THROWS ""
 #endif
 
-#define ORLO_EXPORT extern "C" __attribute__((visibility("default")))
-
 namespace
 {
 
@@ -95,14 +93,14 @@ const std::map<std::string, Maker, std::less<>> kMakers = {
 }  // namespace
 
 #ifndef STUB_WITHOUT_INTERFACE
-ORLO_EXPORT std::int32_t OrloComponentInterface()
+extern "C" std::int32_t OrloComponentInterface()
 {
     return STUB_VERSION;
 }
 #endif
 
 #ifndef STUB_WITHOUT_CREATE
-ORLO_EXPORT component::Object* OrloCreateObject(const char* class_name, const char* const* devices)
+extern "C" component::Object* OrloCreateObject(const char* class_name, const char* const* devices)
 {
     const std::string_view name = class_name;
     if (name == STUB_LACKS) return nullptr;
