@@ -1,0 +1,20 @@
+// The two functions by which the program knows a protocol component.
+
+#include "simulator/component/create.h"
+
+#include <exception>
+
+extern "C" std::int32_t OrloComponentInterface()
+{
+    return orlo::component::kInterfaceVersion;
+}
+
+extern "C" orlo::component::Object* OrloCreateObject(const char* class_name,
+                                                     const char* const* devices)
+{
+    try {
+        return orlo::simulator::CreateObject(class_name, devices);
+    } catch (const std::exception&) {
+        return nullptr;
+    }
+}
