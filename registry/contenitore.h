@@ -60,8 +60,15 @@ public:
     /// Empties the status panels: outcome, counters, terminal status and version, clock displays.
     void AzzeraLabel();
 
-    /// Copies the selected terminal from the controls into the current-terminal block.
-    void PrepareCurrentTerminal();
+    /// Copies the selected terminal from the controls into the current-terminal block. For an Orlo
+    /// or a Sipa it also closes the component's line if it is open, opens it anew, and dials when
+    /// the terminal is reached by modem; the line stays open behind the command. False when the
+    /// component is missing or failed, which the caption then says: nothing is to be asked.
+    bool PrepareCurrentTerminal();
+
+    /// Makes the modem behind the component's line hang up, when the current terminal is reached by
+    /// one. False when the component failed, which the caption then says.
+    bool PulseModemLine();
 
     /// The model named in ComboTipoTerminale, nullptr when the text is no model's name.
     const TerminalModel* ShownModel() const;
@@ -97,6 +104,7 @@ private:
     class CommandScope;
 
     void AskToLeave();
+    bool PrepareComponent(const TerminalModel& model);
     void ConnectControls();
     void ConnectPanels();
 

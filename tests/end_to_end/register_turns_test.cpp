@@ -1,6 +1,7 @@
 #include "registry/contenitore_controls.h"
 #include "registry/start_up.h"
 #include "tests/end_to_end/exported_table.h"
+#include "tests/support/fake_component.h"
 #include "tests/support/test_workstation.h"
 
 namespace orlo::end_to_end
@@ -15,7 +16,9 @@ public:
     explicit Session(const Installation& installation)
     {
         const std::string configuration = installation.PathOf("Configurazione.ini");
-        EXPECT_EQ(StartUp(window_, QString::fromStdString(configuration)).end,
+        EXPECT_EQ(StartUp(window_, QString::fromStdString(configuration),
+                          [this] { return component_.Make(); })
+                      .end,
                   StartUpOutcome::End::Complete);
         window_.SelectTerminalLine(3);
         EXPECT_EQ(Controls().LabelTerminale->text(), QStringLiteral("Terminale n°4"));
@@ -37,6 +40,7 @@ public:
 
 private:
     orlo::testing::TestWorkstation pc_;
+    orlo::testing::FakeComponent component_;
     ProgramState state_;
     Contenitore window_{state_, pc_.workstation};
 };

@@ -148,6 +148,17 @@ void EditTerminal(std::string& file, const Layout& layout, const TerminalRow& wa
     Require(found == 1, "the sample register has not exactly one row of that terminal");
 }
 
+/// Orlo and Sipa need the protocol component: a test that wants one says so.
+void MakeAllSerial(std::string& file, const Layout& layout)
+{
+    constexpr std::size_t kLastObjectType = 2;
+    constexpr int kStrale = 4;
+    ForEachRow(file, layout, [](Row& row) {
+        if (row.Columns() == kTerminaliColumns && row.Value(kTipo) <= kLastObjectType)
+            row.Set(kTipo, kStrale);
+    });
+}
+
 void EditLayout(std::string& file, const Layout& layout, int tracciato)
 {
     int found = 0;
@@ -164,13 +175,15 @@ void EditLayout(std::string& file, const Layout& layout, int tracciato)
 std::string SampleRegister(Jet version, const std::vector<TerminalRow>& rows, int layout)
 {
     const bool jet3 = version == Jet::k3;
+    const Layout& format = jet3 ? kJet3 : kJet4;
     std::ifstream sample(
         jet3 ? ORLO_TEST_DATA "/nimbo-full-97.mdb" : ORLO_TEST_DATA "/nimbo-full-2000.mdb",
         std::ios::binary);
     std::string file(std::istreambuf_iterator<char>(sample), {});
     Require(!file.empty(), "no sample register");
-    for (const TerminalRow& row : rows) EditTerminal(file, jet3 ? kJet3 : kJet4, row);
-    EditLayout(file, jet3 ? kJet3 : kJet4, layout);
+    MakeAllSerial(file, format);
+    for (const TerminalRow& row : rows) EditTerminal(file, format, row);
+    EditLayout(file, format, layout);
     return file;
 }
 

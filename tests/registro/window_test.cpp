@@ -44,7 +44,10 @@ protected:
     }
     StartUpOutcome::End Start()
     {
-        return StartUp(window, folder.filePath(QStringLiteral("Configurazione.ini"))).end;
+        // Serial terminals need no component.
+        return StartUp(window, folder.filePath(QStringLiteral("Configurazione.ini")),
+                       ComponentFactory())
+            .end;
     }
     QStringList Lines() const
     {

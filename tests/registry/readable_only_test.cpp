@@ -18,7 +18,7 @@ protected:
         File("Configurazione.ini", "Databases          :" + folder.path().toUtf8() + "/\n");
         QFile::setPermissions(InFolder(name), QFile::ReadOwner);
         Permit(QFile::ReadOwner | QFile::ExeOwner);
-        EXPECT_EQ(StartUp(window, InFolder("Configurazione.ini")).end,
+        EXPECT_EQ(StartUp(window, InFolder("Configurazione.ini"), Factory()).end,
                   StartUpOutcome::End::Complete);
     }
     QStringList Files() const { return QDir(folder.path()).entryList(QDir::Files, QDir::Name); }

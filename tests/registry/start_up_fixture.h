@@ -2,6 +2,7 @@
 
 #include "registry/contenitore_controls.h"
 #include "registry/start_up.h"
+#include "tests/support/fake_component.h"
 #include "tests/support/test_workstation.h"
 
 #include <QDir>
@@ -20,15 +21,35 @@ class StartUpTest : public ::testing::Test
 protected:
     QTemporaryDir folder;
     testing::TestWorkstation pc;
+    testing::FakeComponent component;
+    int components_made = 0;
     ProgramState state;
     Contenitore window{state, pc.workstation};
 
+    ComponentFactory Factory()
+    {
+        return [this] {
+            ++components_made;
+            return component.Make();
+        };
+    }
     QString InFolder(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
 
     void Database(const char* sample, const char* name = "nimbo.mdb") const
     {
         ASSERT_TRUE(QFile::copy(QStringLiteral(ORLO_TEST_DATA "/") + QString::fromLatin1(sample),
                                 InFolder(name)));
+    }
+    void RegisterEveryTerminalAs(TerminalType type) const
+    {
+        const auto database =
+            jet::Database::Open(InFolder("nimbo.mdb").toStdString(), jet::OpenMode::ReadWrite);
+        const auto rows = database->OpenTable(u"TERMINALI");
+        for (rows->MoveFirst(); !rows->AtEof(); rows->MoveNext()) {
+            rows->Edit();
+            rows->SetField(u"TIPO", std::int32_t{static_cast<int>(type)});
+            rows->Update();
+        }
     }
     void File(const char* name, const QByteArray& content) const
     {
@@ -39,7 +60,7 @@ protected:
     StartUpOutcome Start()
     {
         File("Configurazione.ini", "Databases          :" + folder.path().toUtf8() + "/\n");
-        return StartUp(window, InFolder("Configurazione.ini"));
+        return StartUp(window, InFolder("Configurazione.ini"), Factory());
     }
     QByteArray Content(const char* name) const
     {
