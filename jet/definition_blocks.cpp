@@ -115,6 +115,21 @@ BlockBytes HeaderBlock(const Format& format, TableKind kind, const TableLayout& 
     return header;
 }
 
+bool IsSized(ColumnType type)
+{
+    return type == ColumnType::Text || type == ColumnType::Binary;
+}
+
+bool CanBe(const ColumnDefinition& column)
+{
+    if (IsSized(column.type)) {
+        return column.size >= 1 && column.size <= kLargestSize;
+    }
+    // A ColumnDefinition has no place for the scale of a Numeric column.
+    return IsLong(column.type) ||
+           (ColumnWidth(column.type) != 0 && column.type != ColumnType::Numeric);
+}
+
 }  // namespace
 
 BlockBytes ColumnBlock(const Format& format, const TextOrder& order, TableKind kind,
@@ -218,15 +233,10 @@ void AppendLayout(const Format& format, const ColumnDefinition& column, TableLay
     if (table.columns_ever >= kMostColumns) {
         FailTooManyColumns();
     }
-    const std::uint16_t width = ColumnWidth(column.type);
-    const bool sized = column.type == ColumnType::Text || column.type == ColumnType::Binary;
-    // A ColumnDefinition has no place for the scale of a Numeric column.
-    const bool possible =
-        sized ? column.size >= 1 && column.size <= kLargestSize
-              : IsLong(column.type) || (width != 0 && column.type != ColumnType::Numeric);
-    if (!possible) {
+    if (!CanBe(column)) {
         FailInvalidColumn(column.name);
     }
+    const std::uint16_t width = ColumnWidth(column.type);
     added.name = column.name;
     added.type = column.type;
     added.id = table.columns_ever++;
@@ -239,7 +249,7 @@ void AppendLayout(const Format& format, const ColumnDefinition& column, TableLay
         added.fixed_offset = 0;
     }
     added.length = width;
-    if (sized) {
+    if (IsSized(column.type)) {
         const int unit = format.unicode && column.type == ColumnType::Text ? 2 : 1;
         added.length = static_cast<std::uint16_t>(unit * column.size);
     }

@@ -54,10 +54,10 @@ TEST_P(DamagedWrite, AnyBytesEndInAResultOrAnErrorThatChangesNothing)
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, DamagedWrite,
-                         testing::Values(Sick{"Base97", "nimbo-base-97.mdb", 10000},
-                                         Sick{"Full97", "nimbo-full-97.mdb", 10000},
-                                         Sick{"Base2000", "nimbo-base-2000.mdb", 10000},
-                                         Sick{"Full2000", "nimbo-full-2000.mdb", 10000},
+                         testing::Values(Sick{"Base97", "nimbo-base-97.mdb", 5000},
+                                         Sick{"Full97", "nimbo-full-97.mdb", 5000},
+                                         Sick{"Base2000", "nimbo-base-2000.mdb", 5000},
+                                         Sick{"Full2000", "nimbo-full-2000.mdb", 5000},
                                          // Long values, moved rows, trees of several levels.
                                          Sick{"Foreign2000", "nimbo-foreign-2000.mdb", 300}),
                          [](const auto& sick) { return std::string(sick.param.name); });
