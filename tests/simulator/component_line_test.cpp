@@ -106,7 +106,7 @@ TEST_F(ComponentLine, IsNotOpenBeforeAndAfter)
 
 TEST_F(ComponentLine, SaysWhyADeviceCannotBeOpened)
 {
-    std::ofstream(PathOf("file"));
+    std::ofstream(PathOf("file")) << "no device\n";
     const PseudoTerminal taken(PathOf("occupata"));
     const Port holder(PathOf("occupata"));
     const FileDescriptor lock(open(PathOf("occupata").c_str(), O_RDWR | O_NOCTTY), "open");
