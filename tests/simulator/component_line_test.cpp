@@ -29,6 +29,11 @@ struct FailureCase {
     const char* code;  // empty: the transfer succeeds all the same
 };
 
+void PrintTo(const FailureCase& failure, std::ostream* out)
+{
+    *out << failure.fault;
+}
+
 class ComponentFailure : public ComponentTest, public testing::WithParamInterface<FailureCase>
 {
 };
