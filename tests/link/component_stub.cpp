@@ -24,13 +24,13 @@
 #define STUB_VERSION 1
 #endif
 #ifndef STUB_LACKS
-#define STUB_LACKS ""
+#define STUB_LACKS "-"
 #endif
 #ifndef STUB_MIXES_UP
-#define STUB_MIXES_UP ""
+#define STUB_MIXES_UP "-"
 #endif
 #ifndef STUB_THROWS
-#define STUB_THROWS ""
+#define STUB_THROWS "-"
 #endif
 
 namespace

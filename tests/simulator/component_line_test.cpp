@@ -29,6 +29,11 @@ struct FailureCase {
     const char* code;  // empty: the transfer succeeds all the same
 };
 
+void PrintTo(const FailureCase& failure, std::ostream* out)
+{
+    *out << failure.fault;
+}
+
 class ComponentFailure : public ComponentTest, public testing::WithParamInterface<FailureCase>
 {
 };
@@ -106,7 +111,7 @@ TEST_F(ComponentLine, IsNotOpenBeforeAndAfter)
 
 TEST_F(ComponentLine, SaysWhyADeviceCannotBeOpened)
 {
-    std::ofstream(PathOf("file"));
+    std::ofstream(PathOf("file")) << "no device\n";
     const PseudoTerminal taken(PathOf("occupata"));
     const Port holder(PathOf("occupata"));
     const FileDescriptor lock(open(PathOf("occupata").c_str(), O_RDWR | O_NOCTTY), "open");

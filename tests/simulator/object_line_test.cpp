@@ -24,7 +24,7 @@ const std::string kAnswer =
 class ObjectLine : public testing::Test
 {
 protected:
-    Line MakeLine(std::string_view settings, std::vector<FaultRule> faults = {},
+    Line MakeLine(std::string_view settings, const std::vector<FaultRule>& faults = {},
                   LineSettings line = {})
     {
         std::vector<ObjectTerminal> terminals;

@@ -50,7 +50,7 @@ TEST(ObjectPunch, IsRefusedWhenItCannotBeMeant)
         {"Presenze Entrata 1 01 7 15/03/2006 25:30", "ora non valida: 25:30"},
     };
     for (const auto& [line, reason] : cases)
-        EXPECT_THAT(Complaint([&] { ParseObjectPunch(line); }), HasSubstr(reason));
+        EXPECT_THAT(Complaint([text = line] { ParseObjectPunch(text); }), HasSubstr(reason));
     std::istringstream lines("# uno\n\nPresenze Entrata 1\n");
     EXPECT_THAT(Complaint([&] { ReadObjectPunches(lines); }), HasSubstr("riga 3, "));
 }
@@ -114,7 +114,7 @@ TEST(ObjectTerminalSettings, AreRefusedWhenTheyCannotBeMeant)
         {"numero=1,modello=Orlo,file=x,seme=1", "file esclude"},
     };
     for (const auto& [text, reason] : cases)
-        EXPECT_THAT(Complaint([&] { ParseObjectTerminal(text); }), HasSubstr(reason));
+        EXPECT_THAT(Complaint([line = text] { ParseObjectTerminal(line); }), HasSubstr(reason));
 }
 
 }  // namespace
