@@ -87,6 +87,7 @@ IndexNode LoadIndexNode(PageFile& file, std::uint32_t number, std::uint32_t owne
     // Other writers may list the rightmost child like the rest.
     if (!node.leaf && node.tail == 0 && !node.entries.empty()) {
         node.tail = node.entries.back().child;
+        node.tail_listed = true;
         node.entries.pop_back();
     }
     return node;

@@ -13,7 +13,8 @@ struct IndexEntry {
 
 using IndexEntries = std::vector<IndexEntry>;
 
-/// A page of an index tree, taken apart to be changed. A node always has a tail here.
+/// A page of an index tree, taken apart to be changed. A node always has a tail here, and no
+/// entries when it has one child only.
 struct IndexNode {
     std::uint32_t number = 0;
     bool leaf = true;
@@ -21,6 +22,7 @@ struct IndexNode {
     std::uint32_t previous = 0;
     std::uint32_t next = 0;
     std::uint32_t tail = 0;
+    bool tail_listed = false;  ///< on its page the tail is the child of a last entry
     IndexEntries entries;
 
     /// First entry that is not before `wanted`, entries.size() when all are.

@@ -161,17 +161,23 @@ void IndexOrder::Refresh()
     }
 }
 
+// Entries compare as bytes, row pointers included, so a longer key that begins like the wanted one
+// may come before it. Only the key of an empty binary value is the beginning of others.
 std::optional<RowPointer> IndexOrder::Seek(const KeyBytes& key)
 {
     DescendTo(key);
     if (!SkipEmptyLeaves(Direction::Forward)) {
         return std::nullopt;
     }
-    const RowPointer row = TakeEntry();
-    if (!std::ranges::equal(KeyOfEntry(entry_), key)) {
-        return std::nullopt;
+    const auto begins_like_key = [&] {
+        return entry_.size() >= key.size() && std::equal(key.begin(), key.end(), entry_.begin());
+    };
+    for (std::optional row = TakeEntry(); row && begins_like_key(); row = Next()) {
+        if (KeyOfEntry(entry_).size() == key.size()) {
+            return row;
+        }
     }
-    return row;
+    return std::nullopt;
 }
 
 }  // namespace jet

@@ -15,9 +15,6 @@ namespace jet
 namespace
 {
 
-// A node has two children or more and a page number 24 bits: no tree is deeper.
-constexpr std::size_t kMostLevels = 24;
-
 /// Takes the entries from `cut` on out of a node. In a node the last of those that stay loses its
 /// key to the level above: its child becomes the tail. Gives that key, on a leaf the last entry.
 KeyBytes CutOff(IndexNode& left, std::size_t cut, IndexNode& right)
@@ -64,6 +61,8 @@ std::size_t ChooseCut(const Format& format, const IndexNode& node, bool at_end)
 
 }  // namespace
 
+// A node of another writer that lists its last child is written anew: an entry that goes below that
+// child may come behind the one that is listed.
 IndexTree::Path IndexTree::Descend(const KeyBytes& entry)
 {
     Path path;
@@ -71,7 +70,8 @@ IndexTree::Path IndexTree::Descend(const KeyBytes& entry)
         IndexNode node = Load(page);
         const std::size_t at = node.LowerBound(entry);
         page = node.Child(at);
-        path.push_back({std::move(node), at, false});
+        const bool tail_listed = node.tail_listed;
+        path.push_back({std::move(node), at, tail_listed});
         if (path.back().node.leaf) {
             return path;
         }
@@ -81,9 +81,26 @@ IndexTree::Path IndexTree::Descend(const KeyBytes& entry)
     }
 }
 
-void IndexTree::Write(const IndexNode& node)
+// Readers expect an entry in every node, so an only child is listed.
+void IndexTree::Write(IndexNode node)
 {
+    if (!node.leaf && node.entries.empty()) {
+        node.entries.push_back({LastBelow(node.tail), node.tail});
+        node.tail = 0;
+    }
     file_.Write(node.number, IndexPageImage(file_.Format(), node, owner_));
+}
+
+KeyBytes IndexTree::LastBelow(std::uint32_t page)
+{
+    IndexNode node = Load(page);
+    for (std::size_t level = 0; !node.leaf && level < kMostLevels; ++level) {
+        node = Load(node.tail);
+    }
+    if (!node.leaf || node.entries.empty()) {
+        FailDamaged(node.number, "nodo dell'indice senza voci");
+    }
+    return node.entries.back().bytes;
 }
 
 std::uint32_t IndexTree::Allocate()
@@ -100,7 +117,7 @@ void IndexTree::Relink(std::uint32_t page, std::uint32_t IndexNode::*link, std::
     if (page != 0) {
         IndexNode neighbour = Load(page);
         neighbour.*link = to;
-        Write(neighbour);
+        Write(std::move(neighbour));
     }
 }
 
@@ -127,7 +144,7 @@ void IndexTree::Store(Path& path)
         }
         if (!node.leaf && node.entries.empty()) {
             if (level == 0) {
-                CollapseRoot(node);
+                CollapseRoot(std::move(node));
                 return;
             }
             JoinNeighbour(path, level);
@@ -139,16 +156,18 @@ void IndexTree::Store(Path& path)
         const bool at_end = node.next == 0 && at + 1 >= node.entries.size();
         const std::size_t cut = ChooseCut(file_.Format(), node, at_end);
         if (level == 0) {
-            SplitRoot(node, cut);
+            SplitRoot(path, cut);
         } else {
             Split(path, level, cut);
         }
     }
 }
 
-// The root keeps its page, so both halves get new ones.
-void IndexTree::SplitRoot(IndexNode& root, std::size_t cut)
+// The root keeps its page, so both halves get new ones. Its level is counted, as some writers leave
+// it 0 on every page.
+void IndexTree::SplitRoot(Path& path, std::size_t cut)
 {
+    IndexNode& root = path.front().node;
     IndexNode left = std::move(root);
     IndexNode right;
     KeyBytes last = CutOff(left, cut, right);
@@ -162,7 +181,7 @@ void IndexTree::SplitRoot(IndexNode& root, std::size_t cut)
     root = {};
     root.number = index_.root;
     root.leaf = false;
-    root.level = static_cast<std::uint8_t>(left.level + 1);
+    root.level = static_cast<std::uint8_t>(path.size());
     root.tail = right.number;
     root.entries.push_back({std::move(last), left.number});
     Write(root);

@@ -9,7 +9,9 @@ namespace jet
 /// Changes the tree of an index. What holds before and after every call:
 ///
 ///  1. The entries of a page are in order, and so are the leaves along their links.
-///  2. A node's entry repeats the last entry below its child; the rightmost child is the tail.
+///  2. A node's entry is the last entry below its child, or an erased one between that and the
+///  next;
+///     the rightmost child is the tail, or the only one is listed.
 ///  3. The root stays on its page; all leaves have the same depth; the pages of a level are linked.
 ///  4. The map of the index lists exactly the pages of the tree.
 ///
@@ -39,19 +41,25 @@ private:
     };
     using Path = std::vector<Step>;  // from the root to a leaf
 
+    // A page number has 24 bits, so a tree whose nodes have two children is no deeper. This ends
+    // ways that lead in a circle.
+    static constexpr std::size_t kMostLevels = 24;
+
     IndexNode Load(std::uint32_t page) { return LoadIndexNode(file_, page, owner_); }
     Path Descend(const KeyBytes& entry);
-    void Write(const IndexNode& node);
+    void Write(IndexNode node);
+    KeyBytes LastBelow(std::uint32_t page);
     std::uint32_t Allocate();
     void Release(std::uint32_t page);
     void Relink(std::uint32_t page, std::uint32_t IndexNode::*link, std::uint32_t to);
 
     void Store(Path& path);
-    void SplitRoot(IndexNode& root, std::size_t cut);
+    void SplitRoot(Path& path, std::size_t cut);
     void Split(Path& path, std::size_t level, std::size_t cut);
     void NoteLastEntry(Path& path, std::size_t level, const KeyBytes& last);
+    void RemovePage(Path& path, std::size_t level);
     void RemoveChild(Path& path, std::size_t level);
-    void CollapseRoot(const IndexNode& root);
+    void CollapseRoot(IndexNode root);
     void JoinNeighbour(Path& path, std::size_t level);
 
     PageFile& file_;

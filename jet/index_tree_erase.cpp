@@ -27,10 +27,7 @@ void IndexTree::Erase(const KeyBytes& entry)
     }
     leaf.entries.erase(leaf.entries.begin() + static_cast<std::ptrdiff_t>(at));
     if (leaf.entries.empty() && level > 0) {
-        Relink(leaf.previous, &IndexNode::next, leaf.next);
-        Relink(leaf.next, &IndexNode::previous, leaf.previous);
-        Release(leaf.number);
-        RemoveChild(path, level - 1);
+        RemovePage(path, level);
     } else {
         changed = true;
         if (at == leaf.entries.size() && level > 0) {
@@ -54,7 +51,19 @@ void IndexTree::NoteLastEntry(Path& path, std::size_t level, const KeyBytes& las
     }
 }
 
-// Drops the child that the path leads to.
+// REQUIRES: the page is not the root, and nothing is left on it.
+void IndexTree::RemovePage(Path& path, std::size_t level)
+{
+    auto& [node, at, changed] = path[level];
+    changed = false;
+    Relink(node.previous, &IndexNode::next, node.next);
+    Relink(node.next, &IndexNode::previous, node.previous);
+    Release(node.number);
+    RemoveChild(path, level - 1);
+}
+
+// Drops the child that the path leads to. A node that had no other goes as well; the root becomes
+// an empty leaf.
 void IndexTree::RemoveChild(Path& path, std::size_t level)
 {
     auto& [node, at, changed] = path[level];
@@ -66,20 +75,28 @@ void IndexTree::RemoveChild(Path& path, std::size_t level)
         node.tail = node.entries.back().child;
         node.entries.pop_back();
         NoteLastEntry(path, level, last);
+    } else if (level > 0) {
+        RemovePage(path, level);
     } else {
-        FailDamaged(node.number, "nodo dell'indice con un solo figlio");
+        node = {};
+        node.number = index_.root;
     }
 }
 
 // A root with a single child takes its content over.
-void IndexTree::CollapseRoot(const IndexNode& root)
+void IndexTree::CollapseRoot(IndexNode root)
 {
-    IndexNode child = Load(root.tail);
-    Release(child.number);
-    child.number = root.number;
-    child.previous = 0;
-    child.next = 0;
-    Write(child);
+    for (std::size_t level = 0; !root.leaf && root.entries.empty(); ++level) {
+        if (level == kMostLevels) {
+            FailDamaged(root.number, "albero dell'indice senza foglie");
+        }
+        root = Load(root.tail);
+        Release(root.number);
+    }
+    root.number = index_.root;
+    root.previous = 0;
+    root.next = 0;
+    Write(std::move(root));
 }
 
 // A node with a single child gives it to the node before it, or to the one behind when it is the
@@ -89,7 +106,7 @@ void IndexTree::JoinNeighbour(Path& path, std::size_t level)
     IndexNode& node = path[level].node;
     auto& [parent, at, changed] = path[level - 1];
     if (parent.entries.empty()) {
-        return;  // no neighbour: only another writer leaves such a parent
+        return;  // no neighbour, as other writers leave it: the child stays alone
     }
     changed = true;
     IndexNode joined;

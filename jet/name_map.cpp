@@ -31,15 +31,19 @@ void NameMap::Add(std::u16string_view name, std::size_t value)
 
 std::optional<std::size_t> NameMap::Find(std::u16string_view name)
 {
-    if (const auto known = spellings_.find(name); known != spellings_.end()) {
-        return known->second;
+    for (std::size_t tries = spellings_.size(); tries > 0; --tries) {
+        const Spelling& known = spellings_[next_];
+        next_ = next_ + 1 == spellings_.size() ? 0 : next_ + 1;
+        if (known.name == name) {
+            return known.value;
+        }
     }
     const auto found = folded_.find(Folded(name));
     if (found == folded_.end()) {
         return std::nullopt;
     }
     if (spellings_.size() < kMostSpellings) {
-        spellings_.emplace(name, found->second);
+        spellings_.push_back({std::u16string(name), found->second});
     }
     return found->second;
 }

@@ -23,10 +23,10 @@ bool IsHigh(unsigned code)
 
 std::optional<std::u16string> Decompress(Bytes text)
 {
-    std::u16string out;
-    out.reserve(text.size());
+    const auto first_switch = std::ranges::find(text, std::uint8_t{0});
+    std::u16string out(text.begin(), first_switch);
     bool one_byte = true;
-    for (std::size_t i = 0; i < text.size();) {
+    for (std::size_t i = out.size(); i < text.size();) {
         if (text[i] == 0) {
             one_byte = !one_byte;
             ++i;

@@ -15,7 +15,7 @@ namespace
 constexpr std::uint32_t kOwner = 9;
 constexpr std::size_t kPage = kJet4.page_bytes;
 
-struct IndexPageContent {
+struct PageContent {
     PageType type;
     std::vector<const char*> entries;
     std::uint32_t previous = 0;
@@ -25,25 +25,15 @@ struct IndexPageContent {
 };
 
 /// A file of index pages, page 1 the root. The entries are as stored.
-FileBytes IndexFile(const std::vector<IndexPageContent>& pages)
+FileBytes IndexFile(const std::vector<PageContent>& pages)
 {
     FileBytes file = EmptyPages(pages.size());
-    std::size_t base = 0;
-    for (const IndexPageContent& page : pages) {
-        base += kPage;
-        Put16(file, base, 0x0100u | page.type);
-        Put32(file, base + 4, kOwner);
-        Put32(file, base + 12, page.previous);
-        Put32(file, base + 16, page.next);
-        Put32(file, base + 20, page.tail);
-        Put16(file, base + 24, page.prefix);
-        std::size_t end = 0;
-        for (const char* entry : page.entries) {
-            const FileBytes bytes = Hex(entry);
-            std::ranges::copy(bytes, file.begin() + static_cast<std::ptrdiff_t>(base + 480 + end));
-            end += bytes.size();
-            file[base + 27 + end / 8] |= static_cast<std::uint8_t>(1 << end % 8);
-        }
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        const PageContent& page = pages[i];
+        std::vector<FileBytes> entries;
+        std::ranges::transform(page.entries, std::back_inserter(entries), Hex);
+        PutIndexPage(file, 1 + i, kOwner,
+                     {page.type, entries, page.previous, page.next, page.tail, page.prefix});
     }
     return file;
 }
@@ -128,6 +118,21 @@ TEST(IndexOrder, EqualKeysOnBothSidesOfALeafBoundary)
     EXPECT_EQ(walk.Next(), std::nullopt);
 }
 
+// The key of an empty binary value is the beginning of all others, and its row pointer decides
+// where among them it comes.
+TEST(IndexOrder, KeyThatIsTheBeginningOfOthersIsFoundBehindThem)
+{
+    Walk walk(IndexFile({
+        {kIndexNode, {"7F 0000000000000000 08 00000703 00000002"}, 0, 0, 3},
+        {kIndexLeaf, {"7F 0000000000000000 07 00000702", "7F 0000000000000000 08 00000703"}, 0, 3},
+        {kIndexLeaf, {"7F 00000701", "7F 1000000000000000 01 00000704"}, 2, 0},
+    }));
+    EXPECT_EQ(walk.Seek("7F"), (RowPointer{7, 1}));
+    EXPECT_EQ(walk.Next(), (RowPointer{7, 4}));
+    EXPECT_EQ(walk.Seek("7F 0000000000000000 07"), (RowPointer{7, 2}));
+    EXPECT_EQ(walk.Seek("7F 0000000000000000"), std::nullopt);
+}
+
 TEST(IndexOrder, PrefixIsTakenFromTheFirstEntry)
 {
     // The prefix may reach into the row pointer.
@@ -173,7 +178,7 @@ TEST(IndexOrder, DamageIsNoticed)
 {
     struct Case {
         const char* name;
-        std::vector<IndexPageContent> pages;
+        std::vector<PageContent> pages;
     };
     const Case kCases[] = {
         {"entry too short", {{kIndexLeaf, {"7F100007"}}}},

@@ -118,6 +118,24 @@ void PutDataPage(FileBytes& file, std::size_t page, std::uint32_t owner,
     }
 }
 
+void PutIndexPage(FileBytes& file, std::size_t page, std::uint32_t owner,
+                  const IndexPageContent& content)
+{
+    const std::size_t base = page * kPage;
+    Put16(file, base, 0x0100u | content.type);
+    Put32(file, base + 4, owner);
+    Put32(file, base + 12, content.previous);
+    Put32(file, base + 16, content.next);
+    Put32(file, base + 20, content.tail);
+    Put16(file, base + 24, content.prefix);
+    std::size_t end = 0;
+    for (const FileBytes& entry : content.entries) {
+        std::ranges::copy(entry, file.begin() + static_cast<std::ptrdiff_t>(base + 480 + end));
+        end += entry.size();
+        file[base + 27 + end / 8] |= static_cast<std::uint8_t>(1 << end % 8);
+    }
+}
+
 int ErrorNumberOf(const std::function<void()>& action)
 {
     try {

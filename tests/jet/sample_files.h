@@ -51,6 +51,20 @@ FileBytes EmptyPages(std::size_t pages);
 void PutDataPage(FileBytes& file, std::size_t page, std::uint32_t owner,
                  const std::vector<FileBytes>& rows);
 
+/// An index page, its entries as they are stored.
+struct IndexPageContent {
+    std::uint8_t type;
+    std::vector<FileBytes> entries;
+    std::uint32_t previous = 0;
+    std::uint32_t next = 0;
+    std::uint32_t tail = 0;
+    std::uint32_t prefix = 0;
+};
+
+/// Makes a page of EmptyPages an index page. Its level and its free space stay 0.
+void PutIndexPage(FileBytes& file, std::size_t page, std::uint32_t owner,
+                  const IndexPageContent& content);
+
 /// The number of the jet::Error that `action` ends in, 0 when it ends in none.
 int ErrorNumberOf(const std::function<void()>& action);
 
