@@ -6,7 +6,9 @@
 #include "link/workstation.h"
 #include "registry/contenitore.h"
 
-#include <memory>
+#include <functional>
+
+class QPushButton;
 
 namespace orlo
 {
@@ -23,6 +25,9 @@ public:
 
 private:
     void WireCommands();
+    /// `task` is what the title row says meanwhile.
+    void Wire(QPushButton* button, const QString& task, std::function<void()> command,
+              EscapeUse escape = EscapeUse::Ignored);
 
     PortDevices devices_;
     SystemClock clock_;
