@@ -3,14 +3,20 @@
 #include "acquisition/acquisizione.h"
 #include "badge/formato_badge.h"
 #include "registry/contenitore_controls.h"
+#include "registry/modem_session.h"
 #include "status/legge_data_ora.h"
 #include "status/sicronizzazione.h"
 #include "status/test.h"
 
-#include <utility>
-
 namespace orlo
 {
+
+namespace
+{
+
+const QString kLoggingOff = QStringLiteral("Scollegamento in corso…");
+
+}  // namespace
 
 Desk::Desk(const CommandLine& command_line, OperatorDialog& dialog, LineTrace& trace)
     : devices_(command_line.devices),
@@ -25,29 +31,40 @@ Desk::Desk(const CommandLine& command_line, OperatorDialog& dialog, LineTrace& t
 void Desk::WireCommands()
 {
     const Ui::Contenitore& controls = window_.Controls();
-    Wire(
-        controls.cmdAcquisisce, QStringLiteral("Acquisizione in corso…"),
-        [this] { cmdAcquisisce_Click(window_); }, EscapeUse::Heeded);
-    Wire(controls.cmdTest, QStringLiteral("Test in corso…"), [this] { cmdTest_Click(window_); });
-    Wire(controls.cmdLeggeOra, QStringLiteral("Lettura dell'ora in corso…"),
+    Wire(controls.cmdAcquisisce, QStringLiteral("Acquisizione in corso…"), EscapeUse::Heeded,
+         [this] { cmdAcquisisce_Click(window_); });
+    Wire(controls.cmdTest, QStringLiteral("Test in corso…"), EscapeUse::Ignored,
+         [this] { cmdTest_Click(window_); });
+    Wire(controls.cmdLeggeOra, QStringLiteral("Lettura dell'ora in corso…"), EscapeUse::Ignored,
          [this] { cmdLeggeOra_Click(window_); });
-    Wire(controls.cmdSincro, QStringLiteral("Sincronizzazione in corso…"),
+    Wire(controls.cmdSincro, QStringLiteral("Sincronizzazione in corso…"), EscapeUse::Ignored,
          [this] { cmdSincro_Click(window_); });
     Wire(controls.cmdRiceveCard, QStringLiteral("Lettura del formato badge in corso…"),
+         EscapeUse::Ignored,
          [this] { cmdRiceveCard_Click(window_, [this] { LeggeDataOra(window_); }); });
     Wire(controls.cmdTrasmetteCard, QStringLiteral("Invio del formato badge in corso…"),
-         [this] { cmdTrasmetteCard_Click(window_); });
+         EscapeUse::Ignored, [this] { cmdTrasmetteCard_Click(window_); });
+    Wire(controls.cmdLogIn, QStringLiteral("Collegamento in corso…"), EscapeUse::Heeded,
+         [this] { LogIn_Click(window_); });
+    Wire(controls.cmdLogOff, kLoggingOff, EscapeUse::Ignored, [this] { LogOff_Click(window_); });
     window_.SetPeriodicRead([this] { Timer1_Timer(window_); });
 }
 
-void Desk::Wire(QPushButton* button, const QString& task, std::function<void()> command,
-                EscapeUse escape)
+void Desk::Wire(QPushButton* button, const QString& task, EscapeUse escape,
+                const std::function<void()>& command)
 {
     window_.SetFeatureAvailable(button, true);
     QObject::connect(button, &QPushButton::clicked, &window_,
-                     [this, button, task, command = std::move(command), escape] {
+                     [this, button, task, escape, command] {
                          window_.RunCommand(button, task, escape, command);
                      });
+}
+
+void Desk::HangUp()
+{
+    if (!window_.LineIsOpen()) return;
+    window_.RunCommand(window_.Controls().cmdLogOff, kLoggingOff, EscapeUse::Ignored,
+                       [this] { EndSession(window_); });
 }
 
 }  // namespace orlo

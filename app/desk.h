@@ -23,11 +23,14 @@ public:
     Contenitore& Window() { return window_; }
     ProgramState& State() { return state_; }
 
+    /// Ends the line that is open, if one is, with the window inert meanwhile: some ten seconds.
+    void HangUp();
+
 private:
     void WireCommands();
     /// `task` is what the title row says meanwhile.
-    void Wire(QPushButton* button, const QString& task, std::function<void()> command,
-              EscapeUse escape = EscapeUse::Ignored);
+    void Wire(QPushButton* button, const QString& task, EscapeUse escape,
+              const std::function<void()>& command);
 
     PortDevices devices_;
     SystemClock clock_;

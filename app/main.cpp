@@ -32,7 +32,9 @@ int RunWindow(const CommandLine& command_line, LineTrace& trace, Termination& te
 
     QObject::connect(&termination, &Termination::Asked, &window, [&window] { window.close(); });
     QObject::connect(&window, &Contenitore::LeaveRequested, qApp, [&desk] {
+        // The register first: whoever ends the session may not wait for a modem.
         CloseRegister(desk.State());
+        desk.HangUp();
         QCoreApplication::quit();
     });
     window.show();

@@ -4,6 +4,7 @@
 #include "app/standard_error_dialog.h"
 #include "app/termination.h"
 #include "registry/contenitore_controls.h"
+#include "registry/modem_session.h"
 #include "registry/start_up.h"
 #include "registry/terminal_lines.h"
 
@@ -47,6 +48,26 @@ void EndProgressOnTerminal(Contenitore& window)
     std::fprintf(stderr, "\r\033[K");
 }
 
+/// Orlo and Sipa terminals are dialled by their component.
+bool IsToBeDialled(const Contenitore& window)
+{
+    const TerminalModel* const model = window.ShownModel();
+    return model != nullptr && model->family == LinkFamily::Serial &&
+           window.Controls().CheckModem->isChecked();
+}
+
+AcquisitionOutcome AcquireByModem(Contenitore& window)
+{
+    LogIn_Click(window);
+    if (!window.LineIsOpen()) {
+        const QString caption = window.Controls().PannelloComunicazione->text();
+        return NotDone(caption.isEmpty() ? QStringLiteral("Errore aprendo la COM") : caption);
+    }
+    AcquisitionOutcome outcome = cmdAcquisisce_Click(window);
+    EndSession(window);
+    return outcome;
+}
+
 AcquisitionOutcome AcquireTerminal(Contenitore& window, int terminal)
 {
     if (Termination::Requested()) return NotDone(QStringLiteral("programma interrotto"));
@@ -54,7 +75,8 @@ AcquisitionOutcome AcquireTerminal(Contenitore& window, int terminal)
     if (!window.Controls().Abilitazione->isChecked())
         return NotDone(QStringLiteral("non è attivo"));
     ShowProgressOnTerminal(window, terminal);
-    AcquisitionOutcome outcome = cmdAcquisisce_Click(window);
+    AcquisitionOutcome outcome =
+        IsToBeDialled(window) ? AcquireByModem(window) : cmdAcquisisce_Click(window);
     EndProgressOnTerminal(window);
     return outcome;
 }

@@ -1,7 +1,5 @@
 #include "link/modem_line.h"
 
-#include "link/waits.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -13,6 +11,12 @@ namespace
 
 constexpr char kLf = 10;
 constexpr char kCr = 13;
+
+/// Tenths to seconds, to the nearest, half to even.
+std::int16_t Seconds(std::int16_t tenths)
+{
+    return static_cast<std::int16_t>(std::nearbyint(tenths / 10.0));
+}
 
 std::chrono::milliseconds OneStep()
 {
@@ -31,10 +35,17 @@ void ModemSend(SerialPortControl& port, std::string_view text)
 std::string ModemReadLine(Workstation& workstation, SerialPortControl& port,
                           std::string& line_receive_buffer, std::int16_t& timeout_tenths)
 {
-    timeout_tenths = static_cast<std::int16_t>(std::nearbyint(timeout_tenths / 10.0));
+    OverdueWait overdue(workstation, Seconds(timeout_tenths));
+    return ModemReadLine(workstation, port, line_receive_buffer, timeout_tenths, overdue);
+}
+
+std::string ModemReadLine(Workstation& workstation, SerialPortControl& port,
+                          std::string& line_receive_buffer, std::int16_t& timeout_tenths,
+                          WaitWatch& watch)
+{
+    timeout_tenths = Seconds(timeout_tenths);
     const std::int16_t timeout_seconds = timeout_tenths;
     const float start = StartOfWait(workstation.clock);
-    OverdueWait overdue(workstation, timeout_seconds);
     for (;;) {
         if (port.InBufferCount() >= 1) line_receive_buffer += port.Input();
         std::replace(line_receive_buffer.begin(), line_receive_buffer.end(), kLf, ' ');
@@ -42,7 +53,7 @@ std::string ModemReadLine(Workstation& workstation, SerialPortControl& port,
         // The time is judged first: a line found in a pass that is too late stays in the buffer.
         const bool late =
             ElapsedSeconds(workstation.clock, start) > static_cast<float>(timeout_seconds);
-        if (late || overdue.Aborted()) return {};
+        if (late || watch.Aborted()) return {};
         if (end != std::string::npos) {
             std::string line = line_receive_buffer.substr(0, end);
             line_receive_buffer.erase(0, end + 1);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/waits.h"
 #include "link/workstation.h"
 
 #include <string>
@@ -20,5 +21,10 @@ void ModemSend(SerialPortControl& port, std::string_view text);
 /// a line that is already complete is still returned unless the clock changes first.
 std::string ModemReadLine(Workstation& workstation, SerialPortControl& port,
                           std::string& line_receive_buffer, std::int16_t& timeout_tenths);
+
+/// The same under the watch of a wait that is longer than one read.
+std::string ModemReadLine(Workstation& workstation, SerialPortControl& port,
+                          std::string& line_receive_buffer, std::int16_t& timeout_tenths,
+                          WaitWatch& watch);
 
 }  // namespace orlo

@@ -4,7 +4,9 @@
 #include "link/serial_port_link.h"
 
 #include <sys/file.h>
+#include <sys/ioctl.h>
 
+#include <cerrno>
 #include <charconv>
 
 namespace orlo
@@ -69,9 +71,59 @@ bool QtSerialPort::SetPortOpen(bool open)
 {
     if (open) return !PortOpen() && Open();
     const bool was_open = PortOpen();
+    // What a modem that holds CTS back has not taken would keep the system waiting in the close.
+    if (was_open && handshaking_ != kNoHandshaking) port_.clear(QSerialPort::Output);
     if (was_open) port_.close();
+    handshaking_ = kNoHandshaking;
     line_lost_ = false;
     return was_open;
+}
+
+bool QtSerialPort::SetHandshaking(int handshaking)
+{
+    const QString property = QStringLiteral("Handshaking");
+    if (handshaking != kNoHandshaking && handshaking != kRtsCtsHandshaking)
+        return RefuseLine(property, QStringLiteral("valore %1 non previsto").arg(handshaking));
+    if (!PortOpen()) return RefuseLine(property, QStringLiteral("la porta è chiusa"));
+    const bool taken =
+        port_.setFlowControl(handshaking == kRtsCtsHandshaking ? QSerialPort::HardwareControl
+                                                               : QSerialPort::NoFlowControl);
+    if (!taken) return RefuseLine(property, port_.errorString());
+    handshaking_ = handshaking;
+    line_error_.clear();
+    return true;
+}
+
+bool QtSerialPort::SetRTSEnable(bool on)
+{
+    return SetModemLine(TIOCM_RTS, "RTS", on);
+}
+
+bool QtSerialPort::SetDTREnable(bool on)
+{
+    return SetModemLine(TIOCM_DTR, "DTR", on);
+}
+
+bool QtSerialPort::SetModemLine(int line, const char* name, bool on)
+{
+    const QString property = QLatin1String(name);
+    if (!PortOpen()) return RefuseLine(property, QStringLiteral("la porta è chiusa"));
+    line_error_.clear();
+    if (ioctl(port_.handle(), on ? TIOCMBIS : TIOCMBIC, &line) == 0) return true;
+    const int error = errno;
+    const bool has_no_lines = error == ENOTTY || error == EINVAL;
+    if (!has_no_lines) return RefuseLine(property, qt_error_string(error));
+    trace_.Note(QStringLiteral("COM%1: la porta non ha la linea %2")
+                    .arg(QString::number(comm_port_), property));
+    return true;
+}
+
+bool QtSerialPort::RefuseLine(const QString& property, const QString& reason)
+{
+    const QString text = property + QStringLiteral(": ") + reason;
+    line_error_ = text.toStdString();
+    trace_.Note(QStringLiteral("COM%1, %2").arg(QString::number(comm_port_), text));
+    return false;
 }
 
 bool QtSerialPort::Open()

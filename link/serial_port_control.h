@@ -7,6 +7,10 @@
 namespace orlo
 {
 
+/// Values of the property Handshaking.
+inline constexpr int kNoHandshaking = 0;
+inline constexpr int kRtsCtsHandshaking = 2;
+
 /// One of the four serial ports of the PC, COM1 to COM4. The text that goes through it is bytes:
 /// a character is one byte, whatever its value. Every setter tells whether it succeeded; none
 /// throws.
@@ -27,6 +31,19 @@ public:
     /// Opens with CommPort and Settings, or closes. False when the device is missing, in use by
     /// another program, or does not accept the speed; the port is then closed.
     [[nodiscard]] virtual bool SetPortOpen(bool open) = 0;
+
+    /// Flow control of the open port: 0 none, 2 RTS/CTS; any other is refused. It lasts until the
+    /// port is closed: every opening begins with none, as a direct cable has no CTS.
+    virtual int Handshaking() const = 0;
+    [[nodiscard]] virtual bool SetHandshaking(int handshaking) = 0;
+
+    /// The lines RTS and DTR of the open port. A device that has no such lines, as a
+    /// pseudo-terminal, does not fail for want of them.
+    [[nodiscard]] virtual bool SetRTSEnable(bool on) = 0;
+    [[nodiscard]] virtual bool SetDTREnable(bool on) = 0;
+
+    /// Why the last of these three was refused, in the system's words; empty when it was not.
+    virtual std::string LineError() const = 0;
 
     /// Bytes that have arrived and have not been read.
     virtual std::size_t InBufferCount() = 0;

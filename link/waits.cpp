@@ -51,19 +51,32 @@ void WaitDelay(Workstation& workstation, float delay_seconds)
         workstation.clock.YieldToEventLoop();
 }
 
-OverdueWait::OverdueWait(Workstation& workstation, double target_seconds)
+WaitWatch::WaitWatch(Workstation& workstation, std::chrono::milliseconds first_look,
+                     std::chrono::milliseconds own_end)
     : workstation_(workstation),
-      next_look_(workstation.clock.Monotonic() + Milliseconds(target_seconds) + kPatience)
+      next_look_(workstation.clock.Monotonic() + first_look),
+      own_end_(workstation.clock.Monotonic() + own_end)
 {
 }
 
-bool OverdueWait::Aborted()
+bool WaitWatch::Aborted()
 {
     const std::chrono::milliseconds now = workstation_.clock.Monotonic();
-    if (now < next_look_) return false;
-    if (!workstation_.dialog.OperatorPresent()) return true;
+    aborted_ = aborted_ || (now >= next_look_ && Look(now));
+    return aborted_;
+}
+
+bool WaitWatch::Look(std::chrono::milliseconds now)
+{
+    if (now >= own_end_ && !workstation_.dialog.OperatorPresent()) return true;
     next_look_ = now + kBetweenLooks;
     return PressioneTastoEsc(workstation_);
+}
+
+OverdueWait::OverdueWait(Workstation& workstation, double target_seconds)
+    : WaitWatch(workstation, Milliseconds(target_seconds) + kPatience,
+                Milliseconds(target_seconds) + kPatience)
+{
 }
 
 }  // namespace orlo

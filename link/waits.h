@@ -22,20 +22,33 @@ void WaitTenths(Workstation& workstation, std::int16_t tenths);
 /// plus `delay_seconds`. Window events run meanwhile. A delay of 0 returns at once.
 void WaitDelay(Workstation& workstation, float delay_seconds);
 
-/// Watches over a wait. When it has lasted ten seconds of monotonic time beyond its target, as one
-/// that spans midnight does, the Escape key is looked at once a second; with no operator present
-/// the wait ends by itself.
-class OverdueWait
+/// Watches over a wait in monotonic time: from `first_look` on the Escape key is looked at once a
+/// second, and with no operator present the wait ends by itself at `own_end`. Both are counted from
+/// now.
+class WaitWatch
 {
 public:
-    OverdueWait(Workstation& workstation, double target_seconds);
+    WaitWatch(Workstation& workstation, std::chrono::milliseconds first_look,
+              std::chrono::milliseconds own_end);
 
-    /// To be asked on every pass of the wait; true ends it as if its time were over.
+    /// To be asked on every pass of the wait; true ends it as if its time were over, and stays.
     [[nodiscard]] bool Aborted();
 
 private:
+    bool Look(std::chrono::milliseconds now);
+
     Workstation& workstation_;
     std::chrono::milliseconds next_look_;
+    std::chrono::milliseconds own_end_;
+    bool aborted_ = false;
+};
+
+/// The watch over a wait that ought to end by itself: it interferes when ten seconds have passed
+/// beyond the target, as in a wait that spans midnight.
+class OverdueWait : public WaitWatch
+{
+public:
+    OverdueWait(Workstation& workstation, double target_seconds);
 };
 
 }  // namespace orlo

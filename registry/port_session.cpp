@@ -3,6 +3,7 @@
 #include "link/serial_port_link.h"
 #include "registry/contenitore.h"
 #include "registry/contenitore_controls.h"
+#include "registry/held_line.h"
 
 namespace orlo
 {
@@ -10,13 +11,12 @@ namespace orlo
 PortSession::PortSession(Contenitore& window) : window_(window)
 {
     ProgramState& state = window.State();
-    SerialPortControl* const port = window.Station().Comm(state.CurrentPort);
-    const bool held_by_modem = window.LineIsOpen();
-    if (held_by_modem) {
-        state.SerialPortOk = true;
-        port_ = port;
+    if (window.LineIsOpen()) {
+        port_ = HeldLine(window);
+        state.SerialPortOk = port_ != nullptr;
         return;
     }
+    SerialPortControl* const port = window.Station().Comm(state.CurrentPort);
     // A port number outside 1..4 selects no control and gives no message.
     if (port == nullptr) {
         state.SerialPortOk = false;

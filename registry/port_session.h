@@ -13,7 +13,8 @@ class Contenitore;
 class PortSession
 {
 public:
-    /// A port that cannot be opened puts "Errore aprendo la COM" in PannelloComunicazione.
+    /// A port that cannot be opened puts "Errore aprendo la COM" in PannelloComunicazione, an open
+    /// line that cannot be used the reason, see HeldLine.
     explicit PortSession(Contenitore& window);
     ~PortSession();
     PortSession(const PortSession&) = delete;

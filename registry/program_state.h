@@ -52,6 +52,10 @@ struct ProgramState {
     bool SerialPortOk = false;
     std::string LineReceiveBuffer;
 
+    // The line that `Verde` shows: its port, 0 while there is none, and whether it was dialled.
+    std::int16_t SessionPort = 0;
+    bool SessionDialled = false;
+
     // Counters of the last answer to "32", five characters each, kept until the next.
     std::string TPnt;
     std::string TrInMemory;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/far_end.h"
 #include "simulator/fault_plan.h"
 #include "simulator/frame.h"
 #include "simulator/journal.h"
@@ -27,7 +28,7 @@ struct LineSettings {
 ///     Line line({}, {Terminal(ParseTerminal("numero=4,modello=Strale,timbrature=20"), clock)},
 ///               FaultPlan({ParseFaultRule("33#2:silenzio")}));
 ///     for (const LineEvent& event : line.Receive("\x02\x84" "32" "\xEB\r", now)) …
-class Line
+class Line : public FarEnd
 {
 public:
     Line(LineSettings settings, std::vector<Terminal> terminals, FaultPlan faults = {},
@@ -35,11 +36,11 @@ public:
 
     /// Takes bytes that were put on the line at `now`. Returns what they bring about, ordered by
     /// time. Every well-formed request counts for the faults, whoever it is addressed to.
-    std::vector<LineEvent> Receive(std::string_view bytes, Instant now);
+    std::vector<LineEvent> Receive(std::string_view bytes, Instant now) override;
 
     /// The line was lost: half a request is forgotten, answers under way are gone. What the
     /// terminals hold stays.
-    void HangUp();
+    void HangUp() override;
 
     std::span<const Terminal> Terminals() const { return terminals_; }
 

@@ -1,3 +1,4 @@
+#include "simulator/modem.h"
 #include "simulator/options.h"
 #include "simulator/pty_server.h"
 #include "simulator/state_report.h"
@@ -6,6 +7,7 @@
 #include <csignal>
 #include <exception>
 #include <iostream>
+#include <optional>
 
 namespace
 {
@@ -26,7 +28,10 @@ void Serve(const Options& options)
         WriteStateReport(options.state_path, line.Terminals());
         std::cout << "Stato: " << options.state_path << std::endl;
     };
-    PtyServer server(options.link, line,
+    std::optional<Modem> modem;
+    if (options.modem) modem.emplace(*options.modem, line, journal);
+    FarEnd& far_end = modem ? static_cast<FarEnd&>(*modem) : line;
+    PtyServer server(options.link, far_end,
                      {.ready = [&] { std::cout << "Pronto: " << options.link << std::endl; },
                       .hung_up = [&] { std::cout << "Caduta: " << options.link << std::endl; },
                       .state_asked_for = write_state});

@@ -19,11 +19,12 @@ constexpr int kMostBitsPerSecond = 4000000;
 constexpr int kLongestTurnaroundMs = 600000;
 
 // clang-format off
-const std::array<option, 9> kOptions = {{
+const std::array<option, 10> kOptions = {{
     {"collegamento", required_argument, nullptr, 'c'},
     {"terminale",    required_argument, nullptr, 't'},
     {"velocita",     required_argument, nullptr, 'v'},
     {"attesa",       required_argument, nullptr, 'a'},
+    {"modem",        required_argument, nullptr, 'm'},
     {"guasto",       required_argument, nullptr, 'g'},
     {"registro",     required_argument, nullptr, 'r'},
     {"stato",        required_argument, nullptr, 's'},
@@ -67,6 +68,9 @@ void Take(Options& options, int option, const std::string& value)
         case 'a':
             options.line.turnaround =
                 std::chrono::milliseconds(Number("attesa", value, 0, kLongestTurnaroundMs));
+            break;
+        case 'm':
+            options.modem = ParseModem(value);
             break;
         case 'g':
             options.faults.push_back(ParseFaultRule(value));
@@ -127,6 +131,14 @@ Fa la parte di uno o più terminali seriali su uno pseudo-terminale.
                               versione=TESTO    versione dichiarata (del modello)
   --velocita BPS            rispetta i tempi di una linea di questa velocità
   --attesa MS               pausa fra la richiesta e la risposta
+  --modem DESCRIZIONE       mette un modem davanti alla linea; chiavi separate da virgole, tutte
+                            facoltative:
+                              esito=ESITO       della chiamata: CONNECT (se manca), NO CARRIER,
+                                                NO DIAL TONE, BUSY o silenzio
+                              attesa=MS         fra il comando e l'esito (1000)
+                              eco=0|1           eco dei comandi dopo un azzeramento (1)
+                              byte-singoli=MS   le risposte un byte alla volta
+                              cade=BYTE         la linea cade dopo tanti byte dei terminali
   --guasto QUANDO:NOME[=V]  un guasto; ripetibile. QUANDO: N, l'N-esima richiesta; 33#2, la
                               seconda che comincia con 33; 33*, tutte queste; *, tutte.
                             NOME: richiesta-persa, silenzio, ritardo=MS, checksum-errato,

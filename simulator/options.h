@@ -2,8 +2,10 @@
 
 #include "simulator/fault_plan.h"
 #include "simulator/line.h"
+#include "simulator/modem_settings.h"
 #include "simulator/terminal_settings.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +18,7 @@ struct Options {
     std::string link;
     std::vector<TerminalSettings> terminals;  // numbers differ
     LineSettings line;
+    std::optional<ModemSettings> modem;  // between the port and the line
     std::vector<FaultRule> faults;
     std::string journal_path;  // empty: none
     std::string state_path;    // empty: none

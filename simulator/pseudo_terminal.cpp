@@ -79,10 +79,15 @@ std::string PseudoTerminal::Read()
     }
 }
 
-void PseudoTerminal::Write(std::string_view bytes)
+bool PseudoTerminal::IsOpened() const
 {
     pollfd line{master_.Get(), POLLOUT, 0};
-    if (poll(&line, 1, 0) < 0 || (line.revents & POLLHUP) != 0) return;
+    return poll(&line, 1, 0) >= 0 && (line.revents & POLLHUP) == 0;
+}
+
+void PseudoTerminal::Write(std::string_view bytes)
+{
+    if (!IsOpened()) return;
     while (!bytes.empty()) {
         const ssize_t count = write(master_.Get(), bytes.data(), bytes.size());
         if (count > 0)

@@ -36,6 +36,9 @@ public:
 
     int Descriptor() const { return master_.Get(); }
 
+    /// Whether a program has the other end open.
+    bool IsOpened() const;
+
     /// Everything that has arrived, without waiting. Nothing, too, when nobody has the other end
     /// open: it may be opened again at any time.
     std::string Read();

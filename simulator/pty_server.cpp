@@ -47,9 +47,9 @@ void Watch(int waiter, int descriptor, std::uint32_t events)
 
 }  // namespace
 
-PtyServer::PtyServer(std::string link, Line& line, Events events)
+PtyServer::PtyServer(std::string link, FarEnd& far_end, Events events)
     : link_(std::move(link)),
-      line_(line),
+      far_end_(far_end),
       events_(std::move(events)),
       signals_(SignalDescriptor(), "signalfd"),
       timer_(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC), "timerfd_create"),
@@ -84,7 +84,7 @@ void PtyServer::LoseLine(std::chrono::milliseconds duration)
 {
     pty_.reset();
     due_.clear();
-    line_.HangUp();
+    far_end_.HangUp();
     reopen_at_ = Now() + duration;
     events_.hung_up();
 }
@@ -99,6 +99,8 @@ void PtyServer::WaitForSomething()
 void PtyServer::SetTimer()
 {
     std::optional<Instant> next = reopen_at_;
+    if (const std::optional<Instant> wake = far_end_.WakeAt(); wake && pty_)
+        next = std::min(next.value_or(Instant::max()), *wake);
     if (!due_.empty()) next = std::min(next.value_or(Instant::max()), due_.begin()->first);
     // Zero disarms. Setting it anew also takes back an expiry that was not read.
     itimerspec when{};
@@ -113,8 +115,15 @@ void PtyServer::SetTimer()
 void PtyServer::ReceiveRequests()
 {
     if (!pty_) return;
-    for (LineEvent& event : line_.Receive(pty_->Read(), Now()))
+    for (LineEvent& event : far_end_.Receive(pty_->Read(), Now()))
         due_.emplace(event.due, std::move(event));
+    NoticeClosing();
+}
+
+void PtyServer::NoticeClosing()
+{
+    const bool was_opened = std::exchange(opened_, pty_->IsOpened());
+    if (was_opened && !opened_) far_end_.PortClosed();
 }
 
 void PtyServer::SendWhatIsDue()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/line.h"
+#include "simulator/far_end.h"
 #include "simulator/pseudo_terminal.h"
 
 #include <functional>
@@ -11,8 +11,9 @@
 namespace orlo::simulator
 {
 
-/// Puts a line behind a pseudo-terminal and lives its life: bytes come in, answers go out at their
-/// times, reckoned on one schedule of the monotonic clock so that late wake-ups do not add up.
+/// Puts a far end behind a pseudo-terminal and lives its life: bytes come in, answers go out at
+/// their times, reckoned on one schedule of the monotonic clock so that late wake-ups do not add
+/// up.
 class PtyServer
 {
 public:
@@ -25,7 +26,7 @@ public:
 
     /// From here on the calling thread gets SIGTERM, SIGINT, SIGHUP and SIGUSR1 through Run only.
     /// Throws std::system_error.
-    PtyServer(std::string link, Line& line, Events events);
+    PtyServer(std::string link, FarEnd& far_end, Events events);
 
     /// Until SIGTERM, SIGINT or SIGHUP. Throws std::system_error when no pseudo-terminal is to be
     /// had.
@@ -36,18 +37,20 @@ private:
     void LoseLine(std::chrono::milliseconds duration);
     void WaitForSomething();
     void SetTimer();
+    void NoticeClosing();
     void ReceiveRequests();
     void SendWhatIsDue();
     /// False when the signal ends the program.
     bool HandleSignal();
 
     std::string link_;
-    Line& line_;
+    FarEnd& far_end_;
     Events events_;
     FileDescriptor signals_;
     FileDescriptor timer_;
     FileDescriptor waiter_;
     std::optional<PseudoTerminal> pty_;
+    bool opened_ = false;  // by a program
     std::multimap<Instant, LineEvent> due_;
     std::optional<Instant> reopen_at_;
 };

@@ -296,6 +296,7 @@ TEST_F(Acquisizione, OpenModemLineIsUsedAsItIs)
     Connect("Strale", "timbrature=5");
     ASSERT_TRUE(pc.com1.SetPortOpen(true));
     window.Controls().Verde->show();
+    state.SessionPort = 1;
     EXPECT_TRUE(Acquire().done);
     EXPECT_EQ(pc.com1.times_opened, 1);
     EXPECT_TRUE(pc.com1.PortOpen());

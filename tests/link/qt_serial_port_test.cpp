@@ -3,7 +3,7 @@
 #include "link/exchange.h"
 #include "link/serial_port_link.h"
 #include "link/system_clock.h"
-#include "tests/link/read_line_speed.h"
+#include "tests/link/read_line_settings.h"
 #include "tests/support/pseudo_terminal.h"
 #include "tests/support/test_workstation.h"
 
@@ -129,6 +129,53 @@ TEST_F(RealPort, HangUpInTheMiddleOfAnExchangeEndsItAsATimeout)
     EXPECT_EQ(ExchangeTelegram(workstation, port, 1, "03"), "TIMEOUT");
     terminal.join();
     EXPECT_TRUE(port.LineLost());
+}
+
+TEST_F(RealPort, HandshakingIsSetAndEveryOpeningBeginsWithNone)
+{
+    ASSERT_TRUE(OpenSerialPort(port, 1, "14400,n,8,1"));
+    EXPECT_FALSE(testing::HasRtsCts(far_side.SlaveName()));
+    ASSERT_TRUE(port.SetHandshaking(kRtsCtsHandshaking));
+    EXPECT_EQ(port.Handshaking(), 2);
+    EXPECT_TRUE(testing::HasRtsCts(far_side.SlaveName()));
+    EXPECT_EQ(testing::ReadLineSpeed(far_side.SlaveName()), 14400) << "the speed stays";
+
+    EXPECT_TRUE(CloseSerialPort(port));
+    EXPECT_EQ(port.Handshaking(), 0);
+    ASSERT_TRUE(OpenSerialPort(port, 1, "9600,n,8,1"));
+    EXPECT_EQ(port.Handshaking(), 0);
+    EXPECT_FALSE(testing::HasRtsCts(far_side.SlaveName()));
+}
+
+TEST_F(RealPort, HandshakingOfAnotherKindOrOfAClosedPortIsRefused)
+{
+    EXPECT_FALSE(port.SetHandshaking(kRtsCtsHandshaking));
+    EXPECT_EQ(port.LineError(), "Handshaking: la porta è chiusa");
+    ASSERT_TRUE(OpenSerialPort(port, 1, "9600,n,8,1"));
+    EXPECT_FALSE(port.SetHandshaking(1));
+    EXPECT_EQ(port.LineError(), "Handshaking: valore 1 non previsto");
+    EXPECT_TRUE(port.SetHandshaking(kNoHandshaking));
+    EXPECT_EQ(port.LineError(), "");
+}
+
+TEST_F(RealPort, PseudoTerminalHasNoModemLinesAndThatIsNotedOnly)
+{
+    ASSERT_TRUE(OpenSerialPort(port, 1, "9600,n,8,1"));
+    ASSERT_TRUE(port.SetHandshaking(kRtsCtsHandshaking));
+    EXPECT_TRUE(port.SetRTSEnable(false));
+    EXPECT_TRUE(port.SetDTREnable(true));
+    EXPECT_EQ(port.LineError(), "");
+    EXPECT_EQ(trace.notes, QStringList({QStringLiteral("COM1: la porta non ha la linea RTS"),
+                                        QStringLiteral("COM1: la porta non ha la linea DTR")}));
+}
+
+TEST_F(RealPort, RefusedModemLineIsAFailureInTheSystemsWords)
+{
+    ASSERT_TRUE(OpenSerialPort(port, 1, "9600,n,8,1"));
+    far_side.HangUp();
+    EXPECT_FALSE(port.SetRTSEnable(false));
+    EXPECT_EQ(port.LineError(), "RTS: Input/output error");
+    EXPECT_EQ(trace.notes, QStringList(QStringLiteral("COM1, RTS: Input/output error")));
 }
 
 TEST_F(RealPort, WaitSleepsInsteadOfSpinning)

@@ -28,6 +28,10 @@ public:
     bool device_missing = false;
     bool line_lost = false;
     int times_opened = 0;
+    /// What the program did with Handshaking, RTS and DTR: "RTS 0".
+    std::vector<std::string> line_changes;
+    /// "RTS", "DTR" or "Handshaking" that the system refuses.
+    std::string refuses;
 
     /// Bytes on the line from now plus `delay` on.
     void Arrive(std::string bytes, std::chrono::milliseconds delay = {})
@@ -54,9 +58,20 @@ public:
         if (open && !open_) ++times_opened;
         const bool was_open = open_;
         open_ = open;
+        handshaking_ = kNoHandshaking;
         line_lost = line_lost && open;
         return open || was_open;
     }
+    int Handshaking() const override { return handshaking_; }
+    bool SetHandshaking(int handshaking) override
+    {
+        if (!Change("Handshaking", handshaking)) return false;
+        handshaking_ = handshaking;
+        return true;
+    }
+    bool SetRTSEnable(bool on) override { return Change("RTS", on ? 1 : 0); }
+    bool SetDTREnable(bool on) override { return Change("DTR", on ? 1 : 0); }
+    std::string LineError() const override { return line_error_; }
     std::size_t InBufferCount() override
     {
         while (!arrivals_.empty() && arrivals_.front().delay <= clock_.Passed()) {
@@ -88,10 +103,20 @@ public:
     bool LineLost() const override { return line_lost; }
 
 private:
+    bool Change(const std::string& property, int value)
+    {
+        line_error_ = open_ && property != refuses ? "" : property + ": rifiutato";
+        if (!line_error_.empty()) return false;
+        line_changes.push_back(property + " " + std::to_string(value));
+        return true;
+    }
+
     FakeClock& clock_;
     int comm_port_ = 0;
     std::string settings_;
     bool open_ = false;
+    int handshaking_ = kNoHandshaking;
+    std::string line_error_;
     std::string waiting_;
     std::deque<Arrival> arrivals_;
 };

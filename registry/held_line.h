@@ -1,0 +1,16 @@
+#pragma once
+
+#include "registry/contenitore.h"
+
+namespace orlo
+{
+
+/// The port that the open line, shown by `Verde`, offers to the current terminal. nullptr, with the
+/// reason in PannelloComunicazione, when the line is another port's or was lost: then nothing may
+/// be sent. Only to be asked while `Verde` shows.
+SerialPortControl* HeldLine(Contenitore& window);
+
+/// True, with the reason in PannelloComunicazione, when a line is open on another port than this.
+[[nodiscard]] bool AnotherLineIsOpen(Contenitore& window, int port);
+
+}  // namespace orlo

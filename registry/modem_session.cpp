@@ -1,0 +1,122 @@
+#include "registry/modem_session.h"
+
+#include "link/modem_dial.h"
+#include "link/serial_port_link.h"
+#include "link/waits.h"
+#include "registry/contenitore_controls.h"
+#include "registry/held_line.h"
+#include "registry/terminal_form.h"
+#include "registry/windows_1252.h"
+
+#include <array>
+
+namespace orlo
+{
+
+namespace
+{
+
+/// By dial result.
+constexpr std::array<const char*, 6> kCaptions = {
+    "Modem Log In",    "Modem Line No Carrier", "Modem Line No Dial Tone",
+    "Modem Line Busy", "Modem Init Error",      "Modem Not Connected"};
+
+/// A modem takes "+++" for data when there was no second of silence before it.
+constexpr std::int16_t kEscapeGuardTenths = 10;
+
+/// The port of the selected terminal as the window shows it.
+int ShownPort(const Contenitore& window)
+{
+    return PortOf(window.Controls().ComboPorta->currentText());
+}
+
+DialResult DialNumber(Contenitore& window, SerialPortControl& port)
+{
+    ProgramState& state = window.State();
+    const std::string number = ToWindows1252(state.CurrentPhoneNumber).toStdString();
+    return ModemDial(window.Station(), port, state.LineReceiveBuffer, /*initialisation=*/{},
+                     number);
+}
+
+QString CaptionOf(DialResult result, const SerialPortControl& port)
+{
+    const std::string refusal = result == kModemInitError ? port.LineError() : std::string();
+    if (!refusal.empty()) return QStringLiteral("Errore: ") + QString::fromStdString(refusal);
+    return QLatin1String(kCaptions.at(static_cast<std::size_t>(result)));
+}
+
+void LogOff(Contenitore& window)
+{
+    ProgramState& state = window.State();
+    const Ui::Contenitore& controls = window.Controls();
+    window.setCursor(Qt::ArrowCursor);
+    const bool line_open = window.LineIsOpen();
+    // The current terminal may have become one of another port since the log-in.
+    SerialPortControl* const port =
+        window.Station().Comm(line_open ? state.SessionPort : state.CurrentPort);
+    if (port == nullptr) return;
+    // A line that was dialled costs money: the tick may be another terminal's.
+    if (controls.CheckModem->isChecked() || state.SessionDialled)
+        ModemHangUp(window.Station(), *port);
+    if (line_open) state.SerialPortOk = CloseSerialPort(*port) || !port->PortOpen();
+    // Success of the last port operation, not an open port: also without a line, and true here
+    // because closing succeeded.
+    if (!state.SerialPortOk) return;
+    controls.Verde->hide();
+    controls.Rosso->show();
+    state.SessionPort = 0;
+    state.SessionDialled = false;
+    controls.PannelloComunicazione->setText(QStringLiteral("Modem Log Off"));
+}
+
+}  // namespace
+
+void LogIn_Click(Contenitore& window)
+{
+    ProgramState& state = window.State();
+    const Ui::Contenitore& controls = window.Controls();
+    controls.PannelloComunicazione->clear();
+    if (AnotherLineIsOpen(window, ShownPort(window))) return;
+    controls.Verde->hide();
+    controls.Rosso->hide();
+    state.SessionPort = 0;
+    state.SessionDialled = false;
+    window.PrepareCurrentTerminal();
+
+    SerialPortControl* const port = window.Station().Comm(state.CurrentPort);
+    // A port number outside 1..4 selects no control and gives no message.
+    if (port == nullptr) return;
+    state.SerialPortOk = OpenSerialPort(*port, state.CurrentPort, SettingsText(state.CurrentSpeed));
+    if (!state.SerialPortOk) {
+        controls.PannelloComunicazione->setText(QStringLiteral("Errore aprendo la COM"));
+        return;
+    }
+    const bool dials = controls.CheckModem->isChecked();
+    const DialResult result = dials ? DialNumber(window, *port) : kConnect;
+    controls.PannelloComunicazione->setText(CaptionOf(result, *port));
+    controls.Verde->setVisible(result == kConnect);
+    controls.Rosso->setVisible(result != kConnect);
+    if (result == kConnect) {
+        state.SessionPort = state.CurrentPort;
+        state.SessionDialled = dials;
+    } else {
+        state.SerialPortOk = CloseSerialPort(*port);
+    }
+}
+
+void LogOff_Click(Contenitore& window)
+{
+    const int shown = ShownPort(window);
+    // An emptied field names no other port.
+    if (shown != 0 && AnotherLineIsOpen(window, shown)) return;
+    LogOff(window);
+}
+
+void EndSession(Contenitore& window)
+{
+    if (!window.LineIsOpen()) return;
+    WaitTenths(window.Station(), kEscapeGuardTenths);
+    LogOff(window);
+}
+
+}  // namespace orlo
