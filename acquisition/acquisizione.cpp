@@ -1,7 +1,9 @@
 #include "acquisition/acquisizione.h"
 
+#include "acquisition/acquisition_messages.h"
 #include "acquisition/gestione_acquisizione.h"
 #include "acquisition/tipo_output.h"
+#include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
 #include "registry/database_error.h"
 
@@ -27,6 +29,17 @@ bool ReadOutputLayout(Contenitore& window)
     }
 }
 
+/// The empty text when the file is open.
+QString OpenPunchFile(Contenitore& window, PunchFile& file)
+{
+    const QString name = window.Controls().NomeFile->text();
+    if (file.Open(name)) return {};
+    QString reason =
+        QStringLiteral("Impossibile aprire il file \"%1\": %2.").arg(name, file.Error());
+    TellCritical(window, reason);
+    return reason;
+}
+
 AcquisitionOutcome AcquireSerial(Contenitore& window)
 {
     const MemoryAnswer status = StatoMemoria(window, /*may_open_port=*/true);
@@ -34,14 +47,42 @@ AcquisitionOutcome AcquireSerial(Contenitore& window)
     const std::int16_t count = PunchesToAcquire(window.State());
 
     PunchFile file;
-    const QString name = window.Controls().NomeFile->text();
-    if (!file.Open(name)) {
-        const QString reason =
-            QStringLiteral("Impossibile aprire il file \"%1\": %2.").arg(name, file.Error());
-        window.Station().dialog.Tell(DialogIcon::Critical, QStringLiteral("Attenzione"), reason);
-        return NotDone(reason);
-    }
+    const QString failure = OpenPunchFile(window, file);
+    if (!failure.isEmpty()) return NotDone(failure);
     return GestioneAcquisizione(window, file, count, status);
+}
+
+AcquisitionOutcome AcquireObject(Contenitore& window)
+{
+    const std::optional<RecordCounters> counters = ReadRecordCounters(window);
+    if (!counters) return NotDone(window.Controls().PannelloComunicazione->text());
+    if (RecordsToAcquire(*counters) < 1) {
+        window.Station().dialog.Tell(DialogIcon::Information, QStringLiteral("Orlo Desk"),
+                                     QStringLiteral("Nessuna Timbratura Da Acquisire"));
+        return {.done = true, .reason = {}};
+    }
+    // The terminal is asked a second time: this one is shown.
+    const MemoryAnswer status = StatoMemoria(window, /*may_open_port=*/true);
+
+    PunchFile file;
+    const QString failure = OpenPunchFile(window, file);
+    if (!failure.isEmpty()) return NotDone(failure);
+    return GestioneAcquisizione(window, file, *counters, status);
+}
+
+AcquisitionOutcome AcquireObjectGuarded(Contenitore& window)
+{
+    AcquisitionOutcome outcome;
+    const QString thrown = GuardComponentCalls(window, [&] { outcome = AcquireObject(window); });
+    return thrown.isEmpty() ? outcome : NotDone(thrown);
+}
+
+/// The modem of an Orlo hangs up at the pulse. The line of a Sipa stays up: its modem is not
+/// pulsed.
+bool HangUpBehind(Contenitore& window)
+{
+    const TerminalModel* const model = window.ShownModel();
+    return model == nullptr || model->type != TerminalType::Orlo || window.PulseModemLine();
 }
 
 }  // namespace
@@ -51,7 +92,7 @@ AcquisitionOutcome cmdAcquisisce_Click(Contenitore& window)
     const Ui::Contenitore& controls = window.Controls();
     if (controls.NomeFile->text().isEmpty()) {
         const QString text = QStringLiteral("Specificare il nome del File.");
-        window.Station().dialog.Tell(DialogIcon::Critical, QStringLiteral("Attenzione"), text);
+        TellCritical(window, text);
         return NotDone(text);
     }
     controls.PannelloComunicazione->clear();
@@ -59,20 +100,25 @@ AcquisitionOutcome cmdAcquisisce_Click(Contenitore& window)
     if (!ReadOutputLayout(window))
         return NotDone(QStringLiteral("il tracciato non si può leggere dal database"));
     window.AzzeraLabel();
-    window.PrepareCurrentTerminal();
-    return Acquisizione(window);
+    AcquisitionOutcome outcome = window.PrepareCurrentTerminal()
+                                     ? Acquisizione(window)
+                                     : NotDone(controls.PannelloComunicazione->text());
+    // Also behind an acquisition that failed: the line costs money.
+    if (!HangUpBehind(window) && outcome.done)
+        outcome = NotDone(controls.PannelloComunicazione->text());
+    return outcome;
 }
 
 AcquisitionOutcome Acquisizione(Contenitore& window)
 {
     const TerminalModel* const model = window.ShownModel();
-    if (model != nullptr && model->family == LinkFamily::Serial) return AcquireSerial(window);
-    const QString text =
-        model == nullptr
-            ? QStringLiteral("Errore: il tipo di terminale non è conosciuto.")
-            : QStringLiteral("Errore: il componente per %1 non è disponibile.").arg(model->name);
-    window.Controls().PannelloComunicazione->setText(text);
-    return NotDone(text);
+    if (model == nullptr) {
+        const QString text = QStringLiteral("Errore: il tipo di terminale non è conosciuto.");
+        window.Controls().PannelloComunicazione->setText(text);
+        return NotDone(text);
+    }
+    return model->family == LinkFamily::Serial ? AcquireSerial(window)
+                                               : AcquireObjectGuarded(window);
 }
 
 }  // namespace orlo

@@ -16,7 +16,8 @@ struct AcquisitionOutcome {
 /// Empties the selected terminal's punch memory into the file named in NomeFile.
 AcquisitionOutcome cmdAcquisisce_Click(Contenitore& window);
 
-/// The same for the terminal of the current-terminal block: counts, opens the file, acquires.
+/// The same for the terminal of the current-terminal block, which PrepareCurrentTerminal has filled
+/// with success: counts, opens the file, acquires.
 AcquisitionOutcome Acquisizione(Contenitore& window);
 
 }  // namespace orlo

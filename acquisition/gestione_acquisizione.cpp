@@ -1,5 +1,6 @@
 #include "acquisition/gestione_acquisizione.h"
 
+#include "acquisition/acquisition_messages.h"
 #include "acquisition/answer_acceptance.h"
 #include "link/pressione_tasto_esc.h"
 #include "link/telegram.h"
@@ -55,7 +56,6 @@ private:
     void StopDisagreeing(const QString& text);
     bool FailedAttempt(const QString& caption);
     void StoringFailed();
-    void TellCritical(const QString& text);
     void Stop(const QString& reason);
     void NoteShortRecord();
     AcquisitionOutcome Outcome() const;
@@ -86,9 +86,10 @@ AcquisitionOutcome SerialAcquisition::Run()
     }
     controls_.PanelTentativi->clear();
     controls_.PannelloPercentuale->setValue(0);
-    if (idle_answers_ >= kMostIdleAnswers) TellCritical(failure_);
+    if (idle_answers_ >= kMostIdleAnswers) TellCritical(window_, failure_);
     if (too_many_records_)
-        TellCritical(QStringLiteral("Il terminale ha risposto con più di %1 timbrature: non sono "
+        TellCritical(window_,
+                     QStringLiteral("Il terminale ha risposto con più di %1 timbrature: non sono "
                                     "state scritte e restano nel terminale.")
                          .arg(kMostRecordsInAnswer));
     return Outcome();
@@ -195,19 +196,9 @@ bool SerialAcquisition::FailedAttempt(const QString& caption)
 
 void SerialAcquisition::StoringFailed()
 {
-    Stop(QStringLiteral("Impossibile scrivere le timbrature nel file \"%1\": %2.")
-             .arg(controls_.NomeFile->text(), acceptance_.StoreError()));
-    controls_.PannelloComunicazione->setText(QStringLiteral("Errore: timbrature non scritte"));
-    window_.Station().dialog.Tell(
-        DialogIcon::Critical, QStringLiteral("Attenzione"), failure_,
-        QStringLiteral(
-            "Le timbrature sono ancora nel terminale: rimediare e acquisire di nuovo prima "
-            "di chiudere il programma."));
-}
-
-void SerialAcquisition::TellCritical(const QString& text)
-{
-    window_.Station().dialog.Tell(DialogIcon::Critical, QStringLiteral("Attenzione"), text);
+    Stop(TellNotStored(window_, acceptance_.StoreError(),
+                       QStringLiteral("Le timbrature sono ancora nel terminale: rimediare e "
+                                      "acquisire di nuovo prima di chiudere il programma.")));
 }
 
 void SerialAcquisition::Stop(const QString& reason)
@@ -240,6 +231,7 @@ AcquisitionOutcome SerialAcquisition::Outcome() const
                 .done = false,
                 .reason = QStringLiteral("La risposta del terminale non contiene i contatori.")};
         case MemoryAnswer::PortNotOpen:
+        case MemoryAnswer::Refused:
         case MemoryAnswer::NotAsked:
             break;
     }

@@ -1,6 +1,7 @@
 #include "acquisition/stato_memoria.h"
 
 #include "acquisition/memory_counters.h"
+#include "acquisition/record_counters.h"
 #include "link/telegram.h"
 #include "registry/contenitore_controls.h"
 #include "registry/port_session.h"
@@ -53,13 +54,27 @@ MemoryAnswer AskSerialTerminal(Contenitore& window, const TerminalModel& model,
     return IsMemoryStatus(answer) ? MemoryAnswer::Good : MemoryAnswer::NoCounters;
 }
 
+MemoryAnswer AskObjectTerminal(Contenitore& window)
+{
+    if (window.State().Component == nullptr) return MemoryAnswer::NotAsked;
+    const std::optional<RecordCounters> counters = ReadRecordCounters(window);
+    if (!counters) return MemoryAnswer::Refused;
+    const Ui::Contenitore& controls = window.Controls();
+    controls.PannelloCapacita->setText(QString::number(counters->max_records));
+    controls.PannelloTimbrature->setText(QString::number(counters->trasmitted));
+    controls.PannelloFree->setText(QString::number(counters->free));
+    controls.PannelloAcquisire->setText(QString::number(RecordsToAcquire(*counters)));
+    return MemoryAnswer::Good;
+}
+
 }  // namespace
 
 MemoryAnswer StatoMemoria(Contenitore& window, bool may_open_port, const MeanwhileWork& meanwhile)
 {
     window.Controls().PannelloComunicazione->clear();
     const TerminalModel* const model = window.ShownModel();
-    if (model == nullptr || model->family != LinkFamily::Serial) return MemoryAnswer::NotAsked;
+    if (model == nullptr) return MemoryAnswer::NotAsked;
+    if (model->family == LinkFamily::Object) return AskObjectTerminal(window);
 
     std::optional<PortSession> session;
     if (may_open_port) session.emplace(window);

@@ -21,6 +21,11 @@ struct Options {
         QStringLiteral("FILE")};
     std::array<QCommandLineOption, 4> devices{DeviceOption(1), DeviceOption(2), DeviceOption(3),
                                               DeviceOption(4)};
+    QCommandLineOption component{
+        QStringLiteral("componente"),
+        QStringLiteral("Libreria che parla con i terminali Orlo e Sipa, al posto di "
+                       "\"liborlodesk-componente.so\" accanto al programma."),
+        QStringLiteral("FILE")};
     QCommandLineOption acquire{
         QStringLiteral("acquisisci"),
         QStringLiteral(
@@ -51,6 +56,7 @@ struct Options {
     {
         parser.addOption(configuration);
         for (const QCommandLineOption& device : devices) parser.addOption(device);
+        parser.addOption(component);
         parser.addOption(acquire);
         parser.addOption(punch_file);
         parser.addOption(theme);
@@ -87,11 +93,13 @@ ParsedCommandLine WrongUsage(const QString& text)
 ParsedCommandLine Read(const QCommandLineParser& parser, const Options& options,
                        const QString& program_folder)
 {
+    const auto file_of = [&](const QCommandLineOption& option, const QString& beside_program) {
+        return parser.isSet(option) ? parser.value(option)
+                                    : QDir(program_folder).filePath(beside_program);
+    };
     CommandLine line;
-    line.configuration_file =
-        parser.isSet(options.configuration)
-            ? parser.value(options.configuration)
-            : QDir(program_folder).filePath(QStringLiteral("Configurazione.ini"));
+    line.configuration_file = file_of(options.configuration, QStringLiteral("Configurazione.ini"));
+    line.component_file = file_of(options.component, QStringLiteral("liborlodesk-componente.so"));
     for (std::size_t i = 0; i < line.devices.size(); ++i)
         line.devices[i] = parser.value(options.devices[i]);
     line.trace_file = parser.value(options.trace);

@@ -16,6 +16,8 @@ namespace orlo
 struct CommandLine {
     QString configuration_file;
     PortDevices devices;
+    /// The library of the protocol component of Orlo and Sipa terminals.
+    QString component_file;
     Theme theme = Theme::Desktop;
     QString trace_file;
     QString punch_file;
@@ -37,7 +39,7 @@ struct ParsedCommandLine {
 };
 
 /// `arguments` begin with the program's name. `program_folder` is where the default configuration
-/// file is looked for.
+/// file and the default component are looked for.
 ParsedCommandLine ParseCommandLine(const QStringList& arguments, const QString& program_folder);
 
 }  // namespace orlo

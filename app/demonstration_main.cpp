@@ -21,7 +21,8 @@ int Demonstrate(QApplication& application, const CommandLine& command_line, cons
     NoTrace trace;
     ApplyTheme(application, Theme::Light);
     Desk desk(command_line, dialog, trace);
-    const StartUpOutcome start_up = StartUp(desk.Window(), command_line.configuration_file);
+    const StartUpOutcome start_up =
+        StartUp(desk.Window(), command_line.configuration_file, desk.Component());
     if (start_up.end != StartUpOutcome::End::Complete) {
         WriteErrorLine(start_up.reason);
         return 1;

@@ -2,11 +2,16 @@
 
 #include "acquisition/acquisizione.h"
 #include "badge/formato_badge.h"
+#include "link/component_library.h"
 #include "registry/contenitore_controls.h"
 #include "registry/modem_session.h"
 #include "status/legge_data_ora.h"
 #include "status/sicronizzazione.h"
 #include "status/test.h"
+
+#include <QFile>
+
+#include <algorithm>
 
 namespace orlo
 {
@@ -20,12 +25,24 @@ const QString kLoggingOff = QStringLiteral("Scollegamento in corso…");
 
 Desk::Desk(const CommandLine& command_line, OperatorDialog& dialog, LineTrace& trace)
     : devices_(command_line.devices),
+      component_file_(command_line.component_file),
       ports_{{{devices_, trace}, {devices_, trace}, {devices_, trace}, {devices_, trace}}},
       workstation_{
           clock_, dialog, escape_, trace, {&ports_[0], &ports_[1], &ports_[2], &ports_[3]}},
       window_(state_, workstation_)
 {
     WireCommands();
+}
+
+ComponentFactory Desk::Component() const
+{
+    return [this] {
+        std::array<std::string, 4> names;
+        std::transform(devices_.begin(), devices_.end(), names.begin(), [](const QString& device) {
+            return QFile::encodeName(device).toStdString();
+        });
+        return LoadComponent(QFile::encodeName(component_file_).toStdString(), names);
+    };
 }
 
 void Desk::WireCommands()

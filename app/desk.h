@@ -2,6 +2,7 @@
 
 #include "app/command_line.h"
 #include "app/escape_key_watcher.h"
+#include "link/component_objects.h"
 #include "link/system_clock.h"
 #include "link/workstation.h"
 #include "registry/contenitore.h"
@@ -22,6 +23,8 @@ public:
 
     Contenitore& Window() { return window_; }
     ProgramState& State() { return state_; }
+    /// Loads the protocol component of the command line, over the command line's devices.
+    ComponentFactory Component() const;
 
     /// Ends the line that is open, if one is, with the window inert meanwhile: some ten seconds.
     void HangUp();
@@ -33,6 +36,7 @@ private:
               const std::function<void()>& command);
 
     PortDevices devices_;
+    QString component_file_;
     SystemClock clock_;
     EscapeKeyWatcher escape_;
     std::array<QtSerialPort, 4> ports_;

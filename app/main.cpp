@@ -27,7 +27,8 @@ int RunWindow(const CommandLine& command_line, LineTrace& trace, Termination& te
     Contenitore& window = desk.Window();
     dialog.SetParentWindow(&window);
     const ExitGuard guard([&desk] { CloseRegister(desk.State()); });
-    const StartUpOutcome start_up = StartUp(window, command_line.configuration_file);
+    const StartUpOutcome start_up =
+        StartUp(window, command_line.configuration_file, desk.Component());
     if (start_up.end == StartUpOutcome::End::InUse || Termination::Requested()) return kNotAllDone;
 
     QObject::connect(&termination, &Termination::Asked, &window, [&window] { window.close(); });

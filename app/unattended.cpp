@@ -93,7 +93,8 @@ void ReportTerminal(int terminal, const AcquisitionOutcome& outcome)
 ExitStatus RunUnattended(Desk& desk, const CommandLine& command_line)
 {
     Contenitore& window = desk.Window();
-    const StartUpOutcome start_up = StartUp(window, command_line.configuration_file);
+    const StartUpOutcome start_up =
+        StartUp(window, command_line.configuration_file, desk.Component());
     if (!command_line.punch_file.isEmpty())
         window.Controls().NomeFile->setText(command_line.punch_file);
 

@@ -178,7 +178,7 @@ void Contenitore::RefreshClockTerminal()
                 : QString());
 }
 
-void Contenitore::PrepareCurrentTerminal()
+bool Contenitore::PrepareCurrentTerminal()
 {
     ui_->PannelloStato->clear();
     ui_->PannelloVersione->clear();
@@ -194,6 +194,9 @@ void Contenitore::PrepareCurrentTerminal()
     state_.CurrentModem = ui_->CheckModem->isChecked();
     state_.CurrentPhoneNumber = WithoutBlanksAround(ui_->NumeroTelefono->text());
     state_.CurrentPlantCode = WithoutBlanksAround(ui_->CodiceImpianto->text());
+    const TerminalModel* const model = ShownModel();
+    // On the serial line the command opens the port itself.
+    return model == nullptr || model->family == LinkFamily::Serial || PrepareComponent(*model);
 }
 
 const TerminalModel* Contenitore::ShownModel() const

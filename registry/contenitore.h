@@ -61,8 +61,15 @@ public:
     /// Empties the status panels: outcome, counters, terminal status and version, clock displays.
     void AzzeraLabel();
 
-    /// Copies the selected terminal from the controls into the current-terminal block.
-    void PrepareCurrentTerminal();
+    /// Copies the selected terminal from the controls into the current-terminal block. For an Orlo
+    /// or a Sipa it also closes the component's line if it is open, opens it anew, and dials when
+    /// the terminal is reached by modem; the line stays open behind the command. False when the
+    /// component is missing or failed, which the caption then says: nothing is to be asked.
+    bool PrepareCurrentTerminal();
+
+    /// Makes the modem behind the component's line hang up, when the current terminal is reached by
+    /// one. False when the component failed, which the caption then says.
+    bool PulseModemLine();
 
     /// Says above the clock displays which terminal's clock they show; 0 = they are empty. It
     /// stands out while another terminal is selected.
@@ -114,6 +121,7 @@ private:
     void ShowLastOutcome();
     void StartTimer1();
     void Timer1_Timer();
+    bool PrepareComponent(const TerminalModel& model);
     void ConnectControls();
     void ConnectPanels();
 

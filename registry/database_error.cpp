@@ -3,11 +3,16 @@
 namespace orlo
 {
 
+QString NumberedErrorText(int number, const QString& text)
+{
+    const QString digits = QString::number(number);
+    const QString signed_number = number < 0 ? digits : QLatin1Char(' ') + digits;
+    return signed_number + QLatin1Char(' ') + text;
+}
+
 QString DatabaseErrorText(const jet::Error& error)
 {
-    const QString number = QString::number(error.Number());
-    const QString signed_number = error.Number() < 0 ? number : QLatin1Char(' ') + number;
-    return signed_number + QLatin1Char(' ') + QString::fromUtf8(error.what());
+    return NumberedErrorText(error.Number(), QString::fromUtf8(error.what()));
 }
 
 void ShowDatabaseError(OperatorDialog& dialog, const jet::Error& error)

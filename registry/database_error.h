@@ -6,8 +6,10 @@
 namespace orlo
 {
 
-/// A database error as the operator sees it: " 3343 " and the error's text. A number is written
-/// with room for its sign before it.
+/// An error as the operator sees it: " 3343 " and its text. A number is written with room for its
+/// sign before it.
+QString NumberedErrorText(int number, const QString& text);
+
 QString DatabaseErrorText(const jet::Error& error);
 
 /// A box without a title.

@@ -46,6 +46,14 @@ StartUpOutcome DatabaseFailed(Contenitore& window, const jet::Error& error)
     return {StartUpOutcome::End::Incomplete, DatabaseErrorText(error).trimmed()};
 }
 
+StartUpOutcome ComponentFailed(Contenitore& window, const ComponentError& error)
+{
+    const QString text =
+        NumberedErrorText(ComponentError::kNumber, QString::fromUtf8(error.what()));
+    window.Station().dialog.Tell(DialogIcon::None, QString(), text);
+    return {StartUpOutcome::End::Incomplete, text.trimmed()};
+}
+
 /// For reading and writing; a file or folder without write permission can still be read.
 std::unique_ptr<jet::Database> OpenDatabase(const std::filesystem::path& file)
 {
@@ -67,7 +75,6 @@ bool OpenRegister(Contenitore& window)
     if (state.DatabaseLock == nullptr && jet::LockFile::CanBeRead(jet::LockFile::NameFor(file)))
         return false;
     state.TerminalsRecordset = state.Database->OpenTable(u"TERMINALI");
-    RiempeListaTerminali(window);
     return true;
 }
 
@@ -84,7 +91,8 @@ void FillChoices(Contenitore& window)
 
 }  // namespace
 
-StartUpOutcome StartUp(Contenitore& window, const QString& configuration_file)
+StartUpOutcome StartUp(Contenitore& window, const QString& configuration_file,
+                       const ComponentFactory& make_component)
 {
     ProgramState& state = window.State();
     ReadConfiguration(state, configuration_file);
@@ -92,8 +100,11 @@ StartUpOutcome StartUp(Contenitore& window, const QString& configuration_file)
     if (jet::LockFile::CanBeRead(lock_file)) return RefuseInUse(window, lock_file);
     try {
         if (!OpenRegister(window)) return RefuseInUse(window, lock_file);
+        if (RiempeListaTerminali(window)) state.Component = make_component();
     } catch (const jet::Error& error) {
         return DatabaseFailed(window, error);
+    } catch (const ComponentError& error) {
+        return ComponentFailed(window, error);
     }
     FillChoices(window);
     return {};

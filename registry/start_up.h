@@ -20,8 +20,10 @@ struct StartUpOutcome {
 };
 
 /// The start-up of the program, before its window is shown: configuration, lock test, database,
-/// register, choice lists.
-StartUpOutcome StartUp(Contenitore& window, const QString& configuration_file);
+/// register, protocol component, choice lists. The component is made only when the register holds
+/// an Orlo or a Sipa.
+StartUpOutcome StartUp(Contenitore& window, const QString& configuration_file,
+                       const ComponentFactory& make_component);
 
 /// The end of the program: closes the cursor, then the database. The window is the caller's.
 void CloseRegister(ProgramState& state);

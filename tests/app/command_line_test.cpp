@@ -20,6 +20,7 @@ TEST(CommandLine, DefaultsAreThoseOfTheInstalledProgram)
     ASSERT_FALSE(parsed.message);
     const CommandLine& line = parsed.command_line;
     EXPECT_EQ(line.configuration_file, QStringLiteral("/opt/orlo/Configurazione.ini"));
+    EXPECT_EQ(line.component_file, QStringLiteral("/opt/orlo/liborlodesk-componente.so"));
     EXPECT_EQ(line.devices[0], QStringLiteral("/dev/ttyS0"));
     EXPECT_EQ(line.devices[3], QStringLiteral("/dev/ttyS3"));
     EXPECT_EQ(line.theme, Theme::Desktop);
@@ -28,12 +29,13 @@ TEST(CommandLine, DefaultsAreThoseOfTheInstalledProgram)
 
 TEST(CommandLine, OptionsAreTaken)
 {
-    const ParsedCommandLine parsed =
-        Parse({"--configurazione", "/x/C.ini", "--com2", "/dev/ttyUSB0", "--tema", "scuro",
-               "--traccia=/x/t.txt", "--acquisisci", "4,1,4,32", "--file", "P.TXT"});
+    const ParsedCommandLine parsed = Parse(
+        {"--configurazione", "/x/C.ini", "--componente", "x.so", "--com2", "/dev/ttyUSB0", "--tema",
+         "scuro", "--traccia=/x/t.txt", "--acquisisci", "4,1,4,32", "--file", "P.TXT"});
     ASSERT_FALSE(parsed.message);
     const CommandLine& line = parsed.command_line;
     EXPECT_EQ(line.configuration_file, QStringLiteral("/x/C.ini"));
+    EXPECT_EQ(line.component_file, QStringLiteral("x.so"));
     EXPECT_EQ(line.devices[1], QStringLiteral("/dev/ttyUSB0"));
     EXPECT_EQ(line.theme, Theme::Dark);
     EXPECT_EQ(line.trace_file, QStringLiteral("/x/t.txt"));
@@ -70,8 +72,8 @@ TEST(CommandLine, HelpIsItalianAndNamesEveryOption)
     const ParsedCommandLine parsed = Parse({"--help"});
     ASSERT_TRUE(parsed.message);
     EXPECT_FALSE(parsed.message->is_error);
-    for (const char* option : {"--configurazione", "--com1", "--com4", "--acquisisci", "--file",
-                               "--tema", "--traccia", "--help"})
+    for (const char* option : {"--configurazione", "--com1", "--com4", "--componente",
+                               "--acquisisci", "--file", "--tema", "--traccia", "--help"})
         EXPECT_TRUE(parsed.message->text.contains(QString::fromLatin1(option))) << option;
     EXPECT_TRUE(parsed.message->text.contains(QStringLiteral("Mostra questo aiuto.")));
 }

@@ -2,6 +2,7 @@
 
 #include "registry/contenitore_controls.h"
 #include "registry/windows_1252.h"
+#include "tests/support/fake_component.h"
 #include "tests/support/test_workstation.h"
 
 #include <QFile>
@@ -20,15 +21,35 @@ class StartUpTest : public ::testing::Test
 protected:
     QTemporaryDir folder;
     testing::TestWorkstation pc;
+    testing::FakeComponent component;
+    int components_made = 0;
     ProgramState state;
     Contenitore window{state, pc.workstation};
 
+    ComponentFactory Factory()
+    {
+        return [this] {
+            ++components_made;
+            return component.Make();
+        };
+    }
     QString InFolder(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
 
     void Database(const char* sample, const char* name = "nimbo.mdb") const
     {
         ASSERT_TRUE(QFile::copy(QStringLiteral(ORLO_TEST_DATA "/") + QString::fromLatin1(sample),
                                 InFolder(name)));
+    }
+    void RegisterEveryTerminalAs(TerminalType type) const
+    {
+        const auto database =
+            jet::Database::Open(InFolder("nimbo.mdb").toStdString(), jet::OpenMode::ReadWrite);
+        const auto rows = database->OpenTable(u"TERMINALI");
+        for (rows->MoveFirst(); !rows->AtEof(); rows->MoveNext()) {
+            rows->Edit();
+            rows->SetField(u"TIPO", std::int32_t{static_cast<int>(type)});
+            rows->Update();
+        }
     }
     void File(const char* name, const QByteArray& content) const
     {
@@ -39,7 +60,7 @@ protected:
     StartUpOutcome Start()
     {
         File("Configurazione.ini", "Databases          :" + folder.path().toUtf8() + "/\n");
-        return StartUp(window, InFolder("Configurazione.ini"));
+        return StartUp(window, InFolder("Configurazione.ini"), Factory());
     }
     QByteArray Content(const char* name) const
     {
@@ -83,7 +104,7 @@ TEST_F(StartUpTest, LoadsTheRegisterInTheTablesOrder)
         ProgramState own_state;
         Contenitore own_window(own_state, pc.workstation);
         File("Configurazione.ini", "Databases          :" + folder.path().toUtf8() + "/\n");
-        EXPECT_EQ(StartUp(own_window, InFolder("Configurazione.ini")).end,
+        EXPECT_EQ(StartUp(own_window, InFolder("Configurazione.ini"), Factory()).end,
                   StartUpOutcome::End::Complete);
         const QListWidget& list = *own_window.Controls().ListaTerminali;
         ASSERT_EQ(list.count(), 8) << sample;
@@ -150,6 +171,47 @@ TEST_F(StartUpTest, ShuffledRowsAreNotSorted)
     EXPECT_NE(Lines(), sorted);
 }
 
+TEST_F(StartUpTest, ComponentIsMadeOnceForARegisterWithOrloOrSipa)
+{
+    Database("nimbo-full-97.mdb");
+    EXPECT_EQ(Start().end, StartUpOutcome::End::Complete);
+    EXPECT_EQ(components_made, 1);
+    EXPECT_NE(state.Component, nullptr);
+    EXPECT_TRUE(component.calls.empty()) << "made, not called";
+}
+
+TEST_F(StartUpTest, SerialTerminalsAloneNeedNoComponent)
+{
+    Database("nimbo-full-2000.mdb");
+    RegisterEveryTerminalAs(TerminalType::Lumo);
+    EXPECT_EQ(Start().end, StartUpOutcome::End::Complete);
+    EXPECT_EQ(Lines().size(), 8);
+    EXPECT_EQ(components_made, 0);
+    EXPECT_EQ(state.Component, nullptr);
+}
+
+TEST_F(StartUpTest, ComponentThatCannotBeMadeEndsTheStartUpBehindTheRegister)
+{
+    Database("nimbo-full-97.mdb");
+    File("Configurazione.ini", "Databases          :" + folder.path().toUtf8() + "/\n");
+    const StartUpOutcome outcome =
+        StartUp(window, InFolder("Configurazione.ini"), []() -> std::unique_ptr<ComponentObjects> {
+            throw ComponentError("Il componente \"x.so\" non si può usare.");
+        });
+    EXPECT_EQ(outcome.end, StartUpOutcome::End::Incomplete);
+    EXPECT_EQ(outcome.reason, QStringLiteral("429 Il componente \"x.so\" non si può usare."));
+    ASSERT_EQ(pc.dialog.told.size(), 1U);
+    EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::None);
+    EXPECT_EQ(pc.dialog.told[0].title, QString());
+    EXPECT_EQ(pc.dialog.told[0].text,
+              QStringLiteral(" 429 Il componente \"x.so\" non si può usare."));
+    EXPECT_EQ(Lines().size(), 8) << "what was filled stays";
+    EXPECT_EQ(window.Controls().ComboRitardo->count(), 0) << "the steps behind are not done";
+    EXPECT_EQ(window.Controls().ComboPorta->count(), 0);
+    EXPECT_EQ(window.Controls().NomeFile->text(), QString());
+    EXPECT_EQ(state.Component, nullptr);
+}
+
 TEST_F(StartUpTest, FillsTheChoices)
 {
     Database("nimbo-full-97.mdb");
@@ -187,7 +249,7 @@ TEST_F(StartUpTest, OldDatabaseIsUpgradedColumnByColumn)
         File("Configurazione.ini", "Databases          :" + folder.path().toUtf8() + "/\n");
         ProgramState own_state;
         Contenitore own_window(own_state, pc.workstation);
-        EXPECT_EQ(StartUp(own_window, InFolder("Configurazione.ini")).end,
+        EXPECT_EQ(StartUp(own_window, InFolder("Configurazione.ini"), Factory()).end,
                   StartUpOutcome::End::Complete);
         const QListWidget& list = *own_window.Controls().ListaTerminali;
         ASSERT_EQ(list.count(), 5) << "every terminal once";
@@ -213,7 +275,7 @@ TEST_F(StartUpTest, UpgradedDatabaseIsNotChangedAgain)
     const QByteArray upgraded = Content("nimbo.mdb");
     ProgramState again;
     Contenitore second(again, pc.workstation);
-    StartUp(second, InFolder("Configurazione.ini"));
+    StartUp(second, InFolder("Configurazione.ini"), Factory());
     CloseRegister(again);
     EXPECT_EQ(Content("nimbo.mdb"), upgraded);
 }
@@ -290,7 +352,8 @@ TEST_F(StartUpTest, SecondStartIsRefused)
     Start();
     ProgramState second_state;
     Contenitore second(second_state, pc.workstation);
-    EXPECT_EQ(StartUp(second, InFolder("Configurazione.ini")).end, StartUpOutcome::End::InUse);
+    EXPECT_EQ(StartUp(second, InFolder("Configurazione.ini"), Factory()).end,
+              StartUpOutcome::End::InUse);
 }
 
 TEST_F(StartUpTest, MissingDatabaseIsSilent)

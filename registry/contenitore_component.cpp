@@ -1,0 +1,66 @@
+#include "link/object_modem_dial.h"
+#include "registry/component_call.h"
+#include "registry/contenitore.h"
+#include "registry/windows_1252.h"
+
+#include "ui_contenitore.h"
+
+namespace orlo
+{
+
+namespace
+{
+
+std::string Bytes(const QString& text)
+{
+    return ToWindows1252(text).toStdString();
+}
+
+void OpenLink(ProgramState& state, component::TelegramComunication& line)
+{
+    // The flag falls first: a link whose closing fails is not closed again before each command.
+    if (std::exchange(state.TelegramLinkOpen, false)) line.endcomunication();
+    // Taken by reference; the block keeps its values.
+    std::int16_t port = state.CurrentPort;
+    std::int32_t speed = state.CurrentSpeed;
+    line.OpenComunication(port, speed);
+    state.TelegramLinkOpen = true;
+}
+
+ObjectCall CallOf(const ProgramState& state)
+{
+    return {.terminal = state.CurrentTerminalNumber,
+            .priority = state.CurrentPriority,
+            .retries = state.CurrentRetries,
+            .phone_number = Bytes(state.CurrentPhoneNumber),
+            .plant_code = Bytes(state.CurrentPlantCode)};
+}
+
+}  // namespace
+
+bool Contenitore::PrepareComponent(const TerminalModel& model)
+{
+    if (state_.Component == nullptr) {
+        // The register held neither Orlo nor Sipa when the program started.
+        ui_->PannelloComunicazione->setText(
+            QStringLiteral("Errore: il componente per %1 non è disponibile.").arg(model.name));
+        return false;
+    }
+    component::TelegramComunication& line = *state_.Component->TelegramObject;
+    const QString failure = GuardComponentCalls(*this, [&] {
+        OpenLink(state_, line);
+        if (state_.CurrentModem) ObjectModemDial(workstation_, line, CallOf(state_));
+    });
+    return failure.isEmpty();
+}
+
+bool Contenitore::PulseModemLine()
+{
+    if (state_.Component == nullptr) return true;
+    const QString failure = GuardComponentCalls(*this, [this] {
+        ObjectPulseDtr(workstation_, *state_.Component->TelegramObject, state_.CurrentModem);
+    });
+    return failure.isEmpty();
+}
+
+}  // namespace orlo
