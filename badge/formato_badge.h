@@ -15,6 +15,7 @@ void cmdRiceveCard_Click(Contenitore& window, const std::function<void()>& read_
 void cmdTrasmetteCard_Click(Contenitore& window);
 
 // The same for the prepared terminal, without the clock. Nothing is done for a type that is none.
+// Both throw what the component throws.
 void LeggeFormatoBadge(Contenitore& window);
 void SpedisceFormatoBadge(Contenitore& window);
 

@@ -93,7 +93,10 @@ public:
 
     /// Says in a line of its own how the running command ended, with its name, terminal and time:
     /// captions are written over by what follows. Without it that is the command's last caption.
-    void NoteOutcome(const QString& outcome) { noted_outcome_ = outcome; }
+    void NoteOutcome(const QString& outcome)
+    {
+        if (running_) noted_outcome_ = outcome;
+    }
 
     /// What is done every second (Timer1), but not while the window is hidden, a command runs or
     /// another window waits for the operator. It lets no window events in.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "registry/contenitore.h"
+#include "status/clock_command.h"
 
 namespace orlo
 {
@@ -8,8 +8,9 @@ namespace orlo
 /// Reads the selected terminal's clock.
 void cmdLeggeOra_Click(Contenitore& window);
 
-/// The same for the prepared terminal: its date and time, and the PC's beside them.
-void LeggeDataOra(Contenitore& window);
+/// The same for the prepared terminal: its date and time, and the PC's beside them. An answer in a
+/// bad frame is shown like any other. Throws what the component throws.
+ClockOutcome LeggeDataOra(Contenitore& window);
 
 /// Every second: reads the clock of the terminal that was prepared last, by the model that it had
 /// then, whatever is selected now. Only serial terminals, and nothing before the first command.

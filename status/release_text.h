@@ -1,13 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <string>
-#include <string_view>
 
 namespace orlo
 {
 
 /// The caption for the firmware release of an Orlo or Sipa: "ABCDEFGHIJ" gives
-/// "Release: DEFABCGHIJ".
-std::string ReleaseText(std::string_view last_build);
+/// "Release: DEFABCGHIJ". `last_build` is read afresh for each of the four pieces.
+std::string ReleaseText(const std::function<std::string()>& last_build);
 
 }  // namespace orlo

@@ -1,21 +1,15 @@
 #pragma once
 
-#include "registry/contenitore.h"
+#include "status/clock_command.h"
 
 namespace orlo
 {
 
-/// How setting a clock ended. Done means: the terminal answered in a good frame.
-struct ClockSetting {
-    bool done = false;
-    /// Why not, in Italian; empty when done.
-    QString reason;
-};
+/// Sets the selected terminal's clock from the PC's. Done means: a serial terminal answered in a
+/// good frame, an Orlo or Sipa took the time and its clock could be read back.
+ClockOutcome cmdSincro_Click(Contenitore& window);
 
-/// Sets the selected terminal's clock from the PC's.
-ClockSetting cmdSincro_Click(Contenitore& window);
-
-/// The same for the prepared terminal.
-ClockSetting Sicronizzazione(Contenitore& window);
+/// The same for the prepared terminal. Throws what the component throws.
+ClockOutcome Sicronizzazione(Contenitore& window);
 
 }  // namespace orlo

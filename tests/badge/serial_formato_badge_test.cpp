@@ -318,6 +318,7 @@ TEST_F(SerialBadgeFormat, PortThatAModemSessionHoldsIsNeitherOpenedNorClosed)
 {
     Connect(QStringLiteral("Strale"), "badge=2/5/8/6/00123");
     ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
     Controls().Verde->show();
     Receive();
     EXPECT_EQ(Shown(), Of("2", "5", "8", "6", "123"));

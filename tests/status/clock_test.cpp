@@ -78,7 +78,7 @@ TEST_F(ClockTest, TimeOutLeavesTheDisplaysAndClosesThePort)
     EXPECT_EQ(Time(), QStringLiteral("08:00:00"));
     EXPECT_EQ(Pc(), QStringLiteral("05/03/2026 - 08:00:00"));
     EXPECT_FALSE(pc.com1.PortOpen());
-    const ClockSetting setting = cmdSincro_Click(window);
+    const ClockOutcome setting = cmdSincro_Click(window);
     EXPECT_FALSE(setting.done);
     EXPECT_EQ(setting.reason, QStringLiteral("Timeout"));
     EXPECT_EQ(Outcome(), QStringLiteral("Timeout"));
@@ -102,7 +102,7 @@ TEST_F(ClockTest, BadFrameIsShownSlicedLikeAnAnswer)
 TEST_F(ClockTest, SettingWithABadFrameIsShownAsGoodButNotReportedAsDone)
 {
     Connect(QStringLiteral("Lumo"), {}, {"01*:checksum-errato"});
-    const ClockSetting setting = cmdSincro_Click(window);
+    const ClockOutcome setting = cmdSincro_Click(window);
     EXPECT_FALSE(setting.done);
     EXPECT_FALSE(setting.reason.isEmpty());
     EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK"));
@@ -114,7 +114,7 @@ TEST_F(ClockTest, PortThatDoesNotOpenIsTheOutcomeAndNothingIsSent)
     pc.com1.device_missing = true;
     cmdLeggeOra_Click(window);
     EXPECT_EQ(Outcome(), QStringLiteral("Errore aprendo la COM"));
-    const ClockSetting setting = cmdSincro_Click(window);
+    const ClockOutcome setting = cmdSincro_Click(window);
     EXPECT_FALSE(setting.done);
     EXPECT_EQ(setting.reason, QStringLiteral("Errore aprendo la COM"));
     EXPECT_TRUE(pc.com1.sent.empty());

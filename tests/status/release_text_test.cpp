@@ -22,7 +22,16 @@ TEST(ReleaseText, CharactersFourToSixStandBeforeTheFirstThree)
         {"", "Release: "},
         {" 1.20 Mar 05", "Release: 20  1.Mar 05"},
     };
-    for (const Case& c : cases) EXPECT_EQ(ReleaseText(c.last_build), c.text) << c.last_build;
+    for (const Case& c : cases)
+        EXPECT_EQ(ReleaseText([&] { return std::string(c.last_build); }), c.text);
+}
+
+TEST(ReleaseText, EachPieceIsReadAfresh)
+{
+    int readings = 0;
+    EXPECT_EQ(ReleaseText([&] { return std::string(30, static_cast<char>('A' + readings++)); }),
+              "Release: AAABBBCCDDDDDDDDDDDDDDD");
+    EXPECT_EQ(readings, 4);
 }
 
 }  // namespace orlo

@@ -82,6 +82,29 @@ TEST_F(LinkTest, TimeOutLeavesThePortOpenAndTheNextTestWorks)
     EXPECT_FALSE(pc.com1.PortOpen());
 }
 
+TEST_F(LinkTest, TimeOutByModemHangsUpWithoutClosingThePort)
+{
+    Connect(QStringLiteral("Strale"), {}, {"03*:silenzio"});
+    Controls().CheckModem->setChecked(true);
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    cmdTest_Click(window);
+    const std::vector<std::string> sent(pc.com1.sent.begin() + 1, pc.com1.sent.end());
+    EXPECT_EQ(sent, (std::vector<std::string>{"+", "+", "+", "ATH\r"}));
+    EXPECT_EQ(Outcome(), QStringLiteral("Timeout"));
+    EXPECT_TRUE(pc.com1.PortOpen());
+    EXPECT_EQ(pc.com1.times_opened, 1);
+}
+
+TEST_F(LinkTest, AnswerByModemHangsNothingUp)
+{
+    Connect(QStringLiteral("Strale"), {}, {"03*:checksum-errato"});
+    Controls().CheckModem->setChecked(true);
+    cmdTest_Click(window);
+    EXPECT_EQ(commands, (QStringList{QStringLiteral("03"), QStringLiteral("32")}));
+}
+
 TEST_F(LinkTest, MemoryThatIsNotAnsweredIsTheOutcome)
 {
     Connect(QStringLiteral("Lumo"), {}, {"32*:silenzio"});
