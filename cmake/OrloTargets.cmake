@@ -2,6 +2,7 @@
 #
 #   orlo_library(link QT SOURCES clock.h telegram.h telegram.cpp USES Qt6::Core Qt6::SerialPort)
 #   orlo_executable(orlodesk QT SOURCES main.cpp USES orlo::app)
+#   orlo_module(orlodesk-componente SOURCES exports.cpp USES orlo::simulator_component)
 #   orlo_test(link_telegram_test SOURCES telegram_test.cpp USES orlo::link)
 #
 # QT turns on moc and uic. Includes are written from the root of the repository.
@@ -46,6 +47,21 @@ function(orlo_executable name)
   _orlo_target(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE ${ARG_USES})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+endfunction()
+
+# A library that is loaded at run time, lib<name>.so beside the executables. It shows nothing but
+# what is exported by name.
+function(orlo_module name)
+  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;USES")
+  add_library(${name} MODULE)
+  _orlo_target(${name} SOURCES ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_USES})
+  target_link_options(${name} PRIVATE -Wl,--exclude-libs,ALL)
+  # A symbol that is unique in the process would keep the library loaded for ever.
+  target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+  set_target_properties(${name} PROPERTIES
+    CXX_VISIBILITY_PRESET hidden
+    LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 endfunction()
 
 function(orlo_test name)

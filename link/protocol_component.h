@@ -86,10 +86,14 @@ public:
     virtual bool GetNumber(std::int16_t& terminal, std::int16_t& priority) = 0;
     virtual std::int32_t Records() = 0;
 
-    /// Each makes one record the current one, whose fields are below.
+    /// Each makes one record the current one, whose fields are below; after a false there is none.
+    /// The first one: the oldest that is not marked as deleted.
     virtual bool GetFirstRecord(std::int16_t& terminal, std::int16_t& priority2) = 0;
-    /// The oldest record that is not marked as deleted; "ER" when there is none. `priority` is a
-    /// text: callers hand over what an input field holds at that moment.
+    /// The oldest record that is not marked as deleted and was not handed over since GetRecordsInfo
+    /// or GetFirstRecord, so that a record of a type that the program leaves alone does not come
+    /// for ever; "ER" when there is none, and the call after it begins anew. A call that failed
+    /// otherwise may be repeated and leaves nothing out. `priority` is a text: callers hand over
+    /// what an input field holds at that moment.
     virtual bool GetNextRecord(std::int16_t& terminal, const std::string& priority) = 0;
     /// Record `number`, counted from 1, the oldest first.
     virtual bool GetRecord(std::int16_t& terminal, std::int16_t& priority2,

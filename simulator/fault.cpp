@@ -15,17 +15,18 @@ namespace
 {
 
 constexpr int kNoValue = -1;
+constexpr int kText = -2;
 
 struct FaultRow {
     FaultKind kind;
     std::string_view name;
-    int value;  // when none is given; kNoValue: takes none
+    int value;  // when none is given; kNoValue: takes none; kText: needs a text
 };
 
 using enum FaultKind;
 
 // clang-format off
-constexpr std::array<FaultRow, 14> kFaults = {{
+constexpr std::array<FaultRow, 15> kFaults = {{
     {LostRequest,    "richiesta-persa", kNoValue},
     {LostAnswer,     "silenzio",        kNoValue},
     {LateAnswer,     "ritardo",         2500},  // longer than a reader waits
@@ -40,8 +41,16 @@ constexpr std::array<FaultRow, 14> kFaults = {{
     {TooManyRecords, "troppi-record",   11},
     {ShortRecord,    "record-corto",    4},
     {CrBeforeSoh,    "cr-prima",        kNoValue},
+    {Refusal,        "esito",           kText},
 }};
 // clang-format on
+
+Fault TextFault(FaultKind kind, std::string_view text, std::size_t equals)
+{
+    const bool given = equals != std::string_view::npos && equals + 1 < text.size();
+    if (!given) throw UsageError("guasto senza testo: " + std::string(text));
+    return {kind, 0, std::string(text.substr(equals + 1))};
+}
 
 }  // namespace
 
@@ -59,13 +68,14 @@ Fault ParseFault(std::string_view text)
     const auto* const row = std::find_if(kFaults.begin(), kFaults.end(),
                                          [&](const FaultRow& r) { return r.name == name; });
     if (row == kFaults.end()) throw UsageError("guasto sconosciuto: " + std::string(name));
+    if (row->value == kText) return TextFault(row->kind, text, equals);
     if (equals == std::string_view::npos)
-        return {row->kind, row->value == kNoValue ? 0 : row->value};
+        return {row->kind, row->value == kNoValue ? 0 : row->value, {}};
     if (row->value == kNoValue) throw UsageError("guasto senza valore: " + std::string(name));
     const std::optional<int> value = NumberOf(text.substr(equals + 1));
     if (!value || *value == 0)
         throw UsageError("valore del guasto non valido: " + std::string(text));
-    return {row->kind, *value};
+    return {row->kind, *value, {}};
 }
 
 }  // namespace orlo::simulator

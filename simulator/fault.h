@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace orlo::simulator
@@ -20,17 +21,20 @@ enum class FaultKind {
     TooManyRecords,  ///< so many records in one answer
     ShortRecord,     ///< the last record lacks its last so many characters
     CrBeforeSoh,     ///< a CR before the SOH
+    Refusal,         ///< an Orlo or Sipa terminal does nothing and answers with a code of failure
 };
 
 struct Fault {
     FaultKind kind;
-    int value = 0;  // meaning and unit by the kind
+    int value = 0;     // meaning and unit by the kind
+    std::string text;  // of a refusal: its code
 };
 
 /// The name used on the command line.
 std::string_view FaultName(FaultKind kind);
 
-/// A fault from "name" or "name=value"; the value has a default where the kind has one.
+/// A fault from "name" or "name=value", for example "ritardo=900" or "esito=21,Errore linea"; a
+/// number has a default where the kind has one.
 /// Throws UsageError.
 Fault ParseFault(std::string_view text);
 

@@ -5,6 +5,8 @@
 #include "simulator/frame.h"
 #include "simulator/journal.h"
 #include "simulator/line_pace.h"
+#include "simulator/object_frame.h"
+#include "simulator/object_terminal.h"
 #include "simulator/terminal.h"
 
 #include <chrono>
@@ -34,6 +36,10 @@ public:
     Line(LineSettings settings, std::vector<Terminal> terminals, FaultPlan faults = {},
          Journal journal = {});
 
+    /// A line of Orlo and Sipa terminals, which have a protocol of their own.
+    Line(LineSettings settings, std::vector<ObjectTerminal> terminals, FaultPlan faults = {},
+         Journal journal = {});
+
     /// Takes bytes that were put on the line at `now`. Returns what they bring about, ordered by
     /// time. Every well-formed request counts for the faults, whoever it is addressed to.
     std::vector<LineEvent> Receive(std::string_view bytes, Instant now) override;
@@ -43,20 +49,27 @@ public:
     void HangUp() override;
 
     std::span<const Terminal> Terminals() const { return terminals_; }
+    std::span<const ObjectTerminal> ObjectTerminals() const { return object_terminals_; }
 
 private:
+    std::vector<LineEvent> Take(char byte, Instant heard);
     std::vector<LineEvent> Serve(const Telegram& request, Instant heard);
+    std::vector<LineEvent> Serve(const ObjectMessage& request, Instant heard);
     std::vector<LineEvent> Exchange(Terminal& terminal, const std::string& command, Instant heard,
                                     std::span<const Fault> faults);
-    Terminal* Find(int number);
+    /// Puts the answer on the line as soon as its terminal is free.
+    std::vector<LineEvent> Send(int terminal, const Transmission& answer, Instant heard);
     void Note(int address, const std::string& command, const std::string& deed,
               const std::string& answer = {}) const;
 
     LineSettings settings_;
     std::vector<Terminal> terminals_;
+    std::vector<ObjectTerminal> object_terminals_;  // one of the two is empty
     FaultPlan faults_;
     Journal journal_;
     RequestReader reader_;
+    ObjectFrameReader object_reader_{FrameKind::Request};
+    Instant last_heard_{0};
     LinePace pace_;
     std::map<int, Instant> busy_until_;  // by terminal: it does one thing after the other
 };

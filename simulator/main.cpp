@@ -14,18 +14,33 @@ namespace
 
 using namespace orlo::simulator;
 
-void Serve(const Options& options)
+template <class AnyTerminal>
+std::vector<AnyTerminal> MakeTerminals(const auto& all_settings)
 {
-    std::vector<Terminal> terminals;
-    for (const TerminalSettings& settings : options.terminals)
-        terminals.emplace_back(settings, MachineClock());
+    std::vector<AnyTerminal> terminals;
+    for (const auto& settings : all_settings) terminals.emplace_back(settings, MachineClock());
+    return terminals;
+}
+
+Line MakeLine(const Options& options)
+{
     Journal journal;
     if (!options.journal_path.empty()) journal = FileJournal(options.journal_path);
-    Line line(options.line, std::move(terminals), FaultPlan(options.faults), journal);
+    const FaultPlan faults(options.faults);
+    if (options.terminals.empty())
+        return {options.line, MakeTerminals<ObjectTerminal>(options.object_terminals), faults,
+                journal};
+    return {options.line, MakeTerminals<Terminal>(options.terminals), faults, journal};
+}
+
+void Serve(const Options& options)
+{
+    Line line = MakeLine(options);
 
     const auto write_state = [&] {
         if (options.state_path.empty()) return;
-        WriteStateReport(options.state_path, line.Terminals());
+        WriteStateReport(options.state_path,
+                         StateReport(line.Terminals()) + StateReport(line.ObjectTerminals()));
         std::cout << "Stato: " << options.state_path << std::endl;
     };
     std::optional<Modem> modem;

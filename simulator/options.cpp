@@ -42,15 +42,23 @@ int Number(const char* name, const std::string& text, int least, int most)
     return *value;
 }
 
+template <class Settings>
+void Add(std::vector<Settings>& terminals, Settings terminal)
+{
+    const auto same_number = [&](const Settings& other) { return other.number == terminal.number; };
+    if (std::any_of(terminals.begin(), terminals.end(), same_number))
+        throw UsageError("due terminali col numero " + std::to_string(terminal.number));
+    terminals.push_back(std::move(terminal));
+}
+
 void AddTerminal(Options& options, const std::string& text)
 {
-    TerminalSettings terminal = ParseTerminal(text);
-    const auto same_number = [&](const TerminalSettings& other) {
-        return other.number == terminal.number;
-    };
-    if (std::any_of(options.terminals.begin(), options.terminals.end(), same_number))
-        throw UsageError("due terminali col numero " + std::to_string(terminal.number));
-    options.terminals.push_back(std::move(terminal));
+    if (IsObjectModel(text))
+        Add(options.object_terminals, ParseObjectTerminal(text));
+    else
+        Add(options.terminals, ParseTerminal(text));
+    if (!options.terminals.empty() && !options.object_terminals.empty())
+        throw UsageError("Orlo e Sipa non stanno su una linea con altri modelli");
 }
 
 void Take(Options& options, int option, const std::string& value)
@@ -104,7 +112,8 @@ Options ParseOptions(int argc, char** argv)
     if (options.help) return options;
     if (optind < argc) throw UsageError(std::string("argomento di troppo: ") + argv[optind]);
     if (options.link.empty()) throw UsageError("manca --collegamento");
-    if (options.terminals.empty()) throw UsageError("manca --terminale");
+    if (options.terminals.empty() && options.object_terminals.empty())
+        throw UsageError("manca --terminale");
     return options;
 }
 
@@ -112,7 +121,7 @@ std::string_view HelpText()
 {
     return R"(Uso: orlodesk-simulatore --collegamento PERCORSO --terminale DESCRIZIONE [opzioni]
 
-Fa la parte di uno o più terminali seriali su uno pseudo-terminale.
+Fa la parte di uno o più terminali su uno pseudo-terminale.
 
   --collegamento PERCORSO   collegamento simbolico da creare verso la linea
   --terminale DESCRIZIONE   un terminale della linea; ripetibile. Chiavi separate da virgole:
@@ -129,6 +138,11 @@ Fa la parte di uno o più terminali seriali su uno pseudo-terminale.
                               badge=I/L/I/L/C   inizio e lunghezza del codice impianto, inizio e
                                                 lunghezza del badge, codice impianto
                               versione=TESTO    versione dichiarata (del modello)
+                            Con modello=Orlo o Sipa, che non si mescolano agli altri: numero,
+                            timbrature, seme, acquisite, capacita, scarto, versione e
+                              file=PERCORSO     una timbratura per riga: tipo verso badge causale
+                                                causale-personale gg/mm/aaaa hh:mm[:ss]
+                              impianto=CODICE   codice impianto che accetta (00001)
   --velocita BPS            rispetta i tempi di una linea di questa velocità
   --attesa MS               pausa fra la richiesta e la risposta
   --modem DESCRIZIONE       mette un modem davanti alla linea; chiavi separate da virgole, tutte
@@ -144,7 +158,7 @@ Fa la parte di uno o più terminali seriali su uno pseudo-terminale.
                             NOME: richiesta-persa, silenzio, ritardo=MS, checksum-errato,
                               senza-cr, troncata=BYTE, byte-mancanti=N, rumore-prima=N,
                               rumore-dopo=N, byte-singoli=MS, caduta=MS, troppi-record=N,
-                              record-corto=N, cr-prima
+                              record-corto=N, cr-prima; con Orlo e Sipa anche esito=CODICE
   --registro FILE           aggiunge al file una riga per telegramma
   --stato FILE              scrive lo stato dei terminali alla fine e a ogni SIGUSR1
   -h, --help                questo testo

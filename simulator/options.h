@@ -3,6 +3,7 @@
 #include "simulator/fault_plan.h"
 #include "simulator/line.h"
 #include "simulator/modem_settings.h"
+#include "simulator/object_terminal_settings.h"
 #include "simulator/terminal_settings.h"
 
 #include <optional>
@@ -16,7 +17,9 @@ namespace orlo::simulator
 struct Options {
     bool help = false;  // then nothing else counts
     std::string link;
-    std::vector<TerminalSettings> terminals;  // numbers differ
+    // Numbers differ; one of the two is empty.
+    std::vector<TerminalSettings> terminals;
+    std::vector<ObjectTerminalSettings> object_terminals;
     LineSettings line;
     std::optional<ModemSettings> modem;  // between the port and the line
     std::vector<FaultRule> faults;

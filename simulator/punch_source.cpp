@@ -1,5 +1,6 @@
 #include "simulator/punch_source.h"
 
+#include "simulator/date_text.h"
 #include "simulator/digits.h"
 #include "simulator/usage_error.h"
 
@@ -21,6 +22,10 @@ using std::chrono::local_seconds;
 constexpr local_seconds kFirstPunch =
     local_days(std::chrono::year(2006) / std::chrono::January / 2) + std::chrono::hours(6);
 
+// The century does not travel on the line.
+constexpr local_days kFirstDay(std::chrono::year(1981) / std::chrono::January / 1);
+constexpr local_days kLastDay(std::chrono::year(2080) / std::chrono::December / 31);
+
 [[noreturn]] void Refuse(const std::string& reason)
 {
     throw UsageError("timbratura: " + reason);
@@ -34,37 +39,17 @@ std::string ZeroFilled(const std::string& digits, int width, const char* name)
     return Digits(*number, width);
 }
 
-local_days ParseDate(const std::string& text)
-{
-    const std::vector<std::string> parts = Split(text, '/');
-    if (parts.size() == 3 && parts[2].size() == 4) {
-        const int day = NumberOf(parts[0]).value_or(0);
-        const int month = NumberOf(parts[1]).value_or(0);
-        const int year = NumberOf(parts[2]).value_or(0);
-        const std::chrono::year_month_day date(std::chrono::year(year),
-                                               std::chrono::month(static_cast<unsigned>(month)),
-                                               std::chrono::day(static_cast<unsigned>(day)));
-        if (date.ok() && year >= 1981 && year <= 2080) return local_days(date);
-    }
-    Refuse("data non valida: " + text);
-}
-
-std::chrono::seconds ParseTime(const std::string& text)
-{
-    std::vector<std::string> parts = Split(text, ':');
-    if (parts.size() == 2) parts.emplace_back("00");
-    if (parts.size() == 3) {
-        const int hour = NumberOf(parts[0]).value_or(99);
-        const int minute = NumberOf(parts[1]).value_or(99);
-        const int second = NumberOf(parts[2]).value_or(99);
-        if (hour < 24 && minute < 60 && second < 60)
-            return std::chrono::hours(hour) + std::chrono::minutes(minute) +
-                   std::chrono::seconds(second);
-    }
-    Refuse("ora non valida: " + text);
-}
-
 }  // namespace
+
+local_seconds ParsePunchTime(const std::string& date, const std::string& time)
+{
+    const std::optional<local_days> day = DateOf(date);
+    const bool in_reach = day && *day >= kFirstDay && *day <= kLastDay;
+    if (!in_reach) Refuse("data non valida: " + date);
+    const std::optional<std::chrono::seconds> time_of_day = TimeOf(time);
+    if (!time_of_day) Refuse("ora non valida: " + time);
+    return *day + *time_of_day;
+}
 
 std::vector<Punch> InventPunches(std::size_t count, std::uint32_t seed, const TerminalModel& model)
 {
@@ -94,22 +79,27 @@ Punch ParsePunch(std::string_view line)
     if (!words || words >> surplus) Refuse("servono evento, badge, causale, data e ora");
     if (event.size() != 1) Refuse("l'evento è un solo carattere: " + event);
     return {event.front(), ZeroFilled(badge, 6, "badge"), ZeroFilled(cause, 4, "causale"),
-            ParseDate(date) + ParseTime(time)};
+            ParsePunchTime(date, time)};
 }
 
-std::vector<Punch> ReadPunches(std::istream& lines)
+void ForEachPunchLine(std::istream& lines, const std::function<void(const std::string&)>& parse)
 {
-    std::vector<Punch> punches;
     std::string line;
     for (int number = 1; std::getline(lines, line); ++number) {
         const std::size_t first = line.find_first_not_of(" \t\r");
         if (first == std::string::npos || line[first] == '#') continue;
         try {
-            punches.push_back(ParsePunch(line));
+            parse(line);
         } catch (const UsageError& error) {
             throw UsageError("riga " + std::to_string(number) + ", " + error.what());
         }
     }
+}
+
+std::vector<Punch> ReadPunches(std::istream& lines)
+{
+    std::vector<Punch> punches;
+    ForEachPunchLine(lines, [&](const std::string& line) { punches.push_back(ParsePunch(line)); });
     return punches;
 }
 

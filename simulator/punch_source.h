@@ -5,7 +5,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <istream>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -21,8 +23,14 @@ std::vector<Punch> InventPunches(std::size_t count, std::uint32_t seed, const Te
 /// line), seconds may follow the minutes. Throws UsageError.
 Punch ParsePunch(std::string_view line);
 
-/// One punch a line, oldest first. Empty lines and those that begin with "#" are passed over.
-/// Throws UsageError that names the line.
+/// The moment of "15/03/2006" and "08:30[:ss]", years 1981 to 2080. Throws UsageError.
+std::chrono::local_seconds ParsePunchTime(const std::string& date, const std::string& time);
+
+/// Calls `parse` with each line that holds a punch. Empty lines and those that begin with "#" are
+/// passed over. What `parse` throws as UsageError comes out of it with the number of the line.
+void ForEachPunchLine(std::istream& lines, const std::function<void(const std::string&)>& parse);
+
+/// One punch a line, oldest first. Throws UsageError that names the line.
 std::vector<Punch> ReadPunches(std::istream& lines);
 
 }  // namespace orlo::simulator

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/object_terminal.h"
 #include "simulator/terminal.h"
 
 #include <span>
@@ -14,7 +15,13 @@ namespace orlo::simulator
 /// "08:30 01111100 1 5".
 std::string StateReport(std::span<const Terminal> terminals);
 
-/// Writes it so that a reader finds the old file or the whole new one. Throws std::system_error.
-void WriteStateReport(const std::string& path, std::span<const Terminal> terminals);
+/// The same of Orlo and Sipa terminals. Keys: modello, timbrature, acquisite, da_acquisire, scarto,
+/// formato ("name/length/bidirectional" and start, length and value of each field), suoneria_G_NN
+/// for those that ring: "08:30 5".
+std::string StateReport(std::span<const ObjectTerminal> terminals);
+
+/// Writes a report so that a reader finds the old file or the whole new one. Throws
+/// std::system_error.
+void WriteStateReport(const std::string& path, const std::string& report);
 
 }  // namespace orlo::simulator

@@ -28,6 +28,8 @@ public:
     /// changed, when that is no date and time of 2000 to 2099.
     [[nodiscard]] bool Set(std::string_view fields);
 
+    void Set(std::chrono::local_seconds time) { offset_ = time - machine_(); }
+
     /// The fields of the last successful setting as they came, empty before.
     const std::string& LastSetting() const { return last_setting_; }
 

@@ -4,6 +4,7 @@
 #include "simulator/punch.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orlo::simulator
 {
@@ -91,9 +92,13 @@ Transmission Transmit(int terminal, std::string data, std::span<const Fault> fau
 {
     for (const Fault& fault : faults)
         if (fault.kind == FaultKind::ShortRecord) ShortenLastRecord(data, fault.value);
+    return Transmit(AnswerFrame(terminal, data), faults);
+}
 
+Transmission Transmit(std::string frame, std::span<const Fault> faults)
+{
     Transmission answer;
-    answer.bytes = AnswerFrame(terminal, data);
+    answer.bytes = std::move(frame);
     for (const Fault& fault : faults) {
         if (fault.kind == FaultKind::WrongChecksum) WrongChecksum(answer.bytes);
         if (fault.kind == FaultKind::MissingBytes) LoseFromTheMiddle(answer.bytes, fault.value);

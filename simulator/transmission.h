@@ -25,6 +25,9 @@ struct Transmission {
 /// that concern the request or the number of records have done their work before and do nothing.
 Transmission Transmit(int terminal, std::string data, std::span<const Fault> faults);
 
+/// The same with a whole frame of any shape that ends in its check.
+Transmission Transmit(std::string frame, std::span<const Fault> faults);
+
 bool Has(std::span<const Fault> faults, FaultKind kind);
 
 }  // namespace orlo::simulator

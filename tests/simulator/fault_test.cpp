@@ -47,6 +47,17 @@ TEST(ParseFault, KnowsEveryNameAndItsValue)
     }
 }
 
+TEST(ParseFault, TakesTheCodeOfARefusalAsItStands)
+{
+    const FaultRule rule = ParseFaultRule("prossima#2:esito=21,Errore linea");
+    EXPECT_EQ(rule.command, "prossima");
+    EXPECT_EQ(rule.nth, 2);
+    EXPECT_EQ(rule.fault.kind, FaultKind::Refusal);
+    EXPECT_EQ(rule.fault.text, "21,Errore linea");
+    for (const char* text : {"esito", "esito="})
+        EXPECT_THROW(ParseFault(text), UsageError) << text;
+}
+
 TEST(ParseFault, RefusesWhatItDoesNotKnow)
 {
     for (const char* text : {"", "rumore", "silenzio=1", "ritardo=", "ritardo=x", "ritardo=0",

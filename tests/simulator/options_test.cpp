@@ -43,6 +43,15 @@ TEST(Options, AreReadFromTheCommandLine)
     EXPECT_EQ(options.state_path, "s");
 }
 
+TEST(Options, KeepOrloAndSipaApart)
+{
+    const Options options = Parse({"--collegamento", "x", "--terminale", "numero=1,modello=Orlo",
+                                   "--terminale", "numero=2,modello=Sipa"});
+    EXPECT_TRUE(options.terminals.empty());
+    ASSERT_EQ(options.object_terminals.size(), 2U);
+    EXPECT_EQ(options.object_terminals[1].model, "Sipa");
+}
+
 TEST(Options, AskForHelpWithNothingElse)
 {
     EXPECT_TRUE(Parse({"--help"}).help);
@@ -60,6 +69,10 @@ TEST(Options, AreRefusedWhenTheyCannotBeMeant)
         {{"--collegamento", "x", "--terminale", "numero=1,modello=Strale", "y"}, "di troppo: y"},
         {{"--terminale", "numero=1,modello=Strale", "--terminale", "numero=1,modello=Lumo"},
          "due terminali col numero 1"},
+        {{"--terminale", "numero=1,modello=Orlo", "--terminale", "numero=1,modello=Sipa"},
+         "due terminali col numero 1"},
+        {{"--terminale", "numero=1,modello=Orlo", "--terminale", "numero=2,modello=Lumo"},
+         "non stanno su una linea"},
         {{"--velocita", "0"}, "--velocita va da 1"},
         {{"--velocita", "presto"}, "--velocita va da 1"},
         {{"--attesa", "-1"}, "--attesa va da 0"},

@@ -63,7 +63,7 @@ TEST(StateReport, ReplacesTheFile)
 {
     const auto path = std::filesystem::path(testing::TempDir()) / "stato_prova.txt";
     std::ofstream(path) << std::string(10000, 'x');
-    WriteStateReport(path.string(), UsedTerminals());
+    WriteStateReport(path.string(), StateReport(UsedTerminals()));
     std::ifstream file(path);
     std::stringstream text;
     text << file.rdbuf();
@@ -74,7 +74,7 @@ TEST(StateReport, ReplacesTheFile)
 
 TEST(StateReport, FailsInAFolderThatIsNotThere)
 {
-    EXPECT_THROW(WriteStateReport("/nonexistent/stato", {}), std::system_error);
+    EXPECT_THROW(WriteStateReport("/nonexistent/stato", ""), std::system_error);
 }
 
 }  // namespace
