@@ -20,7 +20,10 @@ ClockOutcome SetSerialClock(Contenitore& window)
 {
     const PortSession session(window);
     const TextPanel& caption = *window.Controls().PannelloComunicazione;
-    if (session.Port() == nullptr) return ClockNotDone(caption.text());
+    if (session.Port() == nullptr)
+        // A port number that is none leaves no caption.
+        return ClockNotDone(caption.text().isEmpty() ? QStringLiteral("nessuna porta")
+                                                     : caption.text());
     const std::string answer =
         AskTerminal(window, *session.Port(), SetClockCommand(window.Station().clock));
     if (answer == kTimeout) return ClockNotDone(caption.text());

@@ -41,7 +41,7 @@ public:
     {
         auto objects = component.Make();
         objects->FPrVersionObject = std::make_unique<Version>(*this);
-        objects->TimeDataObject = std::make_unique<Time>(*this);
+        objects->TimeDataObject = std::make_unique<TimeObject>(*this);
         objects->MCFormatDataObject = std::make_unique<Format>(*this);
         return objects;
     }
@@ -71,10 +71,10 @@ private:
         FakeObjectTerminal& fake_;
     };
 
-    class Time : public component::TimeData
+    class TimeObject : public component::TimeData
     {
     public:
-        explicit Time(FakeObjectTerminal& fake) : fake_(fake) {}
+        explicit TimeObject(FakeObjectTerminal& fake) : fake_(fake) {}
         bool Receive(std::int16_t& terminal, std::int16_t& priority) override
         {
             fake_.Call("TimeData.Receive", terminal, priority);
