@@ -22,10 +22,8 @@ std::vector<AnyTerminal> MakeTerminals(const auto& all_settings)
     return terminals;
 }
 
-Line MakeLine(const Options& options)
+Line MakeLine(const Options& options, const Journal& journal)
 {
-    Journal journal;
-    if (!options.journal_path.empty()) journal = FileJournal(options.journal_path);
     const FaultPlan faults(options.faults);
     if (options.terminals.empty())
         return {options.line, MakeTerminals<ObjectTerminal>(options.object_terminals), faults,
@@ -35,7 +33,9 @@ Line MakeLine(const Options& options)
 
 void Serve(const Options& options)
 {
-    Line line = MakeLine(options);
+    Journal journal;
+    if (!options.journal_path.empty()) journal = FileJournal(options.journal_path);
+    Line line = MakeLine(options, journal);
 
     const auto write_state = [&] {
         if (options.state_path.empty()) return;

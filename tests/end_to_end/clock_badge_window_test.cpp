@@ -33,7 +33,7 @@ const Model kModels[] = {
 };
 
 /// The program's own window, with its buttons wired, over a simulated line with terminal 7.
-class WindowOnALine : public testing::TestWithParam<Model>
+class WindowOnALine : public ::testing::TestWithParam<Model>
 {
 protected:
     const Installation installation;
@@ -162,7 +162,7 @@ TEST_P(WindowOnALine, SilentTerminalIsSaidToBeAndTheNextTestWorks)
     EXPECT_EQ(Press(Controls().cmdTest), QStringLiteral("Test, terminale 7: Comunicazione OK"));
 }
 
-INSTANTIATE_TEST_SUITE_P(EndToEnd, WindowOnALine, testing::ValuesIn(kModels),
+INSTANTIATE_TEST_SUITE_P(EndToEnd, WindowOnALine, ::testing::ValuesIn(kModels),
                          [](const auto& model) { return model.param.test_name; });
 
 }  // namespace
