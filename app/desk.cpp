@@ -56,11 +56,10 @@ void Desk::WireCommands()
          [this] { cmdLeggeOra_Click(window_); });
     Wire(controls.cmdSincro, QStringLiteral("Sincronizzazione in corso…"), EscapeUse::Ignored,
          [this] { cmdSincro_Click(window_); });
-    Wire(controls.cmdRiceveCard, QStringLiteral("Lettura del formato badge in corso…"),
-         EscapeUse::Ignored,
+    Wire(controls.cmdRiceveCard, QStringLiteral("Lettura badge in corso…"), EscapeUse::Ignored,
          [this] { cmdRiceveCard_Click(window_, [this] { LeggeDataOra(window_); }); });
-    Wire(controls.cmdTrasmetteCard, QStringLiteral("Invio del formato badge in corso…"),
-         EscapeUse::Ignored, [this] { cmdTrasmetteCard_Click(window_); });
+    Wire(controls.cmdTrasmetteCard, QStringLiteral("Invio badge in corso…"), EscapeUse::Ignored,
+         [this] { cmdTrasmetteCard_Click(window_); });
     Wire(controls.cmdLogIn, QStringLiteral("Collegamento in corso…"), EscapeUse::Heeded,
          [this] { LogIn_Click(window_); });
     Wire(controls.cmdLogOff, kLoggingOff, EscapeUse::Ignored, [this] { LogOff_Click(window_); });

@@ -1,6 +1,7 @@
 #include "app/desk.h"
 #include "registry/contenitore_controls.h"
 #include "registry/start_up.h"
+#include "registry/terminal_lines.h"
 #include "tests/end_to_end/installation.h"
 #include "tests/support/test_workstation.h"
 
@@ -62,6 +63,7 @@ protected:
         const StartUpOutcome start_up =
             StartUp(desk->Window(), command_line.configuration_file, desk->Component());
         ASSERT_EQ(start_up.end, StartUpOutcome::End::Complete) << start_up.reason.toStdString();
+        ASSERT_TRUE(SelectTerminal(desk->Window(), 7));
         desk->Window().show();
     }
 
@@ -136,7 +138,7 @@ TEST_P(WindowOnALine, BadgeLayoutIsReadBackAsItWasSent)
     EXPECT_FALSE(Controls().OraTerminale->text().isEmpty());
     if (GetParam().serial) {
         EXPECT_EQ(Controls().LabelUltimoComando->text().section(u' ', 1),
-                  QStringLiteral("Lettura del formato badge, terminale 7: risposte 5 su 5"));
+                  QStringLiteral("Lettura badge, terminale 7: risposte 5 su 5"));
     }
 }
 

@@ -85,12 +85,12 @@ TEST_F(ClockFailure, BadFrameIsNotDone)
 
 TEST_F(ClockFailure, EachTerminalThatWasNotDoneIsNamed)
 {
-    const auto line = Line("2:richiesta-persa");
-    const Ended ended = installation.Run({"--sincronizza", "5,6,4"});
+    const auto line = Line("99:silenzio");
+    const Ended ended = installation.Run({"--sincronizza", "5,9,4"});
     EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(ended.errors,
               "Terminale 5 non sincronizzato: non è attivo\n"
-              "Terminale 6 non sincronizzato: non è nel registro\n");
+              "Terminale 9 non sincronizzato: non è nel registro\n");
     EXPECT_NE(line->State("4.scarto"), "60");
 }
 
