@@ -38,7 +38,7 @@ void ShowCounters(Contenitore& window, const TerminalModel& model)
 MemoryAnswer AskSerialTerminal(Contenitore& window, const TerminalModel& model,
                                SerialPortControl& port, const MeanwhileWork& meanwhile)
 {
-    QLabel& outcome = *window.Controls().PannelloComunicazione;
+    TextPanel& outcome = *window.Controls().PannelloComunicazione;
     const std::string answer = ExchangeTelegram(
         window.Station(), port, window.State().CurrentTerminalNumber, "32", meanwhile);
     // Behind a failed exchange: the answer may be on its way still.

@@ -31,6 +31,11 @@ struct Options {
         QStringLiteral(
             "Acquisisce questi terminali senza mostrare la finestra, per esempio 1,4,7."),
         QStringLiteral("N[,N...]")};
+    QCommandLineOption set_clock{
+        QStringLiteral("sincronizza"),
+        QStringLiteral("Regola l'orologio di questi terminali su quello del PC, senza mostrare la "
+                       "finestra, per esempio 1,4,7. Insieme ad --acquisisci viene dopo."),
+        QStringLiteral("N[,N...]")};
     QCommandLineOption punch_file{
         QStringLiteral("file"),
         QStringLiteral("File delle timbrature per --acquisisci (TIMBRAT.TXT)."),
@@ -58,6 +63,7 @@ struct Options {
         for (const QCommandLineOption& device : devices) parser.addOption(device);
         parser.addOption(component);
         parser.addOption(acquire);
+        parser.addOption(set_clock);
         parser.addOption(punch_file);
         parser.addOption(theme);
         parser.addOption(trace);
@@ -90,6 +96,20 @@ ParsedCommandLine WrongUsage(const QString& text)
     return {{}, CommandLineMessage{text + QStringLiteral("\nVedere --help."), true}};
 }
 
+/// The terminals named by an option; why that cannot be, when it cannot.
+std::optional<QString> ReadTerminals(const QCommandLineParser& parser,
+                                     const QCommandLineOption& option, std::vector<int>& terminals)
+{
+    if (!parser.isSet(option)) return std::nullopt;
+    const auto numbers = TerminalNumbers(parser.values(option).join(u','));
+    if (!numbers)
+        return QStringLiteral("--%1 vuole numeri di terminale da 1 a %2, separati da virgole.")
+            .arg(option.names().constFirst())
+            .arg(kTerminalSlots);
+    terminals = *numbers;
+    return std::nullopt;
+}
+
 ParsedCommandLine Read(const QCommandLineParser& parser, const Options& options,
                        const QString& program_folder)
 {
@@ -110,15 +130,10 @@ ParsedCommandLine Read(const QCommandLineParser& parser, const Options& options,
         if (!theme) return WrongUsage(QStringLiteral("--tema vuole \"chiaro\" o \"scuro\"."));
         line.theme = *theme;
     }
-    if (parser.isSet(options.acquire)) {
-        const auto numbers = TerminalNumbers(parser.values(options.acquire).join(u','));
-        if (!numbers)
-            return WrongUsage(
-                QStringLiteral(
-                    "--acquisisci vuole numeri di terminale da 1 a %1, separati da virgole.")
-                    .arg(kTerminalSlots));
-        line.acquire = *numbers;
-    }
+    if (const auto misuse = ReadTerminals(parser, options.acquire, line.acquire))
+        return WrongUsage(*misuse);
+    if (const auto misuse = ReadTerminals(parser, options.set_clock, line.set_clock))
+        return WrongUsage(*misuse);
     if (parser.isSet(options.punch_file) && line.punch_file.isEmpty())
         return WrongUsage(QStringLiteral("--file vuole il nome di un file."));
     if (parser.isSet(options.punch_file) && line.acquire.empty())

@@ -23,8 +23,10 @@ struct CommandLine {
     QString punch_file;
     /// Terminals to acquire unattended, in the order given.
     std::vector<int> acquire;
+    /// Terminals whose clocks are to be set unattended, in the order given.
+    std::vector<int> set_clock;
 
-    bool Unattended() const { return !acquire.empty(); }
+    bool Unattended() const { return !acquire.empty() || !set_clock.empty(); }
 };
 
 /// Why the command line cannot be followed, or what was asked to be shown instead of running.

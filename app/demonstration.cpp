@@ -1,6 +1,7 @@
 #include "app/demonstration.h"
 
 #include "registry/contenitore_controls.h"
+#include "registry/terminal_lines.h"
 
 #include <QPixmap>
 
@@ -8,17 +9,6 @@
 
 namespace orlo
 {
-
-namespace
-{
-
-void Say(const QString& text)
-{
-    std::printf("%s\n", text.toUtf8().constData());
-    std::fflush(stdout);
-}
-
-}  // namespace
 
 Demonstration::Demonstration(Desk& desk, const QDir& pictures)
     : window_(desk.Window()), pictures_(pictures)
@@ -48,11 +38,49 @@ bool Demonstration::AcquireSelected()
     const bool done =
         controls.PannelloComunicazione->text() == QStringLiteral("Comunicazione OK") &&
         controls.PannelloAcquisire->text() == QStringLiteral("0");
-    Say(QStringLiteral("%1 (%2): %3, %4 timbrature in memoria, %5 da acquisire")
-            .arg(controls.LabelTerminale->text(), controls.ComboTipoTerminale->currentText(),
-                 controls.PannelloComunicazione->text(), controls.PannelloTimbrature->text(),
+    Say(QStringLiteral("%1, %2 timbrature in memoria, %3 da acquisire")
+            .arg(controls.PannelloComunicazione->text(), controls.PannelloTimbrature->text(),
                  controls.PannelloAcquisire->text()));
     return done;
+}
+
+bool Demonstration::ShowClockAndBadge(int terminal)
+{
+    const Ui::Contenitore& controls = window_.Controls();
+    if (!SelectTerminal(window_, terminal)) return false;
+    bool done = Press(controls.cmdTest);
+    Say(QStringLiteral("test, stato \"%1\", versione \"%2\"")
+            .arg(controls.PannelloStato->text().trimmed(),
+                 controls.PannelloVersione->text().trimmed()));
+    done = Press(controls.cmdLeggeOra) && done;
+    Say(QStringLiteral("orologio, differenza %1").arg(controls.LabelScarto->text()));
+    TakePicture(QStringLiteral("Contenitore-orologio"));
+    done = Press(controls.cmdSincro) && done;
+    done = Press(controls.cmdLeggeOra) && done;
+    Say(QStringLiteral("sincronizzato, differenza %1").arg(controls.LabelScarto->text()));
+    done = Press(controls.cmdRiceveCard) && done;
+    Say(QStringLiteral("formato badge, codice impianto %1").arg(controls.NomeCard->text()));
+    TakePicture(QStringLiteral("Contenitore-badge"));
+    return Press(controls.cmdTrasmetteCard) && done;
+}
+
+/// False when the command ended with another outcome than good answers only.
+bool Demonstration::Press(QPushButton* button)
+{
+    button->click();
+    const QString outcome = window_.Controls().LabelUltimoComando->text();
+    return outcome.endsWith(QStringLiteral("Comunicazione OK")) ||
+           outcome.endsWith(QStringLiteral("risposte 5 su 5")) ||
+           outcome.endsWith(QStringLiteral("risposte 6 su 6"));
+}
+
+void Demonstration::Say(const QString& deed) const
+{
+    const QString text = QStringLiteral("%1 (%2): %3\n")
+                             .arg(window_.Controls().LabelTerminale->text(),
+                                  window_.Controls().ComboTipoTerminale->currentText(), deed);
+    std::fputs(text.toUtf8().constData(), stdout);
+    std::fflush(stdout);
 }
 
 void Demonstration::TakePicture(const QString& name)

@@ -7,8 +7,9 @@
 namespace orlo
 {
 
-/// The main window driven without a display: every serial terminal of the register is acquired by
-/// its button, and pictures of the window in its states are saved.
+/// The main window driven without a display: every serial terminal of the register is acquired,
+/// tested, its clock set and its badge layout read, each by its button, and pictures of the window
+/// in its states are saved, those of the manual among them.
 class Demonstration
 {
 public:
@@ -19,6 +20,10 @@ public:
     /// were emptied.
     bool AcquireAll();
 
+    /// The clock and the badge layout of the terminal of that number, with the pictures of their
+    /// pages in the manual. True when it answered throughout.
+    bool ShowClockAndBadge(int terminal);
+
     /// Saves the window as it is, under that name.
     void TakePicture(const QString& name);
 
@@ -27,6 +32,8 @@ public:
 
 private:
     bool AcquireSelected();
+    bool Press(QPushButton* button);
+    void Say(const QString& deed) const;
     void TakePictureInTheMiddle();
 
     Contenitore& window_;

@@ -31,7 +31,9 @@ int Demonstrate(QApplication& application, const CommandLine& command_line, cons
     desk.Window().show();
 
     Demonstration demonstration(desk, pictures);
-    const bool all_done = demonstration.AcquireAll();
+    bool all_done = demonstration.AcquireAll();
+    // A Lumo whose clock is wrong.
+    all_done = demonstration.ShowClockAndBadge(6) && all_done;
     demonstration.TakePicture(QStringLiteral("Contenitore"));
     demonstration.TakePictureOfEveryTerminal(QStringLiteral("chiaro"));
     ApplyTheme(application, Theme::Dark);

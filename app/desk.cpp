@@ -1,9 +1,13 @@
 #include "app/desk.h"
 
 #include "acquisition/acquisizione.h"
+#include "badge/formato_badge.h"
 #include "link/component_library.h"
 #include "registry/contenitore_controls.h"
 #include "registry/modem_session.h"
+#include "status/legge_data_ora.h"
+#include "status/sicronizzazione.h"
+#include "status/test.h"
 
 #include <QFile>
 
@@ -46,9 +50,20 @@ void Desk::WireCommands()
     const Ui::Contenitore& controls = window_.Controls();
     Wire(controls.cmdAcquisisce, QStringLiteral("Acquisizione in corso…"), EscapeUse::Heeded,
          [this] { cmdAcquisisce_Click(window_); });
+    Wire(controls.cmdTest, QStringLiteral("Test in corso…"), EscapeUse::Ignored,
+         [this] { cmdTest_Click(window_); });
+    Wire(controls.cmdLeggeOra, QStringLiteral("Lettura dell'ora in corso…"), EscapeUse::Ignored,
+         [this] { cmdLeggeOra_Click(window_); });
+    Wire(controls.cmdSincro, QStringLiteral("Sincronizzazione in corso…"), EscapeUse::Ignored,
+         [this] { cmdSincro_Click(window_); });
+    Wire(controls.cmdRiceveCard, QStringLiteral("Lettura badge in corso…"), EscapeUse::Ignored,
+         [this] { cmdRiceveCard_Click(window_, [this] { LeggeDataOra(window_); }); });
+    Wire(controls.cmdTrasmetteCard, QStringLiteral("Invio badge in corso…"), EscapeUse::Ignored,
+         [this] { cmdTrasmetteCard_Click(window_); });
     Wire(controls.cmdLogIn, QStringLiteral("Collegamento in corso…"), EscapeUse::Heeded,
          [this] { LogIn_Click(window_); });
     Wire(controls.cmdLogOff, kLoggingOff, EscapeUse::Ignored, [this] { LogOff_Click(window_); });
+    window_.SetPeriodicRead([this] { Timer1_Timer(window_); });
 }
 
 void Desk::Wire(QPushButton* button, const QString& task, EscapeUse escape,

@@ -31,6 +31,7 @@ public:
 
 private:
     void WireCommands();
+    /// `task` is what the title row says meanwhile.
     void Wire(QPushButton* button, const QString& task, EscapeUse escape,
               const std::function<void()>& command);
 

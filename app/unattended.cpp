@@ -7,10 +7,13 @@
 #include "registry/modem_session.h"
 #include "registry/start_up.h"
 #include "registry/terminal_lines.h"
+#include "status/sicronizzazione.h"
 
 #include <unistd.h>
 
 #include <cstdio>
+#include <functional>
+#include <vector>
 
 namespace orlo
 {
@@ -18,9 +21,38 @@ namespace orlo
 namespace
 {
 
-AcquisitionOutcome NotDone(const QString& reason)
+/// How one terminal's command ended, and why it is not done when it is not.
+struct Result {
+    bool done = false;
+    QString reason;
+};
+
+/// A command of the window, done for one terminal after the other.
+struct Task {
+    /// What a terminal is not when it failed: "acquisito".
+    QString participle;
+    std::function<Result(Contenitore&)> command;
+};
+
+Result NotDone(const QString& reason)
 {
     return {.done = false, .reason = reason};
+}
+
+Task Acquire()
+{
+    return {QStringLiteral("acquisito"), [](Contenitore& window) {
+                const AcquisitionOutcome outcome = cmdAcquisisce_Click(window);
+                return Result{outcome.done, outcome.reason};
+            }};
+}
+
+Task SetClock()
+{
+    return {QStringLiteral("sincronizzato"), [](Contenitore& window) {
+                const ClockOutcome outcome = cmdSincro_Click(window);
+                return Result{outcome.done, outcome.reason};
+            }};
 }
 
 /// With the reason, when the register was not read to its end.
@@ -56,36 +88,46 @@ bool IsToBeDialled(const Contenitore& window)
            window.Controls().CheckModem->isChecked();
 }
 
-AcquisitionOutcome AcquireByModem(Contenitore& window)
+Result DoByModem(const Task& task, Contenitore& window)
 {
     LogIn_Click(window);
     if (!window.LineIsOpen()) {
         const QString caption = window.Controls().PannelloComunicazione->text();
         return NotDone(caption.isEmpty() ? QStringLiteral("Errore aprendo la COM") : caption);
     }
-    AcquisitionOutcome outcome = cmdAcquisisce_Click(window);
+    Result outcome = task.command(window);
     EndSession(window);
     return outcome;
 }
 
-AcquisitionOutcome AcquireTerminal(Contenitore& window, int terminal)
+Result DoTerminal(const Task& task, Contenitore& window, int terminal)
 {
     if (Termination::Requested()) return NotDone(QStringLiteral("programma interrotto"));
     if (!SelectTerminal(window, terminal)) return NotDone(NotInRegister(window));
     if (!window.Controls().Abilitazione->isChecked())
         return NotDone(QStringLiteral("non è attivo"));
     ShowProgressOnTerminal(window, terminal);
-    AcquisitionOutcome outcome =
-        IsToBeDialled(window) ? AcquireByModem(window) : cmdAcquisisce_Click(window);
+    Result outcome = IsToBeDialled(window) ? DoByModem(task, window) : task.command(window);
     EndProgressOnTerminal(window);
     return outcome;
 }
 
-void ReportTerminal(int terminal, const AcquisitionOutcome& outcome)
+/// True when every terminal was done.
+bool DoTask(const Task& task, Contenitore& window, const StartUpOutcome& start_up,
+            const std::vector<int>& terminals)
 {
-    if (!outcome.done)
-        WriteErrorLine(
-            QStringLiteral("Terminale %1 non acquisito: %2").arg(terminal).arg(outcome.reason));
+    bool all_done = true;
+    for (const int terminal : terminals) {
+        const Result result = start_up.end == StartUpOutcome::End::Complete
+                                  ? DoTerminal(task, window, terminal)
+                                  : NotDone(start_up.reason);
+        if (!result.done)
+            WriteErrorLine(QStringLiteral("Terminale %1 non %2: %3")
+                               .arg(terminal)
+                               .arg(task.participle, result.reason));
+        all_done = all_done && result.done;
+    }
+    return all_done;
 }
 
 }  // namespace
@@ -98,16 +140,10 @@ ExitStatus RunUnattended(Desk& desk, const CommandLine& command_line)
     if (!command_line.punch_file.isEmpty())
         window.Controls().NomeFile->setText(command_line.punch_file);
 
-    bool all_done = true;
-    for (const int terminal : command_line.acquire) {
-        const AcquisitionOutcome outcome = start_up.end == StartUpOutcome::End::Complete
-                                               ? AcquireTerminal(window, terminal)
-                                               : NotDone(start_up.reason);
-        ReportTerminal(terminal, outcome);
-        all_done = all_done && outcome.done;
-    }
+    const bool acquired = DoTask(Acquire(), window, start_up, command_line.acquire);
+    const bool set = DoTask(SetClock(), window, start_up, command_line.set_clock);
     CloseRegister(desk.State());
-    return all_done ? kAllDone : kNotAllDone;
+    return acquired && set ? kAllDone : kNotAllDone;
 }
 
 }  // namespace orlo

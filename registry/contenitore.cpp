@@ -21,14 +21,15 @@ Contenitore::Contenitore(ProgramState& state, Workstation& workstation, QWidget*
 {
     ui_->setupUi(this);
     form_ = new TerminalForm(*ui_, this);
-    commands_ = {ui_->cmdAcquisisce, ui_->cmdSfoglia,    ui_->cmdSincro,
-                 ui_->cmdTest,       ui_->cmdSuonerie,   ui_->cmdMonitorTimbrature,
-                 ui_->cmdComandi,    ui_->cmdRiceveCard, ui_->cmdTrasmetteCard,
-                 ui_->cmdAggiorna,   ui_->cmdLogIn,      ui_->cmdLogOff,
-                 ui_->cmdUscita};
-    unavailable_ = {ui_->cmdSincro,        ui_->cmdTest,    ui_->cmdMonitorTimbrature,
-                    ui_->cmdSuonerie,      ui_->cmdComandi, ui_->cmdRiceveCard,
-                    ui_->cmdTrasmetteCard, ui_->cmdLogIn,   ui_->cmdLogOff};
+    commands_ = {
+        ui_->cmdAcquisisce, ui_->cmdSfoglia,       ui_->cmdLeggeOra,          ui_->cmdSincro,
+        ui_->cmdTest,       ui_->cmdSuonerie,      ui_->cmdMonitorTimbrature, ui_->cmdComandi,
+        ui_->cmdRiceveCard, ui_->cmdTrasmetteCard, ui_->cmdAggiorna,          ui_->cmdLogIn,
+        ui_->cmdLogOff,     ui_->cmdUscita};
+    unavailable_ = {
+        ui_->cmdLeggeOra, ui_->cmdSincro,  ui_->cmdTest,       ui_->cmdMonitorTimbrature,
+        ui_->cmdSuonerie, ui_->cmdComandi, ui_->cmdRiceveCard, ui_->cmdTrasmetteCard,
+        ui_->cmdLogIn,    ui_->cmdLogOff};
     for (QAbstractButton* button : commands_)
         if (button->toolTip().isEmpty()) button->setToolTip(button->accessibleName());
     ui_->Verde->hide();
@@ -36,6 +37,7 @@ Contenitore::Contenitore(ProgramState& state, Workstation& workstation, QWidget*
     ui_->LabelEsc->hide();
     ConnectControls();
     ConnectPanels();
+    StartTimer1();
     DeriveLook();
     RipulisceParametri();
     RefreshAvailability();
@@ -67,6 +69,7 @@ void Contenitore::ConnectPanels()
         connect(panel, &TextPanel::TextChanged, this, &Contenitore::RefreshGauge);
     connect(ui_->ComboTipoTerminale, &QComboBox::currentTextChanged, this,
             &Contenitore::RefreshGauge);
+    connect(ui_->PannelloComunicazione, &TextPanel::TextChanged, this, &Contenitore::HearOutcome);
     for (TextPanel* panel :
          std::initializer_list<TextPanel*>{ui_->OraTerminale, ui_->DataTerminale, ui_->Sistema})
         connect(panel, &TextPanel::TextChanged, this, &Contenitore::RefreshClockDifference);
@@ -142,15 +145,46 @@ void Contenitore::EmptyTerminalPanels()
 {
     for (TextPanel* panel : std::initializer_list<TextPanel*>{
              ui_->PannelloCapacita, ui_->PannelloTimbrature, ui_->PannelloFree,
-             ui_->PannelloAcquisire, ui_->PannelloStato, ui_->PannelloVersione, ui_->OraTerminale,
-             ui_->DataTerminale, ui_->Sistema})
+             ui_->PannelloAcquisire, ui_->PannelloStato, ui_->PannelloVersione})
         panel->clear();
+    EmptyClockDisplays();
+}
+
+void Contenitore::EmptyClockDisplays()
+{
+    for (TextPanel* panel :
+         std::initializer_list<TextPanel*>{ui_->OraTerminale, ui_->DataTerminale, ui_->Sistema})
+        panel->clear();
+    NameClockTerminal(0);
+}
+
+void Contenitore::NameClockTerminal(int terminal)
+{
+    clock_terminal_ = terminal;
+    RefreshClockTerminal();
+}
+
+void Contenitore::RefreshClockTerminal()
+{
+    const bool another = clock_terminal_ != 0 && clock_terminal_ != SelectedTerminal();
+    QFont font;
+    font.setBold(another);
+    ui_->LabelOrologio->setFont(font);
+    ui_->LabelOrologio->setText(clock_terminal_ == 0 ? tr("Terminale:")
+                                                     : tr("Terminale %1:").arg(clock_terminal_));
+    ui_->LabelOrologio->setToolTip(
+        another ? tr("È l'orologio dell'ultimo terminale con cui si è parlato, non di quello "
+                     "scelto nel registro.")
+                : QString());
 }
 
 bool Contenitore::PrepareCurrentTerminal()
 {
     ui_->PannelloStato->clear();
     ui_->PannelloVersione->clear();
+    // Whatever is read from now on is this terminal's.
+    if (clock_terminal_ != SelectedTerminal()) EmptyClockDisplays();
+    state_.CurrentModel = ShownModel();
     state_.CurrentPort = PortOf(ui_->ComboPorta->currentText());
     state_.CurrentSpeed = WholeNumberOrZero<std::int32_t>(ui_->ComboVelocita->currentText());
     state_.CurrentTerminalNumber = static_cast<std::int16_t>(SelectedTerminal());

@@ -13,6 +13,7 @@
 #include <vector>
 
 class QAbstractButton;
+class QTimer;
 
 namespace Ui
 {
@@ -70,6 +71,10 @@ public:
     /// one. False when the component failed, which the caption then says.
     bool PulseModemLine();
 
+    /// Says above the clock displays which terminal's clock they show; 0 = they are empty. It
+    /// stands out while another terminal is selected.
+    void NameClockTerminal(int terminal);
+
     /// The model named in ComboTipoTerminale, nullptr when the text is no model's name.
     const TerminalModel* ShownModel() const;
 
@@ -85,6 +90,17 @@ public:
     void RunCommand(QAbstractButton* button, const QString& task, EscapeUse escape,
                     const std::function<void()>& command);
     bool CommandRunning() const { return running_; }
+
+    /// Says in a line of its own how the running command ended, with its name, terminal and time:
+    /// captions are written over by what follows. Without it that is the command's last caption.
+    void NoteOutcome(const QString& outcome)
+    {
+        if (running_) noted_outcome_ = outcome;
+    }
+
+    /// What is done every second (Timer1), but not while the window is hidden, a command runs or
+    /// another window waits for the operator. It lets no window events in.
+    void SetPeriodicRead(std::function<void()> read) { periodic_read_ = std::move(read); }
 
     /// A standing remark in the strip, such as why the register was not read to its end.
     void ShowRemark(const QString& text);
@@ -104,6 +120,10 @@ private:
     class CommandScope;
 
     void AskToLeave();
+    void HearOutcome(const QString& caption);
+    void ShowLastOutcome();
+    void StartTimer1();
+    void Timer1_Timer();
     bool PrepareComponent(const TerminalModel& model);
     void ConnectControls();
     void ConnectPanels();
@@ -126,6 +146,7 @@ private:
     void ShowWhetherModified();
     void SaveSelected(const TerminalRecord& entered);
     void EmptyTerminalPanels();
+    void EmptyClockDisplays();
 
     // Look and state of the window.
     void DeriveLook();
@@ -134,6 +155,7 @@ private:
     void RefreshGauge();
     void RefreshBadge();
     void RefreshClockDifference();
+    void RefreshClockTerminal();
 
     ProgramState& state_;
     Workstation& workstation_;
@@ -149,6 +171,11 @@ private:
     bool leave_after_command_ = false;
     bool leaving_ = false;
     QString task_;
+    QString heard_outcome_;
+    QString noted_outcome_;
+    QTimer* timer1_ = nullptr;
+    std::function<void()> periodic_read_;
+    int clock_terminal_ = 0;
 };
 
 }  // namespace orlo

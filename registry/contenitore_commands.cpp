@@ -3,7 +3,9 @@
 
 #include "ui_contenitore.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QTimer>
 
 #include <utility>
 
@@ -33,10 +35,13 @@ public:
         // What was pressed while an exchange waited falls on the shield, not on what follows.
         window_.workstation_.clock.ProcessPendingEvents();
         window_.running_ = false;
+        window_.ShowLastOutcome();
         window_.task_.clear();
         window_.ui_->LabelEsc->hide();
         Show();
         PointTo(Qt::ArrowCursor, Qt::IBeamCursor);
+        // A whole second of quiet: the line is no sooner free, and the outcome can be read.
+        window_.timer1_->start();
     }
 
     CommandScope(const CommandScope&) = delete;
@@ -73,6 +78,46 @@ void Contenitore::RunCommand(QAbstractButton* button, const QString& task, Escap
     }
     if (button->isEnabled()) button->setFocus();
     if (std::exchange(leave_after_command_, false)) AskToLeave();
+}
+
+// A caption that the pointer passes over is cleared: what it said is kept from when it was written.
+void Contenitore::HearOutcome(const QString& caption)
+{
+    if (running_ && !caption.isEmpty()) heard_outcome_ = caption;
+}
+
+void Contenitore::ShowLastOutcome()
+{
+    const QString heard = std::exchange(heard_outcome_, {});
+    const QString noted = std::exchange(noted_outcome_, {});
+    const QString outcome = noted.isEmpty() ? heard : noted;
+    if (outcome.isEmpty()) return;
+    // The task reads "Acquisizione in corso…".
+    ui_->LabelUltimoComando->setText(
+        tr("%1 %2, terminale %3: %4")
+            .arg(workstation_.clock.Time().toString(QStringLiteral("HH:mm:ss")),
+                 task_.section(QLatin1String(" in corso"), 0, 0),
+                 QString::number(SelectedTerminal()), outcome));
+}
+
+void Contenitore::StartTimer1()
+{
+    timer1_ = new QTimer(this);
+    timer1_->setObjectName(QStringLiteral("Timer1"));
+    timer1_->setInterval(1000);
+    connect(timer1_, &QTimer::timeout, this, &Contenitore::Timer1_Timer);
+    timer1_->start();
+}
+
+void Contenitore::Timer1_Timer()
+{
+    if (!periodic_read_ || running_ || !isVisible() || QApplication::activeModalWidget() != nullptr)
+        return;
+    const std::chrono::milliseconds start = workstation_.clock.Monotonic();
+    periodic_read_();
+    // Ticks that came due meanwhile would follow each other, and the operator would never have a
+    // turn.
+    if (workstation_.clock.Monotonic() - start >= timer1_->intervalAsDuration()) timer1_->start();
 }
 
 void Contenitore::closeEvent(QCloseEvent* event)

@@ -67,6 +67,7 @@ void Contenitore::ListaTerminali_Click()
         EnableObjectLinkControls(model == nullptr || model->family == LinkFamily::Object);
     }
     EnableByActivity(may_save_);
+    RefreshClockTerminal();
     CheckModem_Click();
     RefreshAvailability();
 }

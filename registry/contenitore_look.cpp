@@ -66,6 +66,8 @@ void Contenitore::DeriveLook()
     ui_->PannelloStato->SetRoom(QStringLiteral("0000000000"));
     ui_->PannelloVersione->SetRoom(QStringLiteral("0000000000"));
     ui_->PanelTentativi->SetRoom(QStringLiteral("00"));
+    ui_->LabelUltimoComando->SetRoom(
+        QStringLiteral("00:00:00 Test, terminale 00: Comunicazione OK"));
     ui_->PannelloTentativi->SetRoom(QStringLiteral("Tentativi00/00"));
     ui_->LabelAvviso->SetRoom(QStringLiteral("Terminale non attivo"));
 
@@ -74,6 +76,7 @@ void Contenitore::DeriveLook()
     ui_->LabelNomeCard->setMinimumWidth(Widest(metrics, {"Nome:", "Cod.Impianto:"}));
     ui_->LabelPercentuale->setMinimumWidth(Widest(metrics, {"Restano:", "Completato:"}));
     ui_->LabelScarto->setMinimumWidth(Widest(metrics, {"−00 min"}));
+    ui_->LabelOrologio->setMinimumWidth(Widest(metrics, {"Terminale 00:"}));
     ui_->LabelModifiche->setMinimumWidth(Widest(metrics, {"Modifiche non salvate"}));
     ui_->LabelTerminale->setMinimumWidth(QFontMetrics(ui_->LabelTerminale->font())
                                              .horizontalAdvance(QStringLiteral("Terminale n°00")));

@@ -23,6 +23,9 @@ public:
     /// nullptr when the port could not be opened or the current port is none of 1..4.
     SerialPortControl* Port() const { return port_; }
 
+    /// The port is not closed at the end; the next operation closes it.
+    void LeaveOpen() { opened_here_ = false; }
+
 private:
     Contenitore& window_;
     SerialPortControl* port_ = nullptr;

@@ -5,6 +5,7 @@
 #include "jet/recordset.h"
 #include "link/component_objects.h"
 #include "registry/terminal_record.h"
+#include "registry/terminal_type.h"
 
 #include <QString>
 
@@ -34,7 +35,9 @@ struct ProgramState {
     std::unique_ptr<ComponentObjects> Component;
     bool TelegramLinkOpen = false;
 
-    // Current-terminal block, rewritten before every command.
+    // Current-terminal block, rewritten before every command. CurrentModel: what the terminal was
+    // when it was prepared, nullptr before the first command and for a type that is none.
+    const TerminalModel* CurrentModel = nullptr;
     std::int16_t CurrentPort = 0;
     std::int32_t CurrentSpeed = 0;
     std::int16_t CurrentTerminalNumber = 0;

@@ -175,6 +175,8 @@ void TerminalForm::LayOutFor(int type_code)
     ui_.LabelTimbrature->setText(object ? QStringLiteral("Timbrature Flaggate:")
                                         : QStringLiteral("Timbrature In Memoria:"));
     ui_.LabelNomeCard->setText(object ? QStringLiteral("Nome:") : QStringLiteral("Cod.Impianto:"));
+    ui_.NomeCard->setAccessibleName(object ? QStringLiteral("Nome del formato badge")
+                                           : QStringLiteral("Codice impianto del badge"));
     // A stored name that is longer than the limit is shown cut.
     ui_.NomeCard->setMaxLength(object ? kObjectNameCardLimit : kSerialNameCardLimit);
     if (object) {

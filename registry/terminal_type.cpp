@@ -15,22 +15,27 @@ namespace
 constexpr std::string_view kCommonEntry = "9:";
 constexpr std::string_view kCommonExit = "12";
 
+constexpr StatusAnswerLayout kNoAnswer{0, 0, 0, 0};
+constexpr StatusAnswerLayout kWithWeekday{9, 10, 12, 8};
+constexpr StatusAnswerLayout kWithoutWeekday{10, 11, 8, 9};
+
 std::array<TerminalModel, 8> MakeModels()
 {
     using T = TerminalType;
     using F = LinkFamily;
     using C = MemoryCounting;
+    using W = StoreWait;
     const auto text = [](const char* latin) { return QString::fromLatin1(latin); };
     // clang-format off
     return {{
-        {T::Orlo,        text("Orlo"),        F::Object, QString(),     C::PointerPlusOne, kCommonEntry, kCommonExit, text("38400"), text("3"), text("7"), text("6"), text(",5")},
-        {T::Sipa,        text("Sipa"),        F::Object, QString(),     C::PointerPlusOne, kCommonEntry, kCommonExit, QString(),     text("3"), QString(), QString(), QString()},
-        {T::OrloII,      text("Orlo II"),     F::Serial, text("10000"), C::PointerPlusOne, kCommonEntry, kCommonExit, text("19200"), text("3"), QString(), QString(), QString()},
-        {T::Strale,      text("Strale"),      F::Serial, text("2500"),  C::PointerPlusOne, kCommonEntry, kCommonExit, text("9600"),  text("3"), QString(), QString(), QString()},
-        {T::StraleN,     text("Strale N"),    F::Serial, text("7000"),  C::PointerPlusOne, "9<",         "14",        text("9600"),  text("3"), QString(), QString(), QString()},
-        {T::Lumo,        text("Lumo"),        F::Serial, text("10000"), C::PointerPlusOne, "9<",         "14",        text("19200"), text("3"), QString(), QString(), QString()},
-        {T::OrloTre,     text("OrloTre"),     F::Serial, text("10000"), C::PointerIsCount, "98:",        "102",       text("19200"), text("3"), QString(), QString(), QString()},
-        {T::SuperStrale, text("SuperStrale"), F::Serial, text("10000"), C::PointerPlusOne, "9<",         "14",        text("19200"), text("3"), QString(), QString(), QString()},
+        {T::Orlo,        text("Orlo"),        F::Object, QString(),     C::PointerPlusOne, kCommonEntry, kCommonExit, kNoAnswer,        0, W::Usual, text("38400"), text("3"), text("7"), text("6"), text(",5")},
+        {T::Sipa,        text("Sipa"),        F::Object, QString(),     C::PointerPlusOne, kCommonEntry, kCommonExit, kNoAnswer,        0, W::Usual, QString(),     text("3"), QString(), QString(), QString()},
+        {T::OrloII,      text("Orlo II"),     F::Serial, text("10000"), C::PointerPlusOne, kCommonEntry, kCommonExit, kWithWeekday,     9, W::Usual, text("19200"), text("3"), QString(), QString(), QString()},
+        {T::Strale,      text("Strale"),      F::Serial, text("2500"),  C::PointerPlusOne, kCommonEntry, kCommonExit, kWithWeekday,     6, W::Usual, text("9600"),  text("3"), QString(), QString(), QString()},
+        {T::StraleN,     text("Strale N"),    F::Serial, text("7000"),  C::PointerPlusOne, "9<",         "14",        kWithWeekday,     6, W::Usual, text("9600"),  text("3"), QString(), QString(), QString()},
+        {T::Lumo,        text("Lumo"),        F::Serial, text("10000"), C::PointerPlusOne, "9<",         "14",        kWithWeekday,     9, W::Usual, text("19200"), text("3"), QString(), QString(), QString()},
+        {T::OrloTre,     text("OrloTre"),     F::Serial, text("10000"), C::PointerIsCount, "98:",        "102",       kWithoutWeekday,  9, W::Long,  text("19200"), text("3"), QString(), QString(), QString()},
+        {T::SuperStrale, text("SuperStrale"), F::Serial, text("10000"), C::PointerPlusOne, "9<",         "14",        kWithoutWeekday,  9, W::Long,  text("19200"), text("3"), QString(), QString(), QString()},
     }};
     // clang-format on
 }

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <span>
 #include <string_view>
 
@@ -30,6 +31,20 @@ enum class MemoryCounting {
     PointerIsCount,
 };
 
+/// Where a model's answer to "03" holds its fields; positions from 1.
+struct StatusAnswerLayout {
+    /// State at the beginning. Its last position is also the first of the version behind it: that
+    /// character is shown in both.
+    std::size_t state_length;
+    std::size_t date_position;
+    std::size_t date_length;
+    /// Time at the end.
+    std::size_t time_length;
+};
+
+/// How long a model may take to store the badge layout that it was sent.
+enum class StoreWait { Usual, Long };
+
 /// One row per model: everything that differs by model is here and nowhere else.
 struct TerminalModel {
     TerminalType type;
@@ -41,6 +56,11 @@ struct TerminalModel {
     /// Event characters that mean entry ("1") and exit ("2"); every other one is "0".
     std::string_view entry_events;
     std::string_view exit_events;
+    /// Without meaning for the models of the object link, which have no such telegrams.
+    StatusAnswerLayout status_answer;
+    /// Number of the first of the five badge parameters, which follow each other.
+    int first_badge_parameter;
+    StoreWait store_wait;
     /// Values that fields still empty or "0" receive when the model is picked; empty = none.
     QString default_speed;
     QString default_retries;

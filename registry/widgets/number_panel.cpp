@@ -23,7 +23,7 @@ QFont NumberPanel::PaintedFont() const
 
 QString NumberPanel::PaintedText() const
 {
-    return text().isEmpty() ? QStringLiteral("–") : text();
+    return text().isEmpty() ? QStringLiteral("–") : text().trimmed();
 }
 
 }  // namespace orlo

@@ -6,6 +6,7 @@ namespace orlo
 {
 
 /// A counter or a time in large digits; an empty one is painted as a dash, its text stays empty.
+/// Blanks around it (the time that some models answer begins with one) are not painted.
 class NumberPanel : public ElidedPanel
 {
     Q_OBJECT

@@ -29,9 +29,10 @@ TEST(CommandLine, DefaultsAreThoseOfTheInstalledProgram)
 
 TEST(CommandLine, OptionsAreTaken)
 {
-    const ParsedCommandLine parsed = Parse(
-        {"--configurazione", "/x/C.ini", "--componente", "x.so", "--com2", "/dev/ttyUSB0", "--tema",
-         "scuro", "--traccia=/x/t.txt", "--acquisisci", "4,1,4,32", "--file", "P.TXT"});
+    const ParsedCommandLine parsed =
+        Parse({"--configurazione", "/x/C.ini", "--componente", "x.so", "--com2", "/dev/ttyUSB0",
+               "--tema", "scuro", "--traccia=/x/t.txt", "--acquisisci", "4,1,4,32", "--file",
+               "P.TXT", "--sincronizza", "7,2,7"});
     ASSERT_FALSE(parsed.message);
     const CommandLine& line = parsed.command_line;
     EXPECT_EQ(line.configuration_file, QStringLiteral("/x/C.ini"));
@@ -40,8 +41,14 @@ TEST(CommandLine, OptionsAreTaken)
     EXPECT_EQ(line.theme, Theme::Dark);
     EXPECT_EQ(line.trace_file, QStringLiteral("/x/t.txt"));
     EXPECT_EQ(line.acquire, (std::vector<int>{4, 1, 32})) << "each once, in the order given";
+    EXPECT_EQ(line.set_clock, (std::vector<int>{7, 2}));
     EXPECT_EQ(line.punch_file, QStringLiteral("P.TXT"));
     EXPECT_TRUE(line.Unattended());
+}
+
+TEST(CommandLine, SettingClocksIsUnattendedToo)
+{
+    EXPECT_TRUE(Parse({"--sincronizza", "3"}).command_line.Unattended());
 }
 
 TEST(CommandLine, WrongUsageIsExplained)
@@ -53,6 +60,11 @@ TEST(CommandLine, WrongUsageIsExplained)
         {"--acquisisci", "x"},
         {"--acquisisci", ""},
         {"--acquisisci"},
+        {"--sincronizza", "0"},
+        {"--sincronizza", "1,33"},
+        {"--sincronizza", "x"},
+        {"--sincronizza"},
+        {"--sincronizza", "1", "--file", "P.TXT"},
         {"--tema", "verde"},
         {"--sconosciuta"},
         {"parola"},
@@ -72,8 +84,9 @@ TEST(CommandLine, HelpIsItalianAndNamesEveryOption)
     const ParsedCommandLine parsed = Parse({"--help"});
     ASSERT_TRUE(parsed.message);
     EXPECT_FALSE(parsed.message->is_error);
-    for (const char* option : {"--configurazione", "--com1", "--com4", "--componente",
-                               "--acquisisci", "--file", "--tema", "--traccia", "--help"})
+    for (const char* option :
+         {"--configurazione", "--com1", "--com4", "--componente", "--acquisisci", "--sincronizza",
+          "--file", "--tema", "--traccia", "--help"})
         EXPECT_TRUE(parsed.message->text.contains(QString::fromLatin1(option))) << option;
     EXPECT_TRUE(parsed.message->text.contains(QStringLiteral("Mostra questo aiuto.")));
 }

@@ -25,19 +25,19 @@ protected:
     QSignalSpy leave{&window, &Contenitore::LeaveRequested};
 };
 
-const char* const kCommands[] = {"cmdAcquisisce", "cmdSfoglia",    "cmdSincro",
-                                 "cmdTest",       "cmdSuonerie",   "cmdMonitorTimbrature",
-                                 "cmdComandi",    "cmdRiceveCard", "cmdTrasmetteCard",
-                                 "cmdAggiorna",   "cmdLogIn",      "cmdLogOff",
-                                 "cmdUscita"};
+const char* const kCommands[] = {
+    "cmdAcquisisce", "cmdSfoglia",       "cmdLeggeOra",          "cmdSincro",
+    "cmdTest",       "cmdSuonerie",      "cmdMonitorTimbrature", "cmdComandi",
+    "cmdRiceveCard", "cmdTrasmetteCard", "cmdAggiorna",          "cmdLogIn",
+    "cmdLogOff",     "cmdUscita"};
 
 TEST_F(ContenitoreCommands, OnlyBuiltFeaturesHaveAnEnabledButton)
 {
     for (const char* name : {"cmdAcquisisce", "cmdSfoglia", "cmdAggiorna", "cmdUscita"})
         EXPECT_TRUE(Enabled(name)) << name;
     for (const char* name :
-         {"cmdSincro", "cmdTest", "cmdSuonerie", "cmdMonitorTimbrature", "cmdComandi",
-          "cmdRiceveCard", "cmdTrasmetteCard", "cmdLogIn", "cmdLogOff"}) {
+         {"cmdLeggeOra", "cmdSincro", "cmdTest", "cmdSuonerie", "cmdMonitorTimbrature",
+          "cmdComandi", "cmdRiceveCard", "cmdTrasmetteCard", "cmdLogIn", "cmdLogOff"}) {
         EXPECT_FALSE(Enabled(name)) << name;
         EXPECT_FALSE(Control(name).toolTip().isEmpty()) << name;
     }
@@ -160,6 +160,39 @@ TEST_F(ContenitoreCommands, ThePointerIsAnHourglassOverAllButTheStrip)
     });
     EXPECT_EQ(shape("PaginaTerminale"), Qt::ArrowCursor);
     EXPECT_EQ(shape("CampoDescrizione"), Qt::IBeamCursor);
+}
+
+TEST_F(ContenitoreCommands, OutcomeStaysReadableWhenItsCaptionIsGone)
+{
+    auto& caption = Control<OutcomePanel>("PannelloComunicazione");
+    Run([&] {
+        caption.setText(QStringLiteral("RX Error"));
+        caption.setText(QStringLiteral("Comunicazione OK"));
+        // As when the pointer passes over it.
+        caption.clear();
+    });
+    const QString outcome = QStringLiteral("14:07:09 Acquisizione, terminale 1: Comunicazione OK");
+    EXPECT_EQ(TextOf("LabelUltimoComando"), outcome);
+    caption.setText(QStringLiteral("Timeout"));
+    EXPECT_EQ(TextOf("LabelUltimoComando"), outcome);
+}
+
+TEST_F(ContenitoreCommands, OutcomeOfACommandThatHadNoneIsThatOfTheOneBefore)
+{
+    Run([this] { window.NoteOutcome(QStringLiteral("Errore = ER")); });
+    Press("cmdAggiorna");
+    EXPECT_EQ(TextOf("LabelUltimoComando"),
+              QStringLiteral("14:07:09 Acquisizione, terminale 1: Errore = ER"));
+}
+
+TEST_F(ContenitoreCommands, NotedOutcomeCountsMoreThanTheCaption)
+{
+    Run([this] {
+        window.NoteOutcome(QStringLiteral("risposte 5 su 5"));
+        Control<OutcomePanel>("PannelloComunicazione").setText(QStringLiteral("Timeout"));
+    });
+    EXPECT_EQ(TextOf("LabelUltimoComando"),
+              QStringLiteral("14:07:09 Acquisizione, terminale 1: risposte 5 su 5"));
 }
 
 TEST_F(ContenitoreCommands, ASecondOneDoesNotRunInsideTheFirst)

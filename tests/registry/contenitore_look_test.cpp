@@ -83,6 +83,9 @@ TEST_F(ContenitoreLook, EveryGivenNameIsFound)
                              "OraTerminale",
                              "DataTerminale",
                              "Sistema",
+                             "cmdLeggeOra",
+                             "LabelOrologio",
+                             "LabelUltimoComando",
                              "cmdSincro",
                              "cmdTest",
                              "PannelloStato",
@@ -195,10 +198,11 @@ TEST_F(ContenitoreLook, NothingMovesBetweenTypesAndStates)
 {
     AllTypes();
     const char* const watched[] = {
-        "ListaTerminali",   "PannelloTimbrature",    "cmdAcquisisce", "cmdTest",
-        "CampoDescrizione", "ComboVelocita",         "Tentativi",     "LenBadge",
-        "cmdAggiorna",      "PannelloComunicazione", "cmdLogOff",     "cmdUscita",
-        "NumeroTelefono",   "Abilitazione"};
+        "ListaTerminali",     "PannelloTimbrature",    "cmdAcquisisce", "cmdTest",
+        "CampoDescrizione",   "ComboVelocita",         "Tentativi",     "LenBadge",
+        "cmdAggiorna",        "PannelloComunicazione", "cmdLogOff",     "cmdUscita",
+        "LabelUltimoComando", "cmdLeggeOra",           "LabelScarto",   "NumeroTelefono",
+        "Abilitazione"};
     std::map<std::string, QRect> places;
     QSize smallest;
     const auto look = [&](const std::string& when) {

@@ -1,0 +1,71 @@
+#include "badge/formato_badge.h"
+
+#include "badge/object_formato_badge.h"
+#include "badge/serial_formato_badge.h"
+#include "registry/component_call.h"
+
+namespace orlo
+{
+
+namespace
+{
+
+/// Drops and raises DTR on the line of an Orlo that was talked to, modem or not.
+void ResetObjectLine(Contenitore& window)
+{
+    const ProgramState& state = window.State();
+    const TerminalModel* const model = window.ShownModel();
+    if (model == nullptr || model->type != TerminalType::Orlo || !state.TelegramLinkOpen ||
+        state.Component == nullptr)
+        return;
+    state.Component->TelegramObject->DTR(false);
+    state.Component->TelegramObject->DTR(true);
+    window.Station().clock.ProcessPendingEvents();
+}
+
+/// The frame of both buttons. The line is reset behind a failure too.
+void DoBadgeCommand(Contenitore& window, const std::function<void()>& work)
+{
+    window.AzzeraLabel();
+    GuardComponentCalls(window, [&] {
+        if (window.PrepareCurrentTerminal()) work();
+    });
+    GuardComponentCalls(window, [&window] { ResetObjectLine(window); });
+}
+
+}  // namespace
+
+void cmdRiceveCard_Click(Contenitore& window, const std::function<void()>& read_clock)
+{
+    DoBadgeCommand(window, [&] {
+        LeggeFormatoBadge(window);
+        read_clock();
+    });
+}
+
+void cmdTrasmetteCard_Click(Contenitore& window)
+{
+    DoBadgeCommand(window, [&window] { SpedisceFormatoBadge(window); });
+}
+
+void LeggeFormatoBadge(Contenitore& window)
+{
+    const TerminalModel* const model = window.ShownModel();
+    if (model == nullptr) return;
+    if (model->family == LinkFamily::Serial)
+        ReadSerialBadgeFormat(window, *model);
+    else
+        ReadObjectBadgeFormat(window);
+}
+
+void SpedisceFormatoBadge(Contenitore& window)
+{
+    const TerminalModel* const model = window.ShownModel();
+    if (model == nullptr) return;
+    if (model->family == LinkFamily::Serial)
+        SendSerialBadgeFormat(window, *model);
+    else
+        SendObjectBadgeFormat(window);
+}
+
+}  // namespace orlo

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "registry/contenitore.h"
+
+namespace orlo
+{
+
+/// Behind a command: the modem of an Orlo hangs up, as a line costs money; that of a Sipa is not
+/// pulsed.
+void HangUpBehindCommand(Contenitore& window);
+
+}  // namespace orlo

@@ -1,0 +1,26 @@
+#include "status/terminal_question.h"
+
+#include "link/exchange.h"
+#include "link/telegram.h"
+#include "registry/contenitore_controls.h"
+#include "registry/windows_1252.h"
+
+namespace orlo
+{
+
+std::string AskTerminal(Contenitore& window, SerialPortControl& port, std::string_view command)
+{
+    std::string answer =
+        ExchangeTelegram(window.Station(), port, window.State().CurrentTerminalNumber, command);
+    window.Controls().PannelloComunicazione->setText(
+        answer == kTimeout ? QStringLiteral("Timeout") : QStringLiteral("Comunicazione OK"));
+    return answer;
+}
+
+QString AnswerText(std::string_view answer)
+{
+    return FromWindows1252(
+        QByteArray(answer.data(), static_cast<QByteArray::size_type>(answer.size())));
+}
+
+}  // namespace orlo

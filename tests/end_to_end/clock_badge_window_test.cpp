@@ -1,0 +1,171 @@
+#include "app/desk.h"
+#include "registry/contenitore_controls.h"
+#include "registry/start_up.h"
+#include "registry/terminal_lines.h"
+#include "tests/end_to_end/installation.h"
+#include "tests/support/test_workstation.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace orlo::end_to_end
+{
+namespace
+{
+
+struct Model {
+    const char* test_name;
+    const char* name;
+    int type;
+    bool serial;
+};
+
+void PrintTo(const Model& model, std::ostream* out)
+{
+    *out << model.name;
+}
+
+const Model kModels[] = {
+    {"Orlo", "Orlo", 1, false},       {"Sipa", "Sipa", 2, false},
+    {"OrloII", "Orlo II", 3, true},   {"Strale", "Strale", 4, true},
+    {"StraleN", "Strale N", 5, true}, {"Lumo", "Lumo", 6, true},
+    {"OrloTre", "OrloTre", 7, true},  {"SuperStrale", "SuperStrale", 8, true},
+};
+
+/// The program's own window, with its buttons wired, over a simulated line with terminal 7.
+class WindowOnALine : public ::testing::TestWithParam<Model>
+{
+protected:
+    const Installation installation;
+    std::unique_ptr<SimulatedLine> line;
+    orlo::testing::FakeDialog dialog;
+    NoTrace trace;
+    std::unique_ptr<Desk> desk;
+
+    ~WindowOnALine() override
+    {
+        if (desk) CloseRegister(desk->State());
+    }
+
+    void Start(const std::string& settings, std::vector<std::string> more = {})
+    {
+        std::vector<std::string> arguments = {
+            "--terminale", std::string("numero=7,modello=") + GetParam().name + settings};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        line = installation.Simulate(arguments);
+        installation.Register({{.terminal = 7, .type = GetParam().type}});
+        CommandLine command_line;
+        command_line.configuration_file = Path("Configurazione.ini");
+        command_line.devices[0] = Path("com1");
+        command_line.component_file = QStringLiteral(ORLO_COMPONENT_PATH);
+        desk = std::make_unique<Desk>(command_line, dialog, trace);
+        const StartUpOutcome start_up =
+            StartUp(desk->Window(), command_line.configuration_file, desk->Component());
+        ASSERT_EQ(start_up.end, StartUpOutcome::End::Complete) << start_up.reason.toStdString();
+        ASSERT_TRUE(SelectTerminal(desk->Window(), 7));
+        desk->Window().show();
+    }
+
+    QString Path(const char* name) const
+    {
+        return QString::fromStdString(installation.PathOf(name));
+    }
+    const Ui::Contenitore& Controls() { return desk->Window().Controls(); }
+
+    /// Presses a button; what the window says of the outcome, without its time.
+    QString Press(QPushButton* button)
+    {
+        button->click();
+        return Controls().LabelUltimoComando->text().section(u' ', 1);
+    }
+    QStringList Layout()
+    {
+        QStringList texts;
+        for (const QLineEdit* field :
+             {Controls().InizioImpianto, Controls().LenImpianto, Controls().InizioBadge,
+              Controls().LenBadge, Controls().NomeCard})
+            texts << field->text();
+        return texts;
+    }
+    void Enter(const QStringList& texts)
+    {
+        QLineEdit* const fields[] = {Controls().InizioImpianto, Controls().LenImpianto,
+                                     Controls().InizioBadge, Controls().LenBadge,
+                                     Controls().NomeCard};
+        for (qsizetype i = 0; i < texts.size(); ++i) fields[i]->setText(texts[i]);
+    }
+};
+
+TEST_P(WindowOnALine, TestShowsTheTerminalAndItsMemory)
+{
+    Start(",timbrature=12,acquisite=5");
+    EXPECT_EQ(Press(Controls().cmdTest), QStringLiteral("Test, terminale 7: Comunicazione OK"));
+    EXPECT_EQ(Controls().PannelloAcquisire->text(), QStringLiteral("7"));
+    EXPECT_FALSE(Controls().PannelloVersione->text().isEmpty());
+    EXPECT_EQ(Controls().PannelloStato->text().isEmpty(), !GetParam().serial);
+}
+
+TEST_P(WindowOnALine, ClockIsReadSetAndReadAgain)
+{
+    Start(",scarto=-95");
+    EXPECT_EQ(Press(Controls().cmdLeggeOra),
+              QStringLiteral("Lettura dell'ora, terminale 7: Comunicazione OK"));
+    EXPECT_EQ(Controls().LabelScarto->text(), QStringLiteral("−1 min"));
+    EXPECT_EQ(Press(Controls().cmdSincro),
+              QStringLiteral("Sincronizzazione, terminale 7: Comunicazione OK"));
+    EXPECT_LE(std::abs(std::stoi(line->State("7.scarto"))), 1);
+    Press(Controls().cmdLeggeOra);
+    // A second may have ended between two of the readings.
+    const QStringList together = {QStringLiteral("−1 s"), QStringLiteral("0 s"),
+                                  QStringLiteral("+1 s")};
+    EXPECT_TRUE(together.contains(Controls().LabelScarto->text()))
+        << Controls().LabelScarto->text().toStdString();
+    EXPECT_TRUE(dialog.told.empty());
+}
+
+TEST_P(WindowOnALine, BadgeLayoutIsReadBackAsItWasSent)
+{
+    Start("");
+    const QStringList sent = {QStringLiteral("3"), QStringLiteral("4"), QStringLiteral("9"),
+                              QStringLiteral("10"), QStringLiteral("1275")};
+    Enter(sent);
+    Press(Controls().cmdTrasmetteCard);
+    EXPECT_EQ(dialog.told.size(), GetParam().serial ? 0U : 1U);
+    Enter({QString(), QString(), QString(), QString(), QString()});
+    Press(Controls().cmdRiceveCard);
+    EXPECT_EQ(Layout(), sent);
+    EXPECT_FALSE(Controls().OraTerminale->text().isEmpty());
+    if (GetParam().serial) {
+        EXPECT_EQ(Controls().LabelUltimoComando->text().section(u' ', 1),
+                  QStringLiteral("Lettura badge, terminale 7: risposte 5 su 5"));
+    }
+}
+
+TEST_P(WindowOnALine, OnlyASerialClockIsReadAgainByItself)
+{
+    Start("");
+    Press(Controls().cmdTest);
+    Controls().OraTerminale->clear();
+    const bool read = QTest::qWaitFor([this] { return !Controls().OraTerminale->text().isEmpty(); },
+                                      GetParam().serial ? 5000 : 1500);
+    EXPECT_EQ(read, GetParam().serial);
+}
+
+TEST_P(WindowOnALine, SilentTerminalIsSaidToBeAndTheNextTestWorks)
+{
+    // The first request of a test, whatever the model calls it.
+    Start("", {"--guasto", "1:richiesta-persa"});
+    Press(Controls().cmdTest);
+    if (GetParam().serial)
+        EXPECT_EQ(Controls().PannelloComunicazione->text(), QStringLiteral("Timeout"));
+    else
+        EXPECT_EQ(Controls().PannelloStato->text(), QStringLiteral("Errore:99,Time Out"));
+    EXPECT_EQ(Press(Controls().cmdTest), QStringLiteral("Test, terminale 7: Comunicazione OK"));
+}
+
+INSTANTIATE_TEST_SUITE_P(EndToEnd, WindowOnALine, ::testing::ValuesIn(kModels),
+                         [](const auto& model) { return model.param.test_name; });
+
+}  // namespace
+}  // namespace orlo::end_to_end

@@ -1,0 +1,212 @@
+#include "link/qt_serial_port.h"
+#include "link/system_clock.h"
+#include "status/legge_data_ora.h"
+#include "tests/support/connected_window.h"
+#include "tests/support/pseudo_terminal.h"
+
+#include <QDialog>
+#include <QTest>
+#include <QTimer>
+
+namespace orlo::testing
+{
+namespace
+{
+
+class Timer1Test : public ConnectedWindow
+{
+protected:
+    QTimer* timer = window.findChild<QTimer*>(QStringLiteral("Timer1"));
+    int ticks = 0;
+
+    void SetUp() override
+    {
+        ConnectedWindow::SetUp();
+        ASSERT_NE(timer, nullptr);
+        QObject::connect(timer, &QTimer::timeout, &window, [this] { ++ticks; });
+        window.SetPeriodicRead([this] { Timer1_Timer(window); });
+        window.show();
+    }
+
+    void Prepare() { window.PrepareCurrentTerminal(); }
+
+    /// Lets the timer fire three times, faster than in daily life.
+    void WaitForTicks()
+    {
+        timer->setInterval(1);
+        const int last = ticks + 3;
+        ASSERT_TRUE(QTest::qWaitFor([&] { return ticks >= last; }));
+    }
+};
+
+TEST_F(Timer1Test, FiresEverySecondFromTheStart)
+{
+    EXPECT_EQ(timer->interval(), 1000);
+    EXPECT_TRUE(timer->isActive());
+    EXPECT_FALSE(timer->isSingleShot());
+}
+
+TEST_F(Timer1Test, SendsNothingBeforeATerminalWasPrepared)
+{
+    Connect(QStringLiteral("Strale"));
+    WaitForTicks();
+    EXPECT_TRUE(pc.com1.sent.empty());
+    EXPECT_EQ(Outcome(), QString());
+}
+
+TEST_F(Timer1Test, ReadsThePreparedTerminalEveryTime)
+{
+    Connect(QStringLiteral("Strale"), "scarto=2");
+    Prepare();
+    WaitForTicks();
+    EXPECT_GE(commands.size(), 3);
+    EXPECT_EQ(commands.count(QStringLiteral("03")), commands.size());
+    EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK"));
+    EXPECT_EQ(Controls().OraTerminale->text(), QStringLiteral("08:00:02"));
+    EXPECT_EQ(Controls().LabelScarto->text(), QStringLiteral("+2 s"));
+    EXPECT_FALSE(pc.com1.PortOpen());
+}
+
+TEST_F(Timer1Test, ReadsItByTheModelThatItHadWhenAnotherIsSelected)
+{
+    Connect(QStringLiteral("OrloTre"));
+    Register(5, QStringLiteral("Strale"));
+    Prepare();
+    window.SelectTerminalLine(1);
+    WaitForTicks();
+    EXPECT_EQ(Controls().DataTerminale->text(), QStringLiteral("05/03/26"));
+    EXPECT_EQ(Controls().LabelOrologio->text(), QStringLiteral("Terminale 4:"));
+    EXPECT_TRUE(Controls().LabelOrologio->font().bold());
+}
+
+TEST_F(Timer1Test, DoesNothingForOrloAndSipa)
+{
+    for (const char* model : {"Orlo", "Sipa"}) {
+        Controls().ListaTerminali->clear();
+        Connect(QStringLiteral("Strale"));
+        Register(kTerminal, QString::fromLatin1(model));
+        window.SelectTerminalLine(1);
+        Prepare();
+        WaitForTicks();
+        EXPECT_TRUE(commands.isEmpty()) << model;
+    }
+}
+
+TEST_F(Timer1Test, DoesNothingWhileACommandRuns)
+{
+    Connect(QStringLiteral("Strale"));
+    Prepare();
+    window.RunCommand(Controls().cmdUscita, QStringLiteral("Prova in corso…"), EscapeUse::Ignored,
+                      [this] {
+                          const QStringList before = commands;
+                          WaitForTicks();
+                          EXPECT_EQ(commands, before);
+                      });
+    WaitForTicks();
+    EXPECT_FALSE(commands.isEmpty());
+}
+
+TEST_F(Timer1Test, IsStartedAnewBehindACommand)
+{
+    window.RunCommand(Controls().cmdUscita, QStringLiteral("Prova in corso…"), EscapeUse::Ignored,
+                      [this] { timer->stop(); });
+    EXPECT_TRUE(timer->isActive());
+}
+
+TEST_F(Timer1Test, DoesNothingWhileAnotherWindowWaits)
+{
+    Connect(QStringLiteral("Strale"));
+    Prepare();
+    QDialog dialog(&window);
+    dialog.setModal(true);
+    dialog.show();
+    const QStringList before = commands;
+    WaitForTicks();
+    EXPECT_EQ(commands, before);
+}
+
+TEST_F(Timer1Test, DoesNothingWhileTheWindowIsNotShown)
+{
+    Connect(QStringLiteral("Strale"));
+    Prepare();
+    window.hide();
+    WaitForTicks();
+    EXPECT_TRUE(commands.isEmpty());
+}
+
+TEST_F(Timer1Test, BeginsNoWaitThatWouldSpanMidnight)
+{
+    Connect(QStringLiteral("Strale"));
+    Prepare();
+    pc.clock.SetTimeOfDay(QTime(23, 59, 57, 100));
+    Timer1_Timer(window);
+    EXPECT_TRUE(commands.isEmpty());
+    pc.clock.SetTimeOfDay(QTime(23, 59, 56));
+    Timer1_Timer(window);
+    EXPECT_EQ(commands, QStringList{QStringLiteral("03")});
+}
+
+TEST_F(Timer1Test, LeavesTheOutcomeOfTheLastCommandInItsOwnLine)
+{
+    Connect(QStringLiteral("Strale"), {}, {"2*:silenzio"});
+    window.RunCommand(Controls().cmdLeggeOra, QStringLiteral("Lettura dell'ora in corso…"),
+                      EscapeUse::Ignored, [this] { cmdLeggeOra_Click(window); });
+    const QString line_text =
+        QStringLiteral("08:00:00 Lettura dell'ora, terminale 4: Comunicazione OK");
+    EXPECT_EQ(Controls().LabelUltimoComando->text(), line_text);
+    pc.com1.answer_to = nullptr;
+    WaitForTicks();
+    EXPECT_EQ(Outcome(), QStringLiteral("Timeout"));
+    EXPECT_EQ(Controls().LabelUltimoComando->text(), line_text);
+}
+
+/// With the PC's own clock and a line on which nobody answers.
+TEST(Timer1, SilentTerminalLeavesTheWindowATurnBetweenTwoReads)
+{
+    const PseudoTerminal silent;
+    PortDevices devices;
+    devices[0] = QString::fromStdString(silent.SlaveName());
+    SystemClock clock;
+    FakeDialog dialog;
+    FakeEscape escape;
+    NoTrace trace;
+    QtSerialPort port(devices, trace);
+    Workstation station{clock, dialog, escape, trace, {&port}};
+    ProgramState state;
+    Contenitore window(state, station);
+    window.show();
+    state.CurrentModel = ModelByName(QStringLiteral("Strale"));
+    state.CurrentPort = 1;
+    state.CurrentSpeed = 9600;
+    state.CurrentTerminalNumber = 4;
+
+    int reads = 0;
+    int turns = 0;
+    std::chrono::milliseconds end_of_last{0};
+    std::chrono::milliseconds longest_wait_for_a_turn{0};
+    window.SetPeriodicRead([&] {
+        const std::chrono::milliseconds start = clock.Monotonic();
+        if (reads++ > 0) {
+            EXPECT_GE((start - end_of_last).count(), 900) << "a whole interval between two reads";
+        }
+        // What an operator does just as a read begins.
+        QMetaObject::invokeMethod(
+            &window,
+            [&, start] {
+                longest_wait_for_a_turn =
+                    std::max(longest_wait_for_a_turn, clock.Monotonic() - start);
+                ++turns;
+            },
+            Qt::QueuedConnection);
+        Timer1_Timer(window);
+        end_of_last = clock.Monotonic();
+        EXPECT_GE((end_of_last - start).count(), 1900) << "it ought to have timed out";
+    });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return turns >= 3; }, 20'000));
+    EXPECT_EQ(reads, turns);
+    EXPECT_LT(longest_wait_for_a_turn.count(), 3000);
+    EXPECT_EQ(window.Controls().PannelloComunicazione->text(), QStringLiteral("Timeout"));
+}
+
+}  // namespace
+}  // namespace orlo::testing
