@@ -24,7 +24,7 @@ constexpr int kManyRows = 100'000;
 std::filesystem::path Folder()
 {
     static const auto folder = [] {
-        const auto path = std::filesystem::current_path() / "jet-benchmark";
+        auto path = std::filesystem::current_path() / "jet-benchmark";
         std::filesystem::remove_all(path);
         std::filesystem::create_directories(path);
         return path;
@@ -34,7 +34,7 @@ std::filesystem::path Folder()
 
 std::filesystem::path CopyOf(const char* sample)
 {
-    const auto path = Folder() / sample;
+    auto path = Folder() / sample;
     std::filesystem::copy_file(std::filesystem::path(SAMPLE_FOLDER) / sample, path,
                                std::filesystem::copy_options::overwrite_existing);
     return path;
@@ -65,7 +65,7 @@ void CreateMany(jet::Database& database)
 const std::filesystem::path& ManyRows()
 {
     static const auto path = [] {
-        const auto file = Folder() / "grande.mdb";
+        auto file = Folder() / "grande.mdb";
         jet::Database::Create(file, jet::Version::Jet4);
         const auto database = jet::Database::Open(file, jet::OpenMode::ReadWrite);
         CreateMany(*database);

@@ -61,7 +61,7 @@ ScratchFolder::~ScratchFolder()
 
 std::filesystem::path ScratchFolder::Write(std::string_view name, const FileBytes& bytes) const
 {
-    const auto path = path_ / name;
+    auto path = path_ / name;
     std::ofstream out(path, std::ios::binary);
     std::ranges::copy(bytes, std::ostreambuf_iterator<char>(out));
     if (!out.flush()) {
