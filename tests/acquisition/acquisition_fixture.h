@@ -46,6 +46,7 @@ protected:
     {
         Register(model, /*retries=*/3);
         std::vector<simulator::FaultRule> rules;
+        rules.reserve(faults.size());
         for (const std::string& fault : faults) rules.push_back(simulator::ParseFaultRule(fault));
         const std::string terminal = "numero=4,modello=" + std::string(model) + "," + settings;
         line.emplace(simulator::LineSettings{},
