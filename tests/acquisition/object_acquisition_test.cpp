@@ -27,22 +27,22 @@ TEST_F(ObjectAcquisition, EmptiesTheTerminalRecordByRecord)
     EXPECT_EQ(Controls().PanelTentativi->text(), QString());
 }
 
-TEST_F(ObjectAcquisition, CallsTheComponentInThisOrder)
+class ObjectModel : public ObjectAcquisition, public ::testing::WithParamInterface<const char*>
 {
-    for (const char* model : {"Orlo", "Sipa"}) {
-        Restart();
-        Connect(model);
-        component.records.clear();
-        Punches({"11", "22"});
-        EXPECT_TRUE(Acquire().done);
-        EXPECT_THAT(
-            component.calls,
-            ElementsAre("OpenComunication(1, 9600)", "GetRecordsInfo(4, 7)", "GetRecordsInfo(4, 7)",
-                        "GetNextRecord(4, \"7\")", "SetAsDeleted()", "GetNextRecord(4, \"7\")",
-                        "SetAsDeleted()", "GetNextRecord(4, \"7\")"))
-            << model;
-    }
+};
+
+TEST_P(ObjectModel, CallsTheComponentInThisOrder)
+{
+    Connect(GetParam());
+    Punches({"11", "22"});
+    EXPECT_TRUE(Acquire().done);
+    EXPECT_THAT(component.calls, ElementsAre("OpenComunication(1, 9600)", "GetRecordsInfo(4, 7)",
+                                             "GetRecordsInfo(4, 7)", "GetNextRecord(4, \"7\")",
+                                             "SetAsDeleted()", "GetNextRecord(4, \"7\")",
+                                             "SetAsDeleted()", "GetNextRecord(4, \"7\")"));
 }
+
+INSTANTIATE_TEST_SUITE_P(Both, ObjectModel, ::testing::Values("Orlo", "Sipa"));
 
 TEST_F(ObjectAcquisition, CountersAreShownAndFollowEveryRecord)
 {
