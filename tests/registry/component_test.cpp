@@ -46,22 +46,38 @@ protected:
         window.AddTerminalLine(ListLine(7, slot, slot.Descrizione));
         window.SelectTerminalLine(window.Controls().ListaTerminali->count() - 1);
     }
+    void Throw(const char* member, const char* text)
+    {
+        component.on_call = [member, text](const std::string& call) {
+            if (call.starts_with(member)) throw std::runtime_error(text);
+        };
+    }
     QString Outcome() const { return window.Controls().PannelloComunicazione->text(); }
 };
 
-TEST_F(ComponentTest, PreparingTwiceEndsOnceAndOpensTwice)
+class PreparingTwice : public ComponentTest, public ::testing::WithParamInterface<TerminalType>
 {
-    for (const TerminalType type : {TerminalType::Orlo, TerminalType::Sipa}) {
-        component.calls.clear();
-        state.TelegramLinkOpen = false;
-        state.Component = component.Make();
-        Select(type);
-        EXPECT_TRUE(window.PrepareCurrentTerminal());
-        EXPECT_TRUE(state.TelegramLinkOpen);
-        EXPECT_TRUE(window.PrepareCurrentTerminal());
-        EXPECT_THAT(component.calls, ElementsAre("OpenComunication(2, 38400)", "endcomunication()",
-                                                 "OpenComunication(2, 38400)"));
-    }
+};
+
+TEST_P(PreparingTwice, EndsOnceAndOpensTwice)
+{
+    state.Component = component.Make();
+    Select(GetParam());
+    EXPECT_TRUE(window.PrepareCurrentTerminal());
+    EXPECT_TRUE(window.PrepareCurrentTerminal());
+    EXPECT_THAT(component.calls, ElementsAre("OpenComunication(2, 38400)", "endcomunication()",
+                                             "OpenComunication(2, 38400)"));
+}
+
+INSTANTIATE_TEST_SUITE_P(ObjectModels, PreparingTwice,
+                         ::testing::Values(TerminalType::Orlo, TerminalType::Sipa));
+
+TEST_F(ComponentTest, PreparingOpensTheLinkAndKeepsTheBlock)
+{
+    state.Component = component.Make();
+    Select(TerminalType::Orlo);
+    EXPECT_TRUE(window.PrepareCurrentTerminal());
+    EXPECT_TRUE(state.TelegramLinkOpen);
     EXPECT_EQ(state.CurrentPort, 2) << "what the component does to its arguments stays there";
     EXPECT_EQ(state.CurrentSpeed, 38400);
 }
@@ -100,9 +116,7 @@ TEST_F(ComponentTest, MissingComponentIsSaidAndNothingIsCalled)
 TEST_F(ComponentTest, OpeningThatThrowsIsACaptionAndTheLinkCountsAsClosed)
 {
     state.Component = component.Make();
-    component.on_call = [](const std::string& call) {
-        if (call.starts_with("Open")) throw std::runtime_error("porta guasta");
-    };
+    Throw("OpenComunication", "porta guasta");
     Select(TerminalType::Orlo);
     EXPECT_FALSE(window.PrepareCurrentTerminal());
     EXPECT_EQ(Outcome(), QStringLiteral("Errore del componente: porta guasta"));
@@ -114,12 +128,10 @@ TEST_F(ComponentTest, ClosingThatThrowsIsNotTriedForEver)
     state.Component = component.Make();
     Select(TerminalType::Orlo);
     ASSERT_TRUE(window.PrepareCurrentTerminal());
-    component.on_call = [](const std::string& call) {
-        if (call.starts_with("end")) throw std::runtime_error("chiusura");
-    };
+    Throw("endcomunication", "chiusura");
     EXPECT_FALSE(window.PrepareCurrentTerminal());
     EXPECT_TRUE(window.PrepareCurrentTerminal());
-    EXPECT_EQ(component.CallsOf("endcomunication").size(), 1U);
+    EXPECT_THAT(component.CallsOf("endcomunication"), ElementsAre("endcomunication()"));
 }
 
 TEST_F(ComponentTest, PulseActsOnlyBehindAModem)
@@ -130,6 +142,12 @@ TEST_F(ComponentTest, PulseActsOnlyBehindAModem)
     state.CurrentModem = true;
     EXPECT_TRUE(window.PulseModemLine());
     EXPECT_THAT(component.calls, ElementsAre("DTR(false)", "DTR(true)"));
+}
+
+TEST_F(ComponentTest, PulseThatThrowsIsACaption)
+{
+    state.Component = component.Make();
+    state.CurrentModem = true;
     component.on_call = [](const std::string&) { throw 7; };
     EXPECT_FALSE(window.PulseModemLine());
     EXPECT_EQ(Outcome(), QStringLiteral("Errore del componente: errore sconosciuto"));

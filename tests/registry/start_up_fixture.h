@@ -62,6 +62,14 @@ protected:
         File("Configurazione.ini", "Databases          :" + folder.path().toUtf8() + "/\n");
         return StartUp(window, InFolder("Configurazione.ini"), Factory());
     }
+    StartUpOutcome StartWithoutLibrary()
+    {
+        File("Configurazione.ini", "Databases          :" + folder.path().toUtf8() + "/\n");
+        return StartUp(window, InFolder("Configurazione.ini"),
+                       []() -> std::unique_ptr<ComponentObjects> {
+                           throw ComponentError("Il componente non si può usare.");
+                       });
+    }
     QByteArray Content(const char* name) const
     {
         QFile file(InFolder(name));

@@ -102,21 +102,22 @@ TEST_F(StartUpTest, SerialTerminalsAloneNeedNoComponent)
     EXPECT_EQ(state.Component, nullptr);
 }
 
-TEST_F(StartUpTest, ComponentThatCannotBeMadeEndsTheStartUpBehindTheRegister)
+TEST_F(StartUpTest, ComponentThatCannotBeMadeIsToldWithItsNumber)
 {
     Database("nimbo-full-97.mdb");
-    File("Configurazione.ini", "Databases          :" + folder.path().toUtf8() + "/\n");
-    const StartUpOutcome outcome =
-        StartUp(window, InFolder("Configurazione.ini"), []() -> std::unique_ptr<ComponentObjects> {
-            throw ComponentError("Il componente \"x.so\" non si può usare.");
-        });
+    const StartUpOutcome outcome = StartWithoutLibrary();
     EXPECT_EQ(outcome.end, StartUpOutcome::End::Incomplete);
-    EXPECT_EQ(outcome.reason, QStringLiteral("429 Il componente \"x.so\" non si può usare."));
+    EXPECT_EQ(outcome.reason, QStringLiteral("429 Il componente non si può usare."));
     ASSERT_EQ(pc.dialog.told.size(), 1U);
     EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::None);
     EXPECT_EQ(pc.dialog.told[0].title, QString());
-    EXPECT_EQ(pc.dialog.told[0].text,
-              QStringLiteral(" 429 Il componente \"x.so\" non si può usare."));
+    EXPECT_EQ(pc.dialog.told[0].text, QStringLiteral(" 429 Il componente non si può usare."));
+}
+
+TEST_F(StartUpTest, ComponentThatCannotBeMadeEndsTheStartUpBehindTheRegister)
+{
+    Database("nimbo-full-97.mdb");
+    StartWithoutLibrary();
     EXPECT_EQ(Lines().size(), 8) << "what was filled stays";
     EXPECT_EQ(window.Controls().ComboRitardo->count(), 0) << "the steps behind are not done";
     EXPECT_EQ(window.Controls().ComboPorta->count(), 0);
