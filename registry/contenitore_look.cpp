@@ -66,8 +66,8 @@ void Contenitore::DeriveLook()
     ui_->PannelloStato->SetRoom(QStringLiteral("0000000000"));
     ui_->PannelloVersione->SetRoom(QStringLiteral("0000000000"));
     ui_->PanelTentativi->SetRoom(QStringLiteral("00"));
-    ui_->LabelUltimoComando->SetRoom(
-        QStringLiteral("00:00:00 Test, terminale 00: Comunicazione OK"));
+    // It takes what the strip has left and widens nothing; what does not fit is in its tool tip.
+    ui_->LabelUltimoComando->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     ui_->PannelloTentativi->SetRoom(QStringLiteral("Tentativi00/00"));
     ui_->LabelAvviso->SetRoom(QStringLiteral("Terminale non attivo"));
 

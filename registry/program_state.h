@@ -37,7 +37,6 @@ struct ProgramState {
 
     // Current-terminal block, rewritten before every command. CurrentModel: what the terminal was
     // when it was prepared, nullptr before the first command and for a type that is none.
-    const TerminalModel* CurrentModel = nullptr;
     std::int16_t CurrentPort = 0;
     std::int32_t CurrentSpeed = 0;
     std::int16_t CurrentTerminalNumber = 0;
@@ -47,10 +46,11 @@ struct ProgramState {
     bool CurrentModem = false;
     QString CurrentPhoneNumber;
     QString CurrentPlantCode;
+    const TerminalModel* CurrentModel = nullptr;
 
     // Line. SerialPortOk: the last open or close of the current terminal's port succeeded.
-    bool SerialPortOk = false;
     std::string LineReceiveBuffer;
+    bool SerialPortOk = false;
 
     // The line that `Verde` shows: its port, 0 while there is none, and whether it was dialled.
     std::int16_t SessionPort = 0;

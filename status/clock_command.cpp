@@ -30,7 +30,7 @@ ClockOutcome DoClockCommand(Contenitore& window, const std::function<ClockOutcom
 
 QString TellClockError(Contenitore& window, component::TimeData& time)
 {
-    const QString text = QStringLiteral("Errore = ") + ComponentText(time.ReceivedCommand());
+    QString text = QStringLiteral("Errore = ") + ComponentText(time.ReceivedCommand());
     window.Station().dialog.Tell(DialogIcon::Critical, QStringLiteral("Comunicazione"), text);
     return text;
 }

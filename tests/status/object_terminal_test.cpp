@@ -14,24 +14,35 @@ protected:
     QString State() const { return Controls().PannelloStato->text(); }
     QString Time() const { return Controls().OraTerminale->text(); }
     QString Difference() const { return Controls().LabelScarto->text(); }
+    /// And forgets all calls.
+    Calls LastTwoCalls()
+    {
+        Calls calls = std::exchange(terminal.component.calls, {});
+        calls.erase(calls.begin(), calls.end() - 2);
+        return calls;
+    }
 };
 
 TEST_F(ObjectStatus, TestShowsTheReleaseAndTheMemory)
 {
-    for (const char* model : {"Orlo", "Sipa"}) {
-        Controls().ListaTerminali->clear();
-        terminal.component.calls.clear();
-        state.TelegramLinkOpen = false;
-        Connect(model);
-        cmdTest_Click(window);
-        EXPECT_EQ(CallsMade(), (Calls{"OpenComunication(1, 38400)", "FPrVersion.Receive(4, 7)",
-                                      "GetRecordsInfo(4, 7)"}));
-        EXPECT_EQ(Controls().PannelloVersione->text(), QStringLiteral("Release: DEFABCGHIJ"));
-        EXPECT_EQ(State(), QString());
-        EXPECT_EQ(Controls().PannelloCapacita->text(), QStringLiteral("1000"));
-        EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK"));
-        EXPECT_EQ(state.CurrentTerminalNumber, kTerminal);
-    }
+    Connect("Orlo");
+    cmdTest_Click(window);
+    EXPECT_EQ(CallsMade(), (Calls{"OpenComunication(1, 38400)", "FPrVersion.Receive(4, 7)",
+                                  "GetRecordsInfo(4, 7)"}));
+    EXPECT_EQ(Controls().PannelloVersione->text(), QStringLiteral("Release: DEFABCGHIJ"));
+    EXPECT_EQ(State(), QString());
+    EXPECT_EQ(Controls().PannelloCapacita->text(), QStringLiteral("1000"));
+    EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK"));
+    EXPECT_EQ(state.CurrentTerminalNumber, kTerminal);
+}
+
+TEST_F(ObjectStatus, SipaIsTestedLikeAnOrlo)
+{
+    Connect("Sipa");
+    cmdTest_Click(window);
+    EXPECT_EQ(CallsMade(), (Calls{"OpenComunication(1, 38400)", "FPrVersion.Receive(4, 7)",
+                                  "GetRecordsInfo(4, 7)"}));
+    EXPECT_EQ(Controls().PannelloVersione->text(), QStringLiteral("Release: DEFABCGHIJ"));
 }
 
 TEST_F(ObjectStatus, RefusedTestShowsItsCodeAndAsksNothingMore)
@@ -128,7 +139,7 @@ TEST_F(ObjectStatus, ClockThatCannotBeReadBackIsNotDone)
     EXPECT_EQ(pc.dialog.told.size(), 1U);
 }
 
-TEST_F(ObjectStatus, WhatTheComponentThrowsIsTheCaption)
+TEST_F(ObjectStatus, WhatTheComponentThrowsInATestIsTheCaption)
 {
     Connect();
     for (const char* call :
@@ -137,17 +148,18 @@ TEST_F(ObjectStatus, WhatTheComponentThrowsIsTheCaption)
         cmdTest_Click(window);
         EXPECT_EQ(Outcome(), QStringLiteral("Errore del componente: guasto")) << call;
     }
-    for (const char* call :
-         {"TimeData.GetSystem()", "TimeData.Send(4, 7)", "OpenComunication(1, 38400)"}) {
+}
+
+TEST_F(ObjectStatus, WhatTheComponentThrowsInAClockCommandIsCaptionAndReason)
+{
+    Connect();
+    for (const char* call : {"TimeData.GetSystem()", "TimeData.Send(4, 7)",
+                             "TimeData.Receive(4, 7)", "OpenComunication(1, 38400)"}) {
         LetThrow(call);
-        const ClockOutcome outcome = cmdSincro_Click(window);
-        EXPECT_FALSE(outcome.done) << call;
-        EXPECT_EQ(outcome.reason, QStringLiteral("Errore del componente: guasto")) << call;
+        EXPECT_EQ(cmdSincro_Click(window).reason, QStringLiteral("Errore del componente: guasto"))
+            << call;
         EXPECT_EQ(Outcome(), QStringLiteral("Errore del componente: guasto")) << call;
     }
-    LetThrow("TimeData.Receive(4, 7)");
-    cmdLeggeOra_Click(window);
-    EXPECT_EQ(Outcome(), QStringLiteral("Errore del componente: guasto"));
 }
 
 TEST_F(ObjectStatus, WithoutAComponentTheCaptionSaysSo)
@@ -162,31 +174,28 @@ TEST_F(ObjectStatus, WithoutAComponentTheCaptionSaysSo)
     EXPECT_EQ(cmdSincro_Click(window).reason, missing);
 }
 
-TEST_F(ObjectStatus, ModemOfAnOrloHangsUpBehindTheCommand)
+TEST_F(ObjectStatus, ModemOfAnOrloHangsUpBehindEachCommand)
 {
-    struct Case {
-        const char* model;
-        bool pulsed;
-    };
-    for (const Case& c : {Case{"Orlo", true}, Case{"Sipa", false}}) {
-        Controls().ListaTerminali->clear();
-        Connect(c.model);
-        Controls().CheckModem->setChecked(true);
-        const auto pulsed = [&] {
-            const Calls& calls = CallsMade();
-            const bool both = calls.size() >= 2 && calls[calls.size() - 2] == "DTR(false)" &&
-                              calls.back() == "DTR(true)";
-            terminal.component.calls.clear();
-            return both;
-        };
-        terminal.component.received_texts = {"OK", "OK", "OK"};
-        cmdTest_Click(window);
-        EXPECT_EQ(pulsed(), c.pulsed) << c.model;
-        cmdLeggeOra_Click(window);
-        EXPECT_EQ(pulsed(), c.pulsed) << c.model;
-        cmdSincro_Click(window);
-        EXPECT_EQ(pulsed(), c.pulsed) << c.model;
-    }
+    Connect("Orlo");
+    Controls().CheckModem->setChecked(true);
+    terminal.component.received_texts = {"OK", "OK", "OK"};
+    cmdTest_Click(window);
+    EXPECT_EQ(LastTwoCalls(), (Calls{"DTR(false)", "DTR(true)"}));
+    cmdLeggeOra_Click(window);
+    EXPECT_EQ(LastTwoCalls(), (Calls{"DTR(false)", "DTR(true)"}));
+    cmdSincro_Click(window);
+    EXPECT_EQ(LastTwoCalls(), (Calls{"DTR(false)", "DTR(true)"}));
+}
+
+TEST_F(ObjectStatus, ModemOfASipaIsNotPulsed)
+{
+    Connect("Sipa");
+    Controls().CheckModem->setChecked(true);
+    terminal.component.received_texts = {"OK", "OK", "OK"};
+    cmdTest_Click(window);
+    cmdLeggeOra_Click(window);
+    cmdSincro_Click(window);
+    EXPECT_TRUE(terminal.component.CallsOf("DTR").empty());
 }
 
 TEST_F(ObjectStatus, OutcomesWithoutACaptionStandInTheLineOfTheLastCommand)

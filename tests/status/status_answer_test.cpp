@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace orlo
 {
 namespace
@@ -30,10 +32,9 @@ void ExpectCuts(const Case& c, TerminalType type)
     const StatusAnswerLayout& layout = LayoutOf(type);
     const StateAndVersion terminal = CutStateAndVersion(layout, c.answer);
     const DateAndTime clock = CutDateAndTime(layout, c.answer);
-    EXPECT_EQ(terminal.state, c.state) << c.name;
-    EXPECT_EQ(terminal.version, c.version) << c.name;
-    EXPECT_EQ(clock.date, c.date) << c.name;
-    EXPECT_EQ(clock.time, c.time) << c.name;
+    const std::vector<std::string> cuts = {terminal.state, terminal.version, clock.date,
+                                           clock.time};
+    EXPECT_EQ(cuts, (std::vector<std::string>{c.state, c.version, c.date, c.time})) << c.name;
 }
 
 TEST(StatusAnswer, OfModelsWithAWeekdayIsCutAtNine)

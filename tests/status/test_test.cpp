@@ -33,9 +33,10 @@ TEST_F(LinkTest, EachModelsAnswerIsCutAtItsOwnPosition)
         Controls().ListaTerminali->clear();
         Connect(QString::fromLatin1(c.model));
         cmdTest_Click(window);
-        EXPECT_EQ(State(), QString::fromLatin1(c.state)) << c.model;
-        EXPECT_EQ(Version(), QString::fromLatin1(c.version)) << c.model;
-        EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK")) << c.model;
+        EXPECT_EQ((QStringList{State(), Version(), Outcome()}),
+                  (QStringList{QString::fromLatin1(c.state), QString::fromLatin1(c.version),
+                               QStringLiteral("Comunicazione OK")}))
+            << c.model;
         EXPECT_FALSE(pc.com1.PortOpen()) << c.model;
     }
 }

@@ -47,6 +47,7 @@ protected:
         Register(kTerminal, model);
         window.SelectTerminalLine(0);
         std::vector<simulator::FaultRule> rules;
+        rules.reserve(faults.size());
         for (const std::string& fault : faults) rules.push_back(simulator::ParseFaultRule(fault));
         std::string terminal = "numero=4,modello=" + model.toStdString();
         if (!settings.empty()) terminal += "," + settings;
