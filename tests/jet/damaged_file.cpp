@@ -4,6 +4,7 @@
 #include "tests/jet/table_model.h"
 
 #include <algorithm>
+#include <ctime>
 #include <stdexcept>
 
 namespace jet::test
@@ -33,6 +34,34 @@ FileBytes Damage(std::mt19937& random, std::uint8_t before)
             return {static_cast<std::uint8_t>(random()), static_cast<std::uint8_t>(random()),
                     static_cast<std::uint8_t>(random() % 4), 0};
     }
+}
+
+/// Every second place lies among the first bytes of a page, where its structure is.
+FileBytes DamagedCopy(const FileBytes& whole, std::mt19937& random)
+{
+    constexpr std::size_t kSmallestPage = 2048;
+    constexpr std::size_t kStructure = 96;
+    constexpr unsigned kMostPlaces = 4;
+    FileBytes copy = whole;
+    const std::size_t last = whole.size() - 4;
+    for (std::size_t places = 1 + random() % kMostPlaces; places > 0; --places) {
+        std::size_t place = random() % last;
+        if (random() % 2 == 0) {
+            place = place / kSmallestPage * kSmallestPage + random() % kStructure;
+        }
+        place = std::min(place, last);
+        std::ranges::copy(Damage(random, copy[place]),
+                          copy.begin() + static_cast<std::ptrdiff_t>(place));
+    }
+    return copy;
+}
+
+/// What this process has used so far, however busy the machine is with others.
+double ProcessorSeconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
 void ReadFields(Recordset& rows, const TableInfo& table, Outcomes& outcomes)
@@ -136,24 +165,6 @@ int Committed(Database& database, const Change& change)
 
 }  // namespace
 
-FileBytes DamagedCopy(const FileBytes& whole, std::size_t most, std::mt19937& random)
-{
-    constexpr std::size_t kSmallestPage = 2048;
-    constexpr std::size_t kStructure = 96;
-    FileBytes copy = whole;
-    const std::size_t last = whole.size() - 4;
-    for (std::size_t places = 1 + random() % most; places > 0; --places) {
-        std::size_t place = random() % last;
-        if (random() % 2 == 0) {
-            place = place / kSmallestPage * kSmallestPage + random() % kStructure;
-        }
-        place = std::min(place, last);
-        std::ranges::copy(Damage(random, copy[place]),
-                          copy.begin() + static_cast<std::ptrdiff_t>(place));
-    }
-    return copy;
-}
-
 void ReadAll(const FileBytes& file, Outcomes& outcomes)
 {
     const auto attempt = [&](const std::function<void()>& action) {
@@ -194,6 +205,24 @@ FileBytes ChangeAll(const FileBytes& file, std::mt19937& random, Outcomes& outco
         }
     })];
     return storage.At(kName);
+}
+
+double ForDamagedCopies(const FileBytes& whole, int copies, unsigned seed,
+                        const std::function<void(const FileBytes&, std::mt19937&)>& action)
+{
+    std::mt19937 random(seed);
+    double longest = 0;
+    for (int copy = 0; copy < copies; ++copy) {
+        const FileBytes damaged = DamagedCopy(whole, random);
+        const double begin = ProcessorSeconds();
+        try {
+            action(damaged, random);
+        } catch (const std::exception& error) {
+            throw std::runtime_error("copy " + std::to_string(copy) + ": " + error.what());
+        }
+        longest = std::max(longest, ProcessorSeconds() - begin);
+    }
+    return longest;
 }
 
 std::vector<std::string> Findings(const FileBytes& file, Outcomes& outcomes)

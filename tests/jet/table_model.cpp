@@ -100,7 +100,7 @@ ModelRow CurrentRow(Recordset& rows, const TableInfo& table)
     return row;
 }
 
-std::vector<std::string> SortedTexts(std::vector<ModelRow> rows)
+std::vector<std::string> SortedTexts(const std::vector<ModelRow>& rows)
 {
     std::vector<std::string> texts;
     for (const ModelRow& row : rows) {

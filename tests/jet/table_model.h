@@ -18,7 +18,7 @@ TableInfo Describe(const Database& database, std::u16string_view table);
 
 ModelRow CurrentRow(Recordset& rows, const TableInfo& table);
 /// All rows, by the text of their values: the file's order tells nothing.
-std::vector<std::string> SortedTexts(std::vector<ModelRow> rows);
+std::vector<std::string> SortedTexts(const std::vector<ModelRow>& rows);
 std::vector<ModelRow> AllRows(Database& database, const TableInfo& table);
 
 /// A value that the column can hold, Null now and then; edge cases among them.
