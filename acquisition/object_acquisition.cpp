@@ -160,7 +160,7 @@ bool ObjectAcquisition::AcceptRecord()
 /// delivers it for ever.
 bool ObjectAcquisition::IsEndless()
 {
-    const int capacity = std::clamp(counters_.max_records, 0, int{INT16_MAX});
+    const std::int64_t capacity = std::max(counters_.max_records, 0);
     if (delivered_ <= capacity + kMostRecordsMeanwhile) return false;
     Stop(QStringLiteral("Il terminale consegna registrazioni senza fine: più di quante ne contiene "
                         "la sua memoria (%1).")
@@ -177,12 +177,13 @@ void ObjectAcquisition::Count()
 
 void ObjectAcquisition::MarkRecord()
 {
-    bool marked = false;
-    const QString thrown = GuardComponentCalls(window_, [&] { marked = acceptance_.Mark(); });
-    if (marked) return;
-    const QString code = thrown.isEmpty()
-                             ? QStringLiteral("Errore:") + ComponentText(object_.ReceivedCommand())
-                             : thrown;
+    QString code;
+    const QString thrown = GuardComponentCalls(window_, [&] {
+        if (!acceptance_.Mark())
+            code = QStringLiteral("Errore:") + ComponentText(object_.ReceivedCommand());
+    });
+    if (!thrown.isEmpty()) code = thrown;
+    if (code.isEmpty()) return;
     controls_.PannelloComunicazione->setText(code);
     Stop(
         QStringLiteral("Una timbratura è stata scritta nel file, ma il terminale non l'ha segnata "

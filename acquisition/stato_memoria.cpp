@@ -63,7 +63,8 @@ MemoryAnswer AskObjectTerminal(Contenitore& window)
     controls.PannelloCapacita->setText(QString::number(counters->max_records));
     controls.PannelloTimbrature->setText(QString::number(counters->trasmitted));
     controls.PannelloFree->setText(QString::number(counters->free));
-    controls.PannelloAcquisire->setText(QString::number(RecordsToAcquire(*counters)));
+    controls.PannelloAcquisire->setText(
+        QString::number(qint64{counters->max_records} - counters->trasmitted - counters->free));
     return MemoryAnswer::Good;
 }
 

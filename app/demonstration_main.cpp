@@ -34,7 +34,7 @@ int Demonstrate(QApplication& application, const CommandLine& command_line, cons
     bool all_done = demonstration.AcquireAll();
     // A Lumo whose clock is wrong.
     all_done = demonstration.ShowClockAndBadge(6) && all_done;
-    demonstration.TakePicture(QStringLiteral("Contenitore"));
+    demonstration.TakePicture(QStringLiteral("Contenitore-chiaro"));
     demonstration.TakePictureOfEveryTerminal(QStringLiteral("chiaro"));
     ApplyTheme(application, Theme::Dark);
     // The new palette reaches the window through its events.

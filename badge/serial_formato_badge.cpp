@@ -131,7 +131,10 @@ void ReadSerialBadgeFormat(Contenitore& window, const TerminalModel& model)
         const std::string answer =
             telegrams.Exchange(ReadFieldCommand(model.first_badge_parameter, field));
         const auto characters = static_cast<std::size_t>(WidthOf(window, field, kReadWidth));
-        Control(window, field).setText(QString::fromStdString(NumberAtEnd(answer, characters)));
+        const QString number = QString::fromStdString(NumberAtEnd(answer, characters));
+        QLineEdit& control = Control(window, field);
+        // A field that would cut the number shows none: a cut code is another company's.
+        control.setText(number.size() > control.maxLength() ? QStringLiteral("0") : number);
     }
     window.NoteOutcome(telegrams.Outcome());
 }
@@ -140,6 +143,7 @@ void SendSerialBadgeFormat(Contenitore& window, const TerminalModel& model)
 {
     if (const QString objection = Objection(window); !objection.isEmpty()) {
         window.Station().dialog.Tell(DialogIcon::None, QStringLiteral("Orlo Desk"), objection);
+        window.NoteOutcome(objection);
         return;
     }
     const PortSession session(window);

@@ -28,8 +28,7 @@ public:
     {
         for (std::size_t port = 0; port < devices.size(); ++port)
             devices_.at(port) = devices.at(port).c_str();
-        const auto version =
-            Function<component::InterfaceFunction>(component::kInterfaceFunction)();
+        const std::int32_t version = InterfaceVersion();
         if (version != component::kInterfaceVersion)
             throw Failure(file_, "è fatto per la versione " + std::to_string(version) +
                                      " dell'interfaccia, il programma per la versione " +
@@ -53,7 +52,10 @@ public:
 private:
     static std::shared_ptr<void> Open(const std::filesystem::path& file)
     {
-        if (!std::filesystem::exists(file)) throw Failure(file, "il file non c'è.");
+        // What else is wrong with the name the loader says.
+        std::error_code error;
+        if (!std::filesystem::exists(file, error) && !error)
+            throw Failure(file, "il file non c'è.");
         void* const handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
         if (handle == nullptr) throw Failure(file, LoaderReason());
         return {handle, dlclose};
@@ -68,12 +70,24 @@ private:
         return reinterpret_cast<Pointer>(symbol);
     }
 
+    std::int32_t InterfaceVersion() const
+    {
+        const auto version = Function<component::InterfaceFunction>(component::kInterfaceFunction);
+        try {
+            return version();
+        } catch (...) {
+            throw Failure(file_, "non dice la sua versione.");
+        }
+    }
+
     component::Object* CreateByName(const std::string& name) const
     {
         try {
             return create_(name.c_str(), devices_.data());
         } catch (const std::exception& error) {
             throw Failure(file_, "la classe \"" + name + "\" non si crea: " + error.what());
+        } catch (...) {
+            throw Failure(file_, "la classe \"" + name + "\" non si crea.");
         }
     }
 
@@ -89,7 +103,10 @@ std::unique_ptr<ComponentObjects> LoadComponent(const std::filesystem::path& fil
                                                 const std::array<std::string, 4>& devices)
 {
     // A name without a folder means a file here, never one from the system's search path.
-    const Loader loader(std::filesystem::absolute(file), devices);
+    std::error_code error;
+    const std::filesystem::path library = std::filesystem::absolute(file, error);
+    if (error) throw Failure(file, error.message() + ".");
+    const Loader loader(library, devices);
     auto objects = std::make_unique<ComponentObjects>();
     objects->library = loader.Library();
     objects->TelegramObject = loader.Create<component::TelegramComunication>();

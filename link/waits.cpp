@@ -68,7 +68,8 @@ bool WaitWatch::Aborted()
 
 bool WaitWatch::Look(std::chrono::milliseconds now)
 {
-    if (now >= own_end_ && !workstation_.dialog.OperatorPresent()) return true;
+    const bool alone = workstation_.unasked || !workstation_.dialog.OperatorPresent();
+    if (now >= own_end_ && alone) return true;
     next_look_ = now + kBetweenLooks;
     return PressioneTastoEsc(workstation_);
 }

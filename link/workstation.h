@@ -20,6 +20,9 @@ struct Workstation {
     LineTrace& trace;
     /// The controls of COM1..COM4, in this order.
     std::array<SerialPortControl*, 4> ports{};
+    /// What runs was asked for by nobody: waits that overrun end by themselves and let no window
+    /// events in.
+    bool unasked = false;
 
     /// The control of port 1..4, or nullptr for any other number.
     SerialPortControl* Comm(int port) const

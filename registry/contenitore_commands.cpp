@@ -111,10 +111,14 @@ void Contenitore::StartTimer1()
 
 void Contenitore::Timer1_Timer()
 {
-    if (!periodic_read_ || running_ || !isVisible() || QApplication::activeModalWidget() != nullptr)
+    if (!periodic_read_ || running_ || !isVisible() ||
+        QApplication::activeModalWidget() != nullptr ||
+        QApplication::activePopupWidget() != nullptr)
         return;
     const std::chrono::milliseconds start = workstation_.clock.Monotonic();
+    workstation_.unasked = true;
     periodic_read_();
+    workstation_.unasked = false;
     // Ticks that came due meanwhile would follow each other, and the operator would never have a
     // turn.
     if (workstation_.clock.Monotonic() - start >= timer1_->intervalAsDuration()) timer1_->start();

@@ -1,6 +1,7 @@
 #include "link/object_modem_dial.h"
 #include "registry/component_call.h"
 #include "registry/contenitore.h"
+#include "registry/held_line.h"
 #include "registry/windows_1252.h"
 
 #include "ui_contenitore.h"
@@ -46,6 +47,7 @@ bool Contenitore::PrepareComponent(const TerminalModel& model)
             QStringLiteral("Errore: il componente per %1 non è disponibile.").arg(model.name));
         return false;
     }
+    if (AnotherLineIsOpen(*this, state_.CurrentPort) || HoldsTheComponentsPort(*this)) return false;
     component::TelegramComunication& line = *state_.Component->TelegramObject;
     const QString failure = GuardComponentCalls(*this, [&] {
         OpenLink(state_, line);

@@ -15,6 +15,15 @@ bool AnotherLineIsOpen(Contenitore& window, int port)
     return true;
 }
 
+bool HoldsTheComponentsPort(Contenitore& window)
+{
+    if (!window.LineIsOpen()) return false;
+    window.Controls().PannelloComunicazione->setText(
+        QStringLiteral("Errore: la COM %1 è collegata. Premere Log-off.")
+            .arg(window.State().SessionPort));
+    return true;
+}
+
 SerialPortControl* HeldLine(Contenitore& window)
 {
     const int current = window.State().CurrentPort;

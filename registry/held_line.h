@@ -10,6 +10,10 @@ namespace orlo
 /// be sent. Only to be asked while `Verde` shows.
 SerialPortControl* HeldLine(Contenitore& window);
 
+/// True, with the reason in PannelloComunicazione, when a line is open at all: on its port the
+/// component, which opens ports itself, would write into the call.
+[[nodiscard]] bool HoldsTheComponentsPort(Contenitore& window);
+
 /// True, with the reason in PannelloComunicazione, when a line is open on another port than this.
 [[nodiscard]] bool AnotherLineIsOpen(Contenitore& window, int port);
 

@@ -21,7 +21,8 @@ constexpr std::array<const char*, 6> kCaptions = {
     "Modem Log In",    "Modem Line No Carrier", "Modem Line No Dial Tone",
     "Modem Line Busy", "Modem Init Error",      "Modem Not Connected"};
 
-/// A modem takes "+++" for data when there was no second of silence before it.
+/// A modem takes "+++" for data when there was no second of silence before it, and the clock is
+/// read every second.
 constexpr std::int16_t kEscapeGuardTenths = 10;
 
 /// The port of the selected terminal as the window shows it.
@@ -45,6 +46,17 @@ QString CaptionOf(DialResult result, const SerialPortControl& port)
     return QLatin1String(kCaptions.at(static_cast<std::size_t>(result)));
 }
 
+/// True, with the reason in PannelloComunicazione, for a terminal whose component opens the line
+/// and dials at every command: a call placed here would be ended by nobody.
+bool ConnectsByItself(Contenitore& window)
+{
+    const TerminalModel* const model = window.ShownModel();
+    if (model == nullptr || model->family == LinkFamily::Serial) return false;
+    window.Controls().PannelloComunicazione->setText(
+        QStringLiteral("Errore: %1 si collega da sé a ogni comando.").arg(model->name));
+    return true;
+}
+
 void LogOff(Contenitore& window)
 {
     ProgramState& state = window.State();
@@ -54,10 +66,11 @@ void LogOff(Contenitore& window)
     // The current terminal may have become one of another port since the log-in.
     SerialPortControl* const port =
         window.Station().Comm(line_open ? state.SessionPort : state.CurrentPort);
-    if (port == nullptr) return;
     // A line that was dialled costs money: the tick may be another terminal's.
-    if (controls.CheckModem->isChecked() || state.SessionDialled)
+    if (port != nullptr && (controls.CheckModem->isChecked() || state.SessionDialled)) {
+        if (line_open) WaitTenths(window.Station(), kEscapeGuardTenths);
         ModemHangUp(window.Station(), *port);
+    }
     if (line_open) state.SerialPortOk = CloseSerialPort(*port) || !port->PortOpen();
     // Success of the last port operation, not an open port: also without a line, and true here
     // because closing succeeded.
@@ -77,6 +90,7 @@ void LogIn_Click(Contenitore& window)
     const Ui::Contenitore& controls = window.Controls();
     controls.PannelloComunicazione->clear();
     if (AnotherLineIsOpen(window, ShownPort(window))) return;
+    if (ConnectsByItself(window)) return;
     controls.Verde->hide();
     controls.Rosso->hide();
     state.SessionPort = 0;
@@ -114,9 +128,7 @@ void LogOff_Click(Contenitore& window)
 
 void EndSession(Contenitore& window)
 {
-    if (!window.LineIsOpen()) return;
-    WaitTenths(window.Station(), kEscapeGuardTenths);
-    LogOff(window);
+    if (window.LineIsOpen()) LogOff(window);
 }
 
 }  // namespace orlo

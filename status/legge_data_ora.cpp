@@ -17,8 +17,8 @@ namespace
 {
 
 constexpr double kDaySeconds = 86400;
-/// A tick's wait and the steps of its clock.
-constexpr double kTickSeconds = 3;
+/// Writing to a port that takes nothing, a tick's wait, and the steps of its clock.
+constexpr double kTickSeconds = 5;
 
 void ShowClock(Contenitore& window, const QString& date, const QString& time,
                const QString& pc_date, const QString& pc_time)
@@ -82,6 +82,8 @@ void Timer1_Timer(Contenitore& window)
 {
     const TerminalModel* const model = window.State().CurrentModel;
     if (model == nullptr || model->family != LinkFamily::Serial) return;
+    // Only a command is told that the open line is another terminal's.
+    if (window.LineIsOpen() && window.State().SessionPort != window.State().CurrentPort) return;
     // A wait that spans midnight lasts until the next day, and nobody has asked for this one.
     if (window.Station().clock.SecondsSinceMidnight() >= kDaySeconds - kTickSeconds) return;
     ReadSerialClock(window, *model);

@@ -144,7 +144,7 @@ TEST_F(ObjectFailure, NonsenseCountersDoNotMakeItEndless)
     component.trasmitted_records = -2'147'483'648;
     EXPECT_FALSE(Acquire().done);
     EXPECT_THAT(component.CallsOf("GetNextRecord"), SizeIs(101));
-    EXPECT_EQ(Controls().PannelloAcquisire->text(), QStringLiteral("32767"));
+    EXPECT_EQ(Controls().PannelloAcquisire->text(), QStringLiteral("2147483648"));
 }
 
 TEST_F(ObjectFailure, CountingOnFromTheLargestNumberIsNoHarm)

@@ -123,6 +123,17 @@ TEST_F(ComponentLibrary, CannotMakeAnObject)
                                       "unloaded"));
 }
 
+TEST_F(ComponentLibrary, ThrowsSomethingThatIsNoException)
+{
+    EXPECT_THAT(Complaint(Stub("throws_number")), HasSubstr("la classe \"UserData\" non si crea."));
+}
+
+TEST_F(ComponentLibrary, HasANameThatNoFileCanHave)
+{
+    EXPECT_THAT(Complaint(""), HasSubstr("Il componente \"\" non si può usare: "));
+    EXPECT_THAT(Complaint(PathOf(std::string(300, 'x').c_str())), HasSubstr(" non si può usare: "));
+}
+
 TEST_F(ComponentLibrary, MakesItsObjectsInOrderAndIsUnloadedAfterThem)
 {
     std::unique_ptr<ComponentObjects> objects = LoadComponent(Stub("good"), kDevices);

@@ -7,6 +7,7 @@
 //   STUB_LACKS="Rings"      has no such class
 //   STUB_MIXES_UP="Rings"   makes an object of another class under this name
 //   STUB_THROWS="TimeData"  cannot make an object of this class
+//   STUB_THROWS_NUMBER="…"  cannot either, and throws no std::exception
 
 #include "simulator/component/fpr_version.h"
 #include "simulator/component/mc_format_data.h"
@@ -31,6 +32,9 @@
 #endif
 #ifndef STUB_THROWS
 #define STUB_THROWS "-"
+#endif
+#ifndef STUB_THROWS_NUMBER
+#define STUB_THROWS_NUMBER "-"
 #endif
 
 namespace
@@ -106,6 +110,7 @@ extern "C" component::Object* OrloCreateObject(const char* class_name, const cha
     if (name == STUB_LACKS) return nullptr;
     if (name == STUB_MIXES_UP) return Make<component::UserData>();
     if (name == STUB_THROWS) throw std::runtime_error("licenza scaduta");
+    if (name == STUB_THROWS_NUMBER) throw 7;
     if (name == "TelegramComunication")
         for (int port = 0; port < 4; ++port) Note(std::string("device ") + devices[port]);
     return kMakers.find(name)->second();

@@ -113,6 +113,21 @@ TEST_F(ComponentTest, MissingComponentIsSaidAndNothingIsCalled)
     EXPECT_TRUE(pc.dialog.told.empty());
 }
 
+TEST_F(ComponentTest, NothingIsCalledWhileAnotherTerminalsLineIsOpen)
+{
+    Select(TerminalType::Orlo, /*by_modem=*/true);
+    state.Component = component.Make();
+    window.Controls().Verde->show();
+    for (const auto& [held, caption] :
+         {std::pair(1, "Errore: è collegata la linea della COM 1, non quella di questo terminale."),
+          std::pair(2, "Errore: la COM 2 è collegata. Premere Log-off.")}) {
+        state.SessionPort = static_cast<std::int16_t>(held);
+        EXPECT_FALSE(window.PrepareCurrentTerminal());
+        EXPECT_EQ(window.Controls().PannelloComunicazione->text(), QString::fromUtf8(caption));
+        EXPECT_THAT(component.calls, IsEmpty());
+    }
+}
+
 TEST_F(ComponentTest, OpeningThatThrowsIsACaptionAndTheLinkCountsAsClosed)
 {
     state.Component = component.Make();

@@ -321,6 +321,31 @@ TEST_F(ModemSession, ProgramThatEndsItLeavesASecondOfSilenceBeforeTheEscape)
     EXPECT_EQ(Light(), "Rosso");
 }
 
+TEST_F(ModemSession, LogOffRightBehindAnExchangeLeavesASecondOfSilenceBeforeTheEscape)
+{
+    LogIn_Click(window);
+    const auto before = pc.clock.Passed();
+    std::chrono::milliseconds first_escape{0};
+    pc.com1.answer_to = [&](std::string_view sent) -> std::vector<testing::Arrival> {
+        if (sent == "+" && first_escape == 0ms) first_escape = pc.clock.Passed() - before;
+        return {};
+    };
+    LogOff_Click(window);
+    EXPECT_GE(first_escape, 1400ms);
+}
+
+TEST_F(ModemSession, OrloAndSipaAreToldThatTheyConnectByThemselves)
+{
+    for (const char* model : {"Orlo", "Sipa"}) {
+        controls.ComboTipoTerminale->Show(QString::fromLatin1(model));
+        LogIn_Click(window);
+        EXPECT_EQ(Caption(), QStringLiteral("Errore: %1 si collega da sé a ogni comando.")
+                                 .arg(QString::fromLatin1(model)));
+        EXPECT_FALSE(pc.com1.PortOpen());
+        EXPECT_EQ(Light(), "");
+    }
+}
+
 TEST_F(ModemSession, NothingIsEndedWhenNoLineIsOpen)
 {
     EndSession(window);

@@ -98,6 +98,7 @@ TEST_F(ClockTest, BadFrameIsShownSlicedLikeAnAnswer)
     for (const QString& model : kSerialModels) {
         Controls().ListaTerminali->clear();
         Connect(model, {}, {"*:checksum-errato"});
+        pc.clock.SetTimeOfDay(QTime(8, 0));
         cmdLeggeOra_Click(window);
         EXPECT_EQ(Shown(), (QStringList{QStringLiteral("RX ERROR"), QString(),
                                         QStringLiteral("05/03/2026 - 08:00:00"), QString(),

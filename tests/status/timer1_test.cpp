@@ -138,10 +138,10 @@ TEST_F(Timer1Test, BeginsNoWaitThatWouldSpanMidnight)
 {
     Connect(QStringLiteral("Strale"));
     Prepare();
-    pc.clock.SetTimeOfDay(QTime(23, 59, 57, 100));
+    pc.clock.SetTimeOfDay(QTime(23, 59, 55, 100));
     Timer1_Timer(window);
     EXPECT_TRUE(commands.isEmpty());
-    pc.clock.SetTimeOfDay(QTime(23, 59, 56));
+    pc.clock.SetTimeOfDay(QTime(23, 59, 54));
     Timer1_Timer(window);
     EXPECT_EQ(commands, QStringList{QStringLiteral("03")});
 }
