@@ -1,26 +1,17 @@
 #include "tests/acquisition/acquisition_fixture.h"
-
-#include <sys/resource.h>
-
-#include <csignal>
+#include "tests/support/file_size_limit.h"
 
 namespace orlo
 {
 namespace
 {
 
+using testing::LimitFileSize;
+
 /// A disk that is full from a certain file size on.
 class FullDisk : public testing::AcquisitionTest
 {
 protected:
-    static void LimitFileSize(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{};
-        getrlimit(RLIMIT_FSIZE, &limit);
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
     void TearDown() override { LimitFileSize(RLIM_INFINITY); }
 };
 

@@ -1,13 +1,12 @@
 #include "tests/acquisition/object_acquisition_fixture.h"
-
-#include <sys/resource.h>
-
-#include <csignal>
+#include "tests/support/file_size_limit.h"
 
 namespace orlo
 {
 namespace
 {
+
+using testing::LimitFileSize;
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -288,14 +287,6 @@ TEST_F(ObjectFailure, FileWithdrawnInTheMiddleLeavesTheRecordUnmarked)
 class ObjectFullDisk : public testing::ObjectAcquisitionTest
 {
 protected:
-    static void LimitFileSize(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{};
-        getrlimit(RLIMIT_FSIZE, &limit);
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
     void TearDown() override { LimitFileSize(RLIM_INFINITY); }
 
     /// The room runs out while the second record, for which it was there, is on its way.

@@ -1,18 +1,19 @@
 #include "acquisition/punch_file.h"
 
+#include "tests/support/file_size_limit.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-
-#include <csignal>
 
 namespace orlo
 {
 namespace
 {
+
+using testing::LimitFileSize;
 
 class PunchFileTest : public ::testing::Test
 {
@@ -25,15 +26,6 @@ protected:
         QFile file(name);
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         return file.readAll();
-    }
-    /// From now on no file grows beyond that many bytes.
-    static void LimitFileSize(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{};
-        getrlimit(RLIMIT_FSIZE, &limit);
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
     }
     void TearDown() override { LimitFileSize(RLIM_INFINITY); }
 };

@@ -1,16 +1,15 @@
 #include "registro/new_file.h"
 
 #include "registro/failure.h"
+#include "tests/support/file_size_limit.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <csignal>
 #include <vector>
 
 namespace
@@ -38,26 +37,7 @@ namespace orlo::registro
 namespace
 {
 
-/// As long as it lives, no file may grow beyond so many bytes, as on a disk that is full.
-class LongestFile
-{
-public:
-    explicit LongestFile(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~LongestFile() { setrlimit(RLIMIT_FSIZE, &before_); }
-    LongestFile(const LongestFile&) = delete;
-    LongestFile& operator=(const LongestFile&) = delete;
-
-private:
-    rlimit before_{};
-};
-
-class NewFile : public testing::Test
+class NewFile : public ::testing::Test
 {
 protected:
     NewFile() { synced_lengths.clear(); }
@@ -92,7 +72,7 @@ TEST_F(NewFile, ThatCannotBeSyncedIsRemovedAndTold)
 TEST_F(NewFile, ThatDoesNotFitOnTheDiskLeavesNothing)
 {
     {
-        const LongestFile limit(4);
+        const orlo::testing::FileSizeLimit limit(4);
         EXPECT_THROW(WriteNewFile(name, "12345"), Failure);
     }
     EXPECT_FALSE(QFile::exists(name));
