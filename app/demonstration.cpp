@@ -25,21 +25,39 @@ bool Demonstration::AcquireAll()
     for (int line = 0; line < window_.Controls().ListaTerminali->count(); ++line) {
         window_.SelectTerminalLine(line);
         const TerminalModel* const model = window_.ShownModel();
-        if (model != nullptr && model->family == LinkFamily::Serial)
-            all_done = AcquireSelected() && all_done;
+        const bool dialled = window_.Controls().CheckModem->isChecked() && model != nullptr &&
+                             model->family == LinkFamily::Serial;
+        if (dialled) all_done = Dial() && all_done;
+        all_done = AcquireSelected() && all_done;
+        if (dialled) all_done = HangUp() && all_done;
     }
     return all_done;
+}
+
+bool Demonstration::Dial()
+{
+    window_.Controls().cmdLogIn->click();
+    Say(window_.Controls().PannelloComunicazione->text());
+    TakePicture(QStringLiteral("Contenitore-modem"));
+    return window_.LineIsOpen();
+}
+
+bool Demonstration::HangUp()
+{
+    window_.Controls().cmdLogOff->click();
+    Say(window_.Controls().PannelloComunicazione->text());
+    return !window_.LineIsOpen();
 }
 
 bool Demonstration::AcquireSelected()
 {
     const Ui::Contenitore& controls = window_.Controls();
     controls.cmdAcquisisce->click();
-    const bool done =
-        controls.PannelloComunicazione->text() == QStringLiteral("Comunicazione OK") &&
-        controls.PannelloAcquisire->text() == QStringLiteral("0");
+    const QString failure = controls.PannelloComunicazione->text();
+    const bool done = (failure.isEmpty() || failure == QStringLiteral("Comunicazione OK")) &&
+                      controls.PannelloAcquisire->text() == QStringLiteral("0");
     Say(QStringLiteral("%1, %2 timbrature in memoria, %3 da acquisire")
-            .arg(controls.PannelloComunicazione->text(), controls.PannelloTimbrature->text(),
+            .arg(done ? QStringLiteral("acquisito") : failure, controls.PannelloTimbrature->text(),
                  controls.PannelloAcquisire->text()));
     return done;
 }

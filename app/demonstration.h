@@ -7,17 +7,17 @@
 namespace orlo
 {
 
-/// The main window driven without a display: every serial terminal of the register is acquired,
-/// tested, its clock set and its badge layout read, each by its button, and pictures of the window
-/// in its states are saved, those of the manual among them.
+/// The main window driven without a display: every terminal of the register is acquired,
+/// one of them tested, its clock set and its badge layout read, each by its button, and pictures of
+/// the window in its states are saved, those of the manual among them.
 class Demonstration
 {
 public:
     /// The desk's start-up must be done. Pictures go into `pictures`, which must exist.
     Demonstration(Desk& desk, const QDir& pictures);
 
-    /// Acquires terminal after terminal and says on standard output how each went. True when all
-    /// were emptied.
+    /// Acquires terminal after terminal, those behind a modem between log-in and log-off, and says
+    /// on standard output how each went. True when all were emptied.
     bool AcquireAll();
 
     /// The clock and the badge layout of the terminal of that number, with the pictures of their
@@ -31,6 +31,8 @@ public:
     void TakePictureOfEveryTerminal(const QString& suffix);
 
 private:
+    bool Dial();
+    bool HangUp();
     bool AcquireSelected();
     bool Press(QPushButton* button);
     void Say(const QString& deed) const;
