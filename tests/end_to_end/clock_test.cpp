@@ -3,8 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <regex>
-
 namespace orlo::end_to_end
 {
 namespace
@@ -45,8 +43,11 @@ TEST_P(SerialClock, IsSetUnattendedAndItsAcceptedFieldsAreThePcsTime)
     EXPECT_EQ(ended.output, "");
     // A second may have ended between the PC's reading and the terminal's.
     EXPECT_LE(std::abs(std::stoi(line->State("7.scarto"))), 1);
-    EXPECT_TRUE(std::regex_match(line->Commands(), std::regex("01\\d{12}[0-6]")))
-        << line->Commands();
+    const std::string command = line->Commands();
+    ASSERT_EQ(command.size(), 15U) << command;
+    EXPECT_EQ(command.substr(0, 2), "01");
+    EXPECT_EQ(command.find_first_not_of("0123456789"), std::string::npos) << command;
+    EXPECT_LE(command.back(), '6') << "the day of the week";
     EXPECT_FALSE(installation.Has("nimbo.ldb"));
 }
 

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <regex>
 #include <set>
 #include <sstream>
 
@@ -39,7 +38,8 @@ std::vector<std::string> Script()
         std::istringstream changes(kChanges);
         for (std::string line; std::getline(changes, line);) {
             std::ranges::replace(line, '@', static_cast<char>('a' + i));
-            line = std::regex_replace(line, std::regex("\\$"), std::to_string(1000 + i));
+            for (std::size_t at = 0; (at = line.find('$')) != std::string::npos;)
+                line.replace(at, 1, std::to_string(1000 + i));
             lines.push_back(line);
         }
     }
