@@ -91,8 +91,10 @@ private:
 
     std::vector<Arrival> Carry(std::string_view request)
     {
-        commands << QString::fromLatin1(request.data() + 2,
-                                        static_cast<qsizetype>(request.size()) - 4);
+        // What is no telegram is for a modem.
+        if (request.size() >= 4)
+            commands << QString::fromLatin1(request.data() + 2,
+                                            static_cast<qsizetype>(request.size()) - 4);
         std::vector<Arrival> arrivals;
         const simulator::Instant now{pc.clock.Passed()};
         for (const simulator::LineEvent& event : line->Receive(request, now)) {
