@@ -8,6 +8,8 @@
 
 #include <cerrno>
 #include <charconv>
+#include <chrono>
+#include <thread>
 
 namespace orlo
 {
@@ -17,6 +19,7 @@ namespace
 
 constexpr std::string_view kLineFormat = ",n,8,1";
 constexpr int kSendMilliseconds = 2000;
+constexpr std::chrono::milliseconds kLockFileRemoval{20};
 
 /// The speed in "SPEED,n,8,1", or 0 when the text has another shape.
 int SpeedOf(std::string_view settings)
@@ -133,13 +136,22 @@ bool QtSerialPort::Open()
     port_.setParity(QSerialPort::NoParity);
     port_.setStopBits(QSerialPort::OneStop);
     port_.setFlowControl(QSerialPort::NoFlowControl);
-    if (!port_.open(QIODevice::ReadWrite)) return Refuse(port_.errorString());
+    if (!OpenDevice()) return Refuse(port_.errorString());
     if (flock(port_.handle(), LOCK_EX | LOCK_NB) != 0)
         return Refuse(QStringLiteral("la porta è usata da un altro programma"));
     if (!SetLineSpeed(port_.handle(), speed_))
         return Refuse(QStringLiteral("velocità %1 non accettata").arg(speed_));
     line_lost_ = false;
     return true;
+}
+
+/// Tries once more: a program that has just closed the device removes its lock file a moment later.
+bool QtSerialPort::OpenDevice()
+{
+    if (port_.open(QIODevice::ReadWrite)) return true;
+    if (port_.error() != QSerialPort::PermissionError) return false;
+    std::this_thread::sleep_for(kLockFileRemoval);
+    return port_.open(QIODevice::ReadWrite);
 }
 
 bool QtSerialPort::Refuse(const QString& reason)

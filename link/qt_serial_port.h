@@ -49,6 +49,7 @@ public:
 
 private:
     bool Open();
+    bool OpenDevice();
     bool Refuse(const QString& reason);
     bool SetModemLine(int line, const char* name, bool on);
     bool RefuseLine(const QString& property, const QString& reason);
