@@ -1,6 +1,7 @@
 #include "acquisition/tipo_output.h"
 
 #include "registry/field_value.h"
+#include "registry/output_table.h"
 
 namespace orlo
 {
@@ -15,20 +16,10 @@ struct OutputSetting {
 
 OutputSetting ReadSetting(jet::Database& database)
 {
-    const auto rows = database.OpenTable(u"Output");
+    const auto rows = database.OpenTable(OutputTable().name);
     if (rows->AtEof()) return {};
     return {IntegerField<std::int16_t>(*rows, u"Tracciato").value_or(0),
             TextField(*rows, u"Codice_Azienda").value_or(QString())};
-}
-
-void MakeTable(jet::Database& database)
-{
-    constexpr int kPlantCodeLength = 20;
-    jet::TableDefinition table;
-    table.name = u"Output";
-    table.columns = {{u"Tracciato", jet::ColumnType::Integer, 2},
-                     {u"Codice_Azienda", jet::ColumnType::Text, kPlantCodeLength}};
-    database.CreateTable(table);
 }
 
 OutputSetting SettingOrDefaults(jet::Database& database)
@@ -39,7 +30,7 @@ OutputSetting SettingOrDefaults(jet::Database& database)
         if (error.Number() != jet::kTableNotFound) throw;
     }
     try {
-        MakeTable(database);
+        database.CreateTable(OutputTable());
     } catch (const jet::Error& error) {
         // A register that can only be read has the defaults; acquiring goes on.
         if (error.Number() != jet::kReadOnly) throw;

@@ -10,6 +10,7 @@
 #include "registro/register_file.h"
 #include "registro/terminal_columns.h"
 #include "registry/configuration.h"
+#include "registry/output_table.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -25,8 +26,6 @@ namespace
 
 namespace fs = std::filesystem;
 
-using T = jet::ColumnType;
-
 jet::TableDefinition TerminalTable()
 {
     jet::TableDefinition table{u"TERMINALI", {}, {}};
@@ -39,18 +38,15 @@ jet::TableDefinition TerminalTable()
     return table;
 }
 
-// What the program reads of its output layout: 0 is the standard line, without a company code.
-const jet::TableDefinition kOutputTable = {
-    u"Output", {{u"Tracciato", T::Integer, 2}, {u"Codice_Azienda", T::Text, 20}}, {}};
-
 void FillDatabase(const fs::path& file)
 {
     const auto database = jet::Database::Open(file, jet::OpenMode::ReadWrite);
     database->BeginTrans();
-    for (const jet::TableDefinition& table : {TerminalTable(), kOutputTable})
+    for (const jet::TableDefinition& table : {TerminalTable(), OutputTable()})
         database->CreateTable(table);
     CreaTabellaSuonerie(*database);
-    const auto output = database->OpenTable(kOutputTable.name);
+    // The standard layout, which has no plant code.
+    const auto output = database->OpenTable(OutputTable().name);
     output->AddNew();
     output->SetField(u"Tracciato", std::int32_t{0});
     output->SetField(u"Codice_Azienda", jet::Text());
