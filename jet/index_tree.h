@@ -9,9 +9,8 @@ namespace jet
 /// Changes the tree of an index. What holds before and after every call:
 ///
 ///  1. The entries of a page are in order, and so are the leaves along their links.
-///  2. A node's entry is the last entry below its child, or an erased one between that and the
-///  next;
-///     the rightmost child is the tail, or the only one is listed.
+///  2. A node's entry is the last entry below its child, or an erased one between it and the next.
+///     The rightmost child is the tail; an only child is listed.
 ///  3. The root stays on its page; all leaves have the same depth; the pages of a level are linked.
 ///  4. The map of the index lists exactly the pages of the tree.
 ///
