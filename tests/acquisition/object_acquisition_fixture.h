@@ -28,7 +28,7 @@ protected:
         TerminalRecord& slot = state.TerminalTable[kTerminal - 1];
         slot.Priorita = 7;
         slot.PrioritaSecondaria = 6;
-        Register(model, /*retries=*/3);
+        Register(kTerminal, QString::fromLatin1(model));
         window.SelectTerminalLine(window.Controls().ListaTerminali->count() - 1);
     }
 
