@@ -71,7 +71,8 @@ void LogOff(Contenitore& window)
         if (line_open) WaitTenths(window.Station(), kEscapeGuardTenths);
         ModemHangUp(window.Station(), *port);
     }
-    if (line_open) state.SerialPortOk = CloseSerialPort(*port) || !port->PortOpen();
+    if (line_open && port != nullptr)
+        state.SerialPortOk = CloseSerialPort(*port) || !port->PortOpen();
     // Success of the last port operation, not an open port: also without a line, and true here
     // because closing succeeded.
     if (!state.SerialPortOk) return;
