@@ -6,6 +6,8 @@
 
 #include "ui_contenitore.h"
 
+#include <QScopeGuard>
+
 namespace orlo
 {
 
@@ -51,7 +53,12 @@ bool Contenitore::PrepareComponent(const TerminalModel& model)
     component::TelegramComunication& line = *state_.Component->TelegramObject;
     const QString failure = GuardComponentCalls(*this, [&] {
         OpenLink(state_, line);
-        if (state_.CurrentModem) ObjectModemDial(workstation_, line, CallOf(state_));
+        if (!state_.CurrentModem) return;
+        // The dial heeds the Escape key, whatever command it is for.
+        const auto as_before = qScopeGuard(
+            [this, hidden = ui_->LabelEsc->isHidden()] { ui_->LabelEsc->setHidden(hidden); });
+        ui_->LabelEsc->show();
+        ObjectModemDial(workstation_, line, CallOf(state_));
     });
     return failure.isEmpty();
 }

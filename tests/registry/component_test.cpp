@@ -103,6 +103,22 @@ TEST_F(ComponentTest, TerminalBehindAModemIsDialledWhenTheLineIsOpen)
                             "ReceiveString(1000, true)", "SendTelegram(7, 6, \"@@,15\", \"\")"));
 }
 
+TEST_F(ComponentTest, TheStripSaysThatEscapeEndsTheDial)
+{
+    state.Component = component.Make();
+    component.received_texts = {"CONNECT"};
+    Select(TerminalType::Orlo, /*by_modem=*/true);
+    const QLabel* const hint = window.Controls().LabelEsc;
+    std::vector<std::string> hinted;
+    component.on_call = [&](const std::string& call) {
+        if (!hint->isHidden()) hinted.push_back(call.substr(0, call.find('(')));
+        if (call.starts_with("SendTelegram")) throw std::runtime_error("guasto");
+    };
+    EXPECT_FALSE(window.PrepareCurrentTerminal());
+    EXPECT_THAT(hinted, ElementsAre("SendString", "ReceiveString", "SendTelegram"));
+    EXPECT_TRUE(hint->isHidden());
+}
+
 TEST_F(ComponentTest, MissingComponentIsSaidAndNothingIsCalled)
 {
     Select(TerminalType::Orlo, /*by_modem=*/true);
