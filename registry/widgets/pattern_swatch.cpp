@@ -19,8 +19,11 @@ void Hatch(QPainter& painter, const QRectF& place, const QPalette& palette)
     painter.setClipRect(place);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(palette.color(QPalette::HighlightedText), 1.2));
-    for (double x = place.left() - place.height(); x < place.right(); x += kHatchStep)
+    const int lines = static_cast<int>((place.width() + place.height()) / kHatchStep) + 1;
+    for (int line = 0; line < lines; ++line) {
+        const double x = place.left() - place.height() + line * kHatchStep;
         painter.drawLine(QPointF(x, place.bottom()), QPointF(x + place.height(), place.top()));
+    }
     painter.restore();
 }
 

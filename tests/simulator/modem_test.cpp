@@ -21,7 +21,7 @@ class Call : public testing::Test
 {
 protected:
     void SetUp() override { Make(""); }
-    void Make(std::string_view settings, std::vector<FaultRule> faults = {})
+    void Make(std::string_view settings, const std::vector<FaultRule>& faults = {})
     {
         std::vector<Terminal> terminals;
         terminals.push_back(MakeTerminal("numero=1,modello=Strale,timbrature=25"));

@@ -20,6 +20,7 @@ Options Parse(const std::vector<const char*>& arguments)
     std::vector<std::string> texts = {"orlodesk-simulatore"};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
     return ParseOptions(static_cast<int>(texts.size()), pointers.data());

@@ -43,6 +43,7 @@ SimulatorProcess::SimulatorProcess(const std::vector<std::string>& arguments)
     std::vector<std::string> texts = {ORLO_SIMULATOR_PATH};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
 
