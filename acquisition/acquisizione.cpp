@@ -106,6 +106,9 @@ AcquisitionOutcome cmdAcquisisce_Click(Contenitore& window)
     // Also behind an acquisition that failed: the line costs money.
     if (!HangUpBehind(window) && outcome.done)
         outcome = NotDone(controls.PannelloComunicazione->text());
+    // An Orlo or Sipa leaves no caption behind, and the last caption of an acquisition that was
+    // stopped is that of its last good exchange.
+    window.NoteOutcome(outcome.done ? QStringLiteral("Comunicazione OK") : outcome.reason);
     return outcome;
 }
 

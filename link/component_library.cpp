@@ -1,6 +1,10 @@
 #include "link/component_library.h"
 
 #include <dlfcn.h>
+#include <link.h>
+
+#include <cstring>
+#include <fstream>
 
 namespace orlo
 {
@@ -18,6 +22,27 @@ std::string LoaderReason()
 {
     const char* const text = dlerror();
     return text == nullptr ? "non si carica." : text;
+}
+
+/// A library that was not copied to its end: the loader maps what is not there, and touching it
+/// ends the program. Of any other defect the loader tells.
+bool IsCutShort(const std::filesystem::path& file)
+{
+    std::ifstream library(file, std::ios::binary);
+    ElfW(Ehdr) header{};
+    library.read(reinterpret_cast<char*>(&header), sizeof header);
+    if (!library || std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0) return false;
+    if (header.e_phentsize != sizeof(ElfW(Phdr))) return false;
+    std::error_code error;
+    const std::uintmax_t length = std::filesystem::file_size(file, error);
+    library.seekg(static_cast<std::streamoff>(header.e_phoff));
+    for (int i = 0; i < header.e_phnum; ++i) {
+        ElfW(Phdr) segment{};
+        library.read(reinterpret_cast<char*>(&segment), sizeof segment);
+        if (!library) return true;
+        if (segment.p_type == PT_LOAD && segment.p_offset + segment.p_filesz > length) return true;
+    }
+    return false;
 }
 
 class Loader
@@ -56,6 +81,7 @@ private:
         std::error_code error;
         if (!std::filesystem::exists(file, error) && !error)
             throw Failure(file, "il file non c'è.");
+        if (IsCutShort(file)) throw Failure(file, "il file è troncato.");
         void* const handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
         if (handle == nullptr) throw Failure(file, LoaderReason());
         return {handle, dlclose};

@@ -13,8 +13,14 @@ namespace
 {
 
 constexpr float kAnswerSeconds = 2.0F;
-constexpr std::chrono::milliseconds kSilence{300};
-constexpr std::chrono::milliseconds kLongestRunOut{3000};
+/// How long nothing must come over the line, and how long it is listened to at the most.
+struct RunOut {
+    std::chrono::milliseconds silence;
+    std::chrono::milliseconds longest;
+};
+constexpr RunOut kRunOut{std::chrono::milliseconds{1000}, std::chrono::milliseconds{3000}};
+/// Behind a request that nobody asked for the operator is waiting for the window.
+constexpr RunOut kUnaskedRunOut{std::chrono::milliseconds{300}, std::chrono::milliseconds{600}};
 constexpr int kLastTick = 100;
 /// Well below a step of the clock, so that no change is missed.
 constexpr std::chrono::milliseconds kBetweenReadings{20};
@@ -91,10 +97,11 @@ std::string ExchangeTelegramTicks(Workstation& workstation, SerialPortControl& p
 
 void LetLineRunOut(Workstation& workstation, SerialPortControl& port)
 {
-    const std::chrono::milliseconds end = workstation.clock.Monotonic() + kLongestRunOut;
+    const RunOut& run_out = workstation.unasked ? kUnaskedRunOut : kRunOut;
+    const std::chrono::milliseconds end = workstation.clock.Monotonic() + run_out.longest;
     do {
         port.DiscardInput();
-        workstation.clock.SleepUntilInput(port, kSilence);
+        workstation.clock.SleepUntilInput(port, run_out.silence);
     } while (port.InBufferCount() > 0 && workstation.clock.Monotonic() < end);
 }
 

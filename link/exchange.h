@@ -24,8 +24,9 @@ std::string ExchangeTelegram(Workstation& workstation, SerialPortControl& port, 
 std::string ExchangeTelegramTicks(Workstation& workstation, SerialPortControl& port,
                                   int terminal_number, std::string_view command);
 
-/// Throws away what still comes over the line until nothing has come for 0.3 seconds; 3 seconds at
-/// the most. To be used behind a failed exchange, whose answer may be on its way.
+/// Throws away what still comes over the line until nothing has come for a second; 3 seconds at the
+/// most. To be used behind a failed exchange, whose answer may be on its way. Behind one that was
+/// not asked for 0.3 and 0.6 seconds, the window being frozen meanwhile.
 void LetLineRunOut(Workstation& workstation, SerialPortControl& port);
 
 }  // namespace orlo

@@ -42,6 +42,8 @@ void ObjectModemDial(Workstation& workstation, component::TelegramComunication& 
     if (!ModemAnswers(workstation, line)) {
         workstation.dialog.Tell(DialogIcon::Critical, QStringLiteral("Attenzione"),
                                 QStringLiteral("Il Modem non risponde"));
+        // The key that may have closed the box is not a wish to stop.
+        workstation.escape.Query();
         return;
     }
     bool acknowledged = false;

@@ -159,8 +159,10 @@ void Contenitore::RefreshAvailability()
     ui_->NomeFile->setEnabled(!running_);
     for (QAbstractButton* button : commands_) {
         const bool of_line = button == ui_->cmdLogIn || button == ui_->cmdLogOff;
+        // Log-off stays: the open line may have been another terminal's.
+        const bool of_inactive = button == ui_->cmdLogIn && !ui_->Abilitazione->isChecked();
         button->setEnabled(!running_ && !unavailable_.contains(button) && (selected || !of_line) &&
-                           (may_save_ || button != ui_->cmdAggiorna));
+                           !of_inactive && (may_save_ || button != ui_->cmdAggiorna));
     }
 }
 

@@ -65,7 +65,7 @@ bool Contenitore::PrepareComponent(const TerminalModel& model)
 
 bool Contenitore::PulseModemLine()
 {
-    if (state_.Component == nullptr) return true;
+    if (state_.Component == nullptr || !state_.TelegramLinkOpen) return true;
     const QString failure = GuardComponentCalls(*this, [this] {
         ObjectPulseDtr(workstation_, *state_.Component->TelegramObject, state_.CurrentModem);
     });

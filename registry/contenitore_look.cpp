@@ -61,8 +61,8 @@ void Contenitore::DeriveLook()
     const QFontMetrics metrics(font());
 
     ui_->PannelloAcquisire->SetBold(true);
-    ui_->OraTerminale->SetRoom(QStringLiteral("00:00:00 "));
-    ui_->DataTerminale->SetRoom(QStringLiteral("00/00/0000"));
+    ui_->OraTerminale->SetRoom(QStringLiteral("RX ERROR"));
+    ui_->DataTerminale->SetRoom(QStringLiteral("Mer 00/00/0000"));
     ui_->PannelloStato->SetRoom(QStringLiteral("0000000000"));
     ui_->PannelloVersione->SetRoom(QStringLiteral("0000000000"));
     ui_->PanelTentativi->SetRoom(QStringLiteral("00"));

@@ -92,6 +92,9 @@ void LogIn_Click(Contenitore& window)
     controls.PannelloComunicazione->clear();
     if (AnotherLineIsOpen(window, ShownPort(window))) return;
     if (ConnectsByItself(window)) return;
+    // Closing the port is not enough: a modem that does not watch DTR would keep the call.
+    if (state.SessionDialled) LogOff(window);
+    controls.PannelloComunicazione->clear();
     controls.Verde->hide();
     controls.Rosso->hide();
     state.SessionPort = 0;

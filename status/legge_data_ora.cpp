@@ -32,6 +32,8 @@ void ShowClock(Contenitore& window, const QString& date, const QString& time,
 
 ClockOutcome ReadSerialClock(Contenitore& window, const TerminalModel& model)
 {
+    // Whose the caption is, also when nothing is answered.
+    window.NameClockTerminal(window.State().CurrentTerminalNumber);
     PortSession session(window);
     const TextPanel& caption = *window.Controls().PannelloComunicazione;
     if (session.Port() == nullptr) return ClockNotDone(caption.text());
@@ -84,6 +86,12 @@ void Timer1_Timer(Contenitore& window)
     if (model == nullptr || model->family != LinkFamily::Serial) return;
     // Only a command is told that the open line is another terminal's.
     if (window.LineIsOpen() && window.State().SessionPort != window.State().CurrentPort) return;
+    // Without a call the modem would take the telegram for a command, and the caption of the dial
+    // or of the log-off would be gone within a second.
+    if (window.State().CurrentModem && !window.LineIsOpen()) return;
+    // Without a call the modem would take the telegram for a command, and the caption of the dial
+    // or of the log-off would be gone within a second.
+    if (window.State().CurrentModem && !window.LineIsOpen()) return;
     // A wait that spans midnight lasts until the next day, and nobody has asked for this one.
     if (window.Station().clock.SecondsSinceMidnight() >= kDaySeconds - kTickSeconds) return;
     ReadSerialClock(window, *model);

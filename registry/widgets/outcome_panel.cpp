@@ -23,15 +23,25 @@ OutcomePanel::OutcomePanel(QWidget* parent) : TextPanel(parent)
 void OutcomePanel::SetRemark(const QString& remark)
 {
     remark_ = remark;
+    updateGeometry();
     ShowToolTip();
     update();
 }
 
 QSize OutcomePanel::sizeHint() const
 {
+    return RoomOf(Caption()).expandedTo(minimumSizeHint());
+}
+
+QSize OutcomePanel::minimumSizeHint() const
+{
+    return RoomOf(QStringLiteral("Comunicazione OK"));
+}
+
+QSize OutcomePanel::RoomOf(const QString& caption) const
+{
     const QFontMetrics metrics(CaptionFont());
-    return {TextLeft() + metrics.horizontalAdvance(QStringLiteral("Comunicazione OK")),
-            metrics.height() + 2};
+    return {TextLeft() + metrics.horizontalAdvance(caption) + 1, metrics.height() + 2};
 }
 
 void OutcomePanel::paintEvent(QPaintEvent*)
@@ -74,6 +84,7 @@ int OutcomePanel::TextLeft() const
 
 void OutcomePanel::TakeOutcome(const QString& text)
 {
+    updateGeometry();
     ShowToolTip();
     const Outcome outcome = OutcomeOf(text);
     if (outcome == Outcome::Good || outcome == Outcome::Failure) Alert();

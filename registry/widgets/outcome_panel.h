@@ -19,7 +19,7 @@ public:
     const QString& Remark() const { return remark_; }
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -32,6 +32,7 @@ private:
     QString Caption() const;
     QFont CaptionFont() const;
     int TextLeft() const;
+    QSize RoomOf(const QString& caption) const;
     void TakeOutcome(const QString& text);
     void ShowToolTip();
 

@@ -38,6 +38,7 @@ void TerminalLine::Close()
 {
     device_.Close();
     pending_.clear();
+    echo_.clear();
     closed_ = "Linea non aperta";
 }
 
@@ -48,6 +49,7 @@ std::string TerminalLine::LineCode()
 
 void TerminalLine::SendString(std::string_view text)
 {
+    echo_ = text;
     // What does not go out shows as an answer that does not come.
     static_cast<void>(device_.Write(text, Clock::now() + kPatience));
 }
@@ -69,10 +71,21 @@ std::string TerminalLine::ReceiveString(std::size_t longest, std::chrono::millis
         const std::string arrived = device_.Read(deadline);
         if (arrived.empty()) break;
         pending_ += arrived;
+        DropEcho();
     }
     std::string text = pending_.substr(0, std::min(end(), longest));
     pending_.erase(0, text.size());
     return text;
+}
+
+/// A modem that only repeats what it was told has not answered yet.
+void TerminalLine::DropEcho()
+{
+    const auto [text, echo] =
+        std::mismatch(pending_.begin(), pending_.end(), echo_.begin(), echo_.end());
+    const bool echoes_on = text == pending_.end();
+    echo_.erase(echo_.begin(), echoes_on ? echo : echo_.end());
+    pending_.erase(pending_.begin(), text);
 }
 
 Outcome TerminalLine::Exchange(std::int16_t terminal, std::int16_t priority,
@@ -83,6 +96,7 @@ Outcome TerminalLine::Exchange(std::int16_t terminal, std::int16_t priority,
     if (!frame) return {kTooLong, {}};
     const SerialDevice::Deadline deadline = Clock::now() + kPatience;
     pending_.clear();
+    echo_.clear();
     device_.Discard();
     if (!device_.Write(*frame, deadline)) return {LineCode(), {}};
     std::optional<ObjectMessage> answer = WaitForAnswer(request, deadline);

@@ -47,6 +47,7 @@ public:
     Outcome Exchange(std::int16_t terminal, std::int16_t priority, std::vector<std::string> fields);
 
 private:
+    void DropEcho();
     std::optional<std::string> WhyNotOpen(std::int16_t port, std::int32_t bits_per_second);
     std::optional<ObjectMessage> WaitForAnswer(const ObjectMessage& request,
                                                SerialDevice::Deadline deadline);
@@ -58,6 +59,7 @@ private:
     std::string port_;                         // "COM2"
     std::string closed_ = "Linea non aperta";  // why, while the device is not open
     std::string pending_;                      // arrived and not handed out
+    std::string echo_;                         // sent by SendString, may come back
     std::uint8_t sequence_ = 0;
 };
 

@@ -167,7 +167,7 @@ TEST_F(Acquisizione, BadStatusFrameReadsZeroAndEndsTheAcquisition)
 
 TEST_F(Acquisizione, StatusThatComesTooLateIsNotWrittenAsPunches)
 {
-    Connect("Strale", "timbrature=25", {"32#2:ritardo=2500"});
+    Connect("Strale", "timbrature=25", {"32#2:ritardo=3200"});
     EXPECT_TRUE(Acquire().done);
     EXPECT_EQ(PunchLines().size(), 25);
     EXPECT_EQ(Transfers().mid(0, 3), (QStringList{QStringLiteral("33OK"), QStringLiteral("33OK"),

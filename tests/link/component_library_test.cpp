@@ -77,6 +77,18 @@ TEST_F(ComponentLibrary, IsNoLibrary)
     EXPECT_THAT(Complaint(testing::TempDir()), HasSubstr("non si può usare: ")) << "a folder";
 }
 
+TEST_F(ComponentLibrary, WasNotCopiedToItsEnd)
+{
+    const std::string file = PathOf("troncata.so");
+    for (const std::uintmax_t length : {100U, 4096U, 20'000U}) {
+        fs::copy_file(Stub("good"), file, fs::copy_options::overwrite_existing);
+        fs::resize_file(file, length);
+        EXPECT_EQ(Complaint(file),
+                  "Il componente \"" + file + "\" non si può usare: il file è troncato.")
+            << length << " bytes";
+    }
+}
+
 TEST_F(ComponentLibrary, LacksAFunction)
 {
     EXPECT_THAT(Complaint(Stub("without_interface")),

@@ -113,6 +113,13 @@ TEST_F(ObjectModem, EscapeCountsAsNoAnswer)
     EXPECT_TRUE(component.CallsOf("SendTelegram").empty());
 }
 
+TEST_F(ObjectModem, TheEscapeThatClosesTheBoxIsNoWishToStop)
+{
+    pc.dialog.on_tell = [&] { pc.escape.pressed = true; };
+    Dial();
+    EXPECT_FALSE(pc.escape.pressed);
+}
+
 TEST_F(ObjectModem, EscapeIsLookedForOnceASecond)
 {
     component.on_call = [&](const std::string&) {

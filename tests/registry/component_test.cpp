@@ -168,6 +168,7 @@ TEST_F(ComponentTest, ClosingThatThrowsIsNotTriedForEver)
 TEST_F(ComponentTest, PulseActsOnlyBehindAModem)
 {
     state.Component = component.Make();
+    state.TelegramLinkOpen = true;
     EXPECT_TRUE(window.PulseModemLine());
     EXPECT_THAT(component.calls, IsEmpty());
     state.CurrentModem = true;
@@ -175,9 +176,18 @@ TEST_F(ComponentTest, PulseActsOnlyBehindAModem)
     EXPECT_THAT(component.calls, ElementsAre("DTR(false)", "DTR(true)"));
 }
 
+TEST_F(ComponentTest, LineThatWasNotOpenedIsNotPulsed)
+{
+    state.Component = component.Make();
+    state.CurrentModem = true;
+    EXPECT_TRUE(window.PulseModemLine());
+    EXPECT_THAT(component.calls, IsEmpty());
+}
+
 TEST_F(ComponentTest, PulseThatThrowsIsACaption)
 {
     state.Component = component.Make();
+    state.TelegramLinkOpen = true;
     state.CurrentModem = true;
     component.on_call = [](const std::string&) { throw 7; };
     EXPECT_FALSE(window.PulseModemLine());

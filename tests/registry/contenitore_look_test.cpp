@@ -208,7 +208,10 @@ TEST_F(ContenitoreLook, NothingMovesBetweenTypesAndStates)
     const auto look = [&](const std::string& when) {
         QCoreApplication::processEvents();
         for (const char* name : watched) {
-            const QRect place = PlaceOf(Control(name));
+            QRect place = PlaceOf(Control(name));
+            // Between these two the room goes to whoever has something to say.
+            if (name == std::string_view("PannelloComunicazione")) place.setWidth(0);
+            if (name == std::string_view("LabelUltimoComando")) place.setLeft(place.right());
             const auto [found, first] = places.emplace(name, place);
             EXPECT_EQ(found->second, place) << name << ' ' << when;
         }

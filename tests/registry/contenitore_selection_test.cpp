@@ -147,8 +147,11 @@ TEST_F(ContenitoreSelection, AnInactiveTerminalCannotBeCommandedOrSaved)
     slot.Funzionamento = 2;
     Register(slot);
     RegisterStrale(2);
+    for (auto* button : {window.Controls().cmdLogIn, window.Controls().cmdLogOff})
+        window.SetFeatureAvailable(button, true);
     Select(0);
-    for (const char* name : {"cmdAggiorna", "PannelloFunzioni", "FrameAcquisizione",
+    EXPECT_TRUE(Enabled("cmdLogOff")) << "the open line may be another terminal's";
+    for (const char* name : {"cmdAggiorna", "PannelloFunzioni", "FrameAcquisizione", "cmdLogIn",
                              "FrameFormatoBadge", "CampoDescrizione", "ComboTipoTerminale"})
         EXPECT_FALSE(Enabled(name)) << name;
     EXPECT_FALSE(Ticked("Abilitazione"));
@@ -159,7 +162,7 @@ TEST_F(ContenitoreSelection, AnInactiveTerminalCannotBeCommandedOrSaved)
     EXPECT_TRUE(Ticked("Funzionamento_1"));
 
     Select(1);
-    for (const char* name : {"cmdAggiorna", "PannelloFunzioni", "FrameAcquisizione",
+    for (const char* name : {"cmdAggiorna", "PannelloFunzioni", "FrameAcquisizione", "cmdLogIn",
                              "FrameFormatoBadge", "CampoDescrizione", "ComboTipoTerminale"})
         EXPECT_TRUE(Enabled(name)) << name;
     EXPECT_EQ(TextOf("LabelAvviso"), QString());

@@ -251,6 +251,22 @@ TEST_F(ModemSession, DialledLineIsHungUpThoughTheTickIsAnotherTerminals)
     EXPECT_EQ(HangUps(), 1U);
 }
 
+TEST_F(ModemSession, LogInOverACallHangsUpFirst)
+{
+    for (const int terminal : {1, 3}) {
+        Select(1);
+        LogIn_Click(window);
+        Select(terminal);
+        pc.com1.sent.clear();
+        LogIn_Click(window);
+        EXPECT_EQ(HangUps(), 1U) << "terminal " << terminal;
+        EXPECT_EQ(pc.com1.sent.at(3), "ATH\r") << "behind the three +";
+        EXPECT_EQ(Caption(), QStringLiteral("Modem Log In"));
+        EXPECT_EQ(Light(), "Verde");
+        LogOff_Click(window);
+    }
+}
+
 TEST_F(ModemSession, LogInOnTheSameLineDialsAgain)
 {
     LogIn_Click(window);

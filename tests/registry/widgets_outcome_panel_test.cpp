@@ -43,12 +43,17 @@ TEST(OutcomePanel, ACaptionThatIsCutIsShownInFullAsToolTip)
     EXPECT_EQ(panel.toolTip(), QStringLiteral("Timeout"));
 }
 
-TEST(OutcomePanel, ItsRoomDoesNotDependOnTheCaption)
+TEST(OutcomePanel, AsksForTheRoomOfItsCaptionAndMakesDoWithLess)
 {
     OutcomePanel panel;
-    const QSize room = panel.sizeHint();
+    const QSize smallest = panel.minimumSizeHint();
+    EXPECT_EQ(panel.sizeHint(), smallest);
     panel.setText(QString(300, u'x'));
-    EXPECT_EQ(panel.sizeHint(), room);
+    EXPECT_EQ(panel.minimumSizeHint(), smallest);
+    EXPECT_GT(panel.sizeHint().width(), smallest.width());
+    panel.show();
+    panel.resize(panel.sizeHint());
+    EXPECT_EQ(panel.toolTip(), QString()) << "nothing is cut";
 }
 
 }  // namespace orlo

@@ -4,6 +4,7 @@
 #include "tests/simulator/component_fixture.h"
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <poll.h>
 #include <sys/file.h>
 
@@ -107,6 +108,20 @@ TEST_F(ComponentLine, IsNotOpenBeforeAndAfter)
     EXPECT_TRUE(client.Status());
     client.Open(1);
     EXPECT_TRUE(client.Status()) << "opened again while it was open";
+}
+
+TEST_F(ComponentLine, TheEchoOfAModemIsNoAnswer)
+{
+    for (const char* echo : {"1", "0"}) {
+        StartTerminal("", {"--modem", std::string("attesa=50,eco=") + echo});
+        Client client(Line());
+        client.Telegram().SendString("ATD0551\r");
+        std::string heard;
+        for (int read = 0; read < 1000 && heard.empty(); ++read)
+            heard = client.Telegram().ReceiveString(1000, true);
+        EXPECT_THAT(heard, testing::HasSubstr("CONNECT")) << "echo " << echo;
+        EXPECT_EQ(heard.find("ATD"), std::string::npos) << "echo " << echo;
+    }
 }
 
 TEST_F(ComponentLine, SaysWhyADeviceCannotBeOpened)

@@ -101,9 +101,9 @@ TEST_F(ClockTest, BadFrameIsShownSlicedLikeAnAnswer)
         pc.clock.SetTimeOfDay(QTime(8, 0));
         cmdLeggeOra_Click(window);
         EXPECT_EQ(Shown(), (QStringList{QStringLiteral("RX ERROR"), QString(),
-                                        QStringLiteral("05/03/2026 - 08:00:00"), QString(),
+                                        QStringLiteral("05/03/2026 - 08:00:01"), QString(),
                                         QStringLiteral("Comunicazione OK")}))
-            << model.toStdString();
+            << model.toStdString() << ", behind a second of silence";
     }
 }
 

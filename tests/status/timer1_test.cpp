@@ -92,6 +92,34 @@ TEST_F(Timer1Test, DoesNothingForOrloAndSipa)
     }
 }
 
+TEST_F(Timer1Test, SendsNothingToAModemWithoutACall)
+{
+    Connect(QStringLiteral("Strale"));
+    Controls().CheckModem->setChecked(true);
+    Prepare();
+    Controls().PannelloComunicazione->setText(QStringLiteral("Modem Line Busy"));
+    WaitForTicks();
+    EXPECT_TRUE(pc.com1.sent.empty());
+    EXPECT_EQ(Outcome(), QStringLiteral("Modem Line Busy"));
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    WaitForTicks();
+    EXPECT_FALSE(commands.isEmpty());
+}
+
+TEST_F(Timer1Test, SaysWhoseClockIsNotAnswering)
+{
+    Connect(QStringLiteral("Strale"), {}, {"*:silenzio"});
+    Register(5, QStringLiteral("Strale"));
+    Prepare();
+    window.SelectTerminalLine(1);
+    WaitForTicks();
+    EXPECT_EQ(Outcome(), QStringLiteral("Timeout"));
+    EXPECT_EQ(Controls().LabelOrologio->text(), QStringLiteral("Terminale 4:"));
+    EXPECT_EQ(Controls().OraTerminale->text(), QString());
+}
+
 TEST_F(Timer1Test, DoesNothingWhileACommandRuns)
 {
     Connect(QStringLiteral("Strale"));

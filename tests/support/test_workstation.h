@@ -6,6 +6,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <vector>
 
 namespace orlo::testing
@@ -23,6 +24,8 @@ public:
     };
     std::vector<Box> told;
     std::vector<Box> asked;
+    /// What happens while a told box stands.
+    std::function<void()> on_tell = [] {};
     bool answer_yes = false;
     bool present = true;
 
@@ -30,6 +33,7 @@ public:
               const QString& informative) override
     {
         told.push_back({icon, title, text, informative});
+        on_tell();
     }
     bool AskYesNo(DialogIcon icon, const QString& title, const QString& text) override
     {
