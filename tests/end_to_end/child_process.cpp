@@ -56,7 +56,7 @@ bool WaitForEnd(pid_t pid)
 // it.
 void HeedPermissions()
 {
-    prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
+    for (const int right : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) prctl(PR_CAPBSET_DROP, right);
 }
 
 /// As on a network drive without locks: locks of open file descriptions fail.
