@@ -97,7 +97,7 @@ protected:
 TEST_F(ObjectOnAFullDisk, RecordWithoutRoomIsNeitherAskedForNorMarked)
 {
     // 25 lines of 32 characters and their CR LF.
-    installation.LimitFiles(25 * 34);
+    installation.LimitFiles(25UL * 34);
     const Ended first = installation.Acquire();
     EXPECT_EQ(first.status, 1);
     EXPECT_THAT(first.errors, StartsWith("Attenzione: Impossibile scrivere le timbrature nel file "

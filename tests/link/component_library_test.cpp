@@ -147,7 +147,7 @@ TEST_F(ComponentLibrary, IsInAFolderWithoutPermission)
 {
     const fs::path folder = PathOf("chiusa");
     fs::create_directory(folder);
-    std::ofstream(folder / "componente.so");
+    std::ofstream(folder / "componente.so") << "nessuno lo legge";
     fs::permissions(folder, fs::perms::none);
     {
         const testing::HeededPermissions heeded;
