@@ -24,7 +24,8 @@ ClockOutcome DoClockCommand(Contenitore& window, const std::function<ClockOutcom
     // The component's answers leave no caption behind.
     if (caption.text().isEmpty())
         window.NoteOutcome(outcome.done ? QStringLiteral("Comunicazione OK") : outcome.reason);
-    HangUpBehindCommand(window);
+    // A line that may still be up costs money, whatever the clock shows.
+    if (!HangUpBehindCommand(window) && outcome.done) outcome = ClockNotDone(caption.text());
     return outcome;
 }
 

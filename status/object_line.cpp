@@ -3,10 +3,10 @@
 namespace orlo
 {
 
-void HangUpBehindCommand(Contenitore& window)
+bool HangUpBehindCommand(Contenitore& window)
 {
     const TerminalModel* const model = window.ShownModel();
-    if (model != nullptr && model->type == TerminalType::Orlo) window.PulseModemLine();
+    return model == nullptr || model->type != TerminalType::Orlo || window.PulseModemLine();
 }
 
 }  // namespace orlo

@@ -6,7 +6,7 @@ namespace orlo
 {
 
 /// Behind a command: the modem of an Orlo hangs up, as a line costs money; that of a Sipa is not
-/// pulsed.
-void HangUpBehindCommand(Contenitore& window);
+/// pulsed. False, with the reason in PannelloComunicazione, when the pulse failed.
+bool HangUpBehindCommand(Contenitore& window);
 
 }  // namespace orlo

@@ -105,6 +105,32 @@ TEST_F(ObjectAcquisition, NothingToAcquireIsToldAndCountsAsDone)
     EXPECT_FALSE(QFile::exists(Controls().NomeFile->text())) << "nor is the file made";
 }
 
+TEST_F(ObjectAcquisition, FewerThanNoneToAcquireIsToldLikeNone)
+{
+    Punches({"1"});
+    component.free_records = 1200;
+    EXPECT_TRUE(Acquire().done);
+    ASSERT_EQ(pc.dialog.told.size(), 1U);
+    EXPECT_EQ(pc.dialog.told[0].text, QStringLiteral("Nessuna Timbratura Da Acquisire"));
+    EXPECT_THAT(component.CallsOf("GetNextRecord"), IsEmpty());
+    EXPECT_FALSE(QFile::exists(Controls().NomeFile->text()));
+}
+
+TEST_F(ObjectAcquisition, MoreRecordsThanSixteenBitsCountAreAcquiredToTheLast)
+{
+    constexpr int kRecords = 32'771;
+    testing::FakeRecord access;
+    access.Type = "Accessi";
+    component.max_records = 40'000;
+    component.records.assign(kRecords, access);
+    component.records.front() = component.records.back() = testing::FakeRecord();
+    EXPECT_TRUE(Acquire().done);
+    EXPECT_THAT(component.CallsOf("GetNextRecord"), SizeIs(kRecords + 1));
+    EXPECT_THAT(PunchLines(), SizeIs(2));
+    EXPECT_TRUE(component.records.back().Deleted);
+    EXPECT_EQ(Controls().PannelloAcquisire->text(), QStringLiteral("32769"));
+}
+
 TEST_F(ObjectAcquisition, PriorityIsWhatTheFieldHoldsAtThatMoment)
 {
     Punches({"1", "2"});

@@ -146,6 +146,19 @@ TEST_F(ObjectFailure, NonsenseCountersDoNotMakeItEndless)
     EXPECT_EQ(Controls().PannelloAcquisire->text(), QStringLiteral("2147483648"));
 }
 
+TEST_F(ObjectFailure, CountOfMoreThanSixteenBitsIsHeldAgainstWhatCame)
+{
+    Punches({"1", "2"});
+    component.max_records = 100'000;
+    component.free_records = 0;
+    const AcquisitionOutcome outcome = Acquire();
+    EXPECT_FALSE(outcome.done);
+    EXPECT_EQ(outcome.reason,
+              QStringLiteral("Il terminale dichiarava 32767 timbrature da acquisire e ne ha "
+                             "consegnate 2."));
+    EXPECT_EQ(component.Marked(), 2);
+}
+
 TEST_F(ObjectFailure, CountingOnFromTheLargestNumberIsNoHarm)
 {
     Punches({"1"});

@@ -138,6 +138,21 @@ TEST_F(ObjectBadgeFormat, WhatTheComponentThrowsIsTheCaptionAndTheLineIsReset)
     }
 }
 
+TEST_F(ObjectBadgeFormat, ResetThatThrowsIsTheCaptionAndWhatWasReadStays)
+{
+    Connect();
+    for (const char* call : {"DTR(false)", "DTR(true)"}) {
+        LetThrow(call);
+        Receive();
+        EXPECT_EQ(Numbers(), Words("1 4 5 3 8 6 16")) << call;
+        EXPECT_EQ(Outcome(), QStringLiteral("Errore del componente: guasto")) << call;
+        window.AzzeraLabel();
+        Send();
+        EXPECT_EQ(Outcome(), QStringLiteral("Errore del componente: guasto")) << call;
+    }
+    EXPECT_EQ(clock_reads, 2);
+}
+
 TEST_F(ObjectBadgeFormat, NonsenseFromTheComponentIsShownAndSurvived)
 {
     Connect();

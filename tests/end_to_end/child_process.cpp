@@ -27,6 +27,7 @@ constexpr int kPatienceMs = 60000;
 std::vector<char*> Pointers(std::vector<std::string>& texts)
 {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
     return pointers;
@@ -56,7 +57,7 @@ bool WaitForEnd(pid_t pid)
 // it.
 void HeedPermissions()
 {
-    prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
+    for (const int right : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) prctl(PR_CAPBSET_DROP, right);
 }
 
 /// As on a network drive without locks: locks of open file descriptions fail.

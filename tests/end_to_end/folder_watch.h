@@ -6,24 +6,28 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdint>
 #include <string>
 
 namespace orlo::end_to_end
 {
 
-/// Sees files being made in a folder from the moment in which it is set up.
+/// Sees files being made, or what else is wanted, in a folder from the moment in which it is set
+/// up.
 class FolderWatch
 {
 public:
-    explicit FolderWatch(const std::string& folder) : descriptor_(inotify_init1(IN_CLOEXEC))
+    /// `events` in the words of inotify.
+    explicit FolderWatch(const std::string& folder, std::uint32_t events = IN_CREATE)
+        : descriptor_(inotify_init1(IN_CLOEXEC))
     {
-        inotify_add_watch(descriptor_, folder.c_str(), IN_CREATE);
+        inotify_add_watch(descriptor_, folder.c_str(), events);
     }
     FolderWatch(const FolderWatch&) = delete;
     FolderWatch& operator=(const FolderWatch&) = delete;
     ~FolderWatch() { close(descriptor_); }
 
-    /// Waits until a file of that name is made; false when it is not for a long time.
+    /// Waits for that to happen to a file of that name; false when it does not for a long time.
     [[nodiscard]] bool WaitFor(const std::string& name) const
     {
         alignas(inotify_event) std::array<char, 4096> events{};

@@ -83,6 +83,10 @@ public:
     /// Shows the windows of what is started from now on where nobody sees them.
     void ShowOffScreen() { surroundings_.environment.emplace_back("QT_QPA_PLATFORM=offscreen"); }
 
+    /// The system's loader names every library that the program opens, also while it runs, among
+    /// the errors of what is started from now on.
+    void NameLoadedLibraries() { surroundings_.environment.emplace_back("LD_DEBUG=files"); }
+
     /// No file that the program writes may grow beyond so many bytes.
     void LimitFiles(rlim_t bytes) { surroundings_.longest_file = bytes; }
     void LiftLimit() { surroundings_.longest_file.reset(); }

@@ -53,16 +53,6 @@ TEST_F(ByModem, TerminalIsDialledAcquiredAndHungUp)
     EXPECT_THAT(installation.Read("traccia"), HasSubstr(" COM1: la porta non ha la linea DTR\n"));
 }
 
-TEST_F(ByModem, FailedDialIsNotDoneWithItsCaptionAsReason)
-{
-    const auto line = Simulate("esito=BUSY,attesa=500");
-    const Ended ended = installation.Run({"--acquisisci", "5"});
-    EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.errors, "Terminale 5 non acquisito: Modem Line Busy\n");
-    EXPECT_EQ(line->Commands(), kDialled);
-    EXPECT_FALSE(installation.Has("TIMBRAT.TXT"));
-}
-
 TEST_F(ByModem, LineLostInTheMiddleIsHungUpAndItsPunchesAreStillInTheTerminal)
 {
     const auto line = Simulate("attesa=500", {"--guasto", "33#2:caduta"});

@@ -1,5 +1,7 @@
 #include "link/component_library.h"
 
+#include "tests/support/file_permissions.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -12,17 +14,17 @@ namespace
 {
 
 namespace fs = std::filesystem;
-using testing::ElementsAre;
-using testing::HasSubstr;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 
 const std::array<std::string, 4> kDevices = {"/dev/a", "/dev/b", "", "/dev/d"};
 
-class ComponentLibrary : public testing::Test
+class ComponentLibrary : public ::testing::Test
 {
 protected:
     void SetUp() override
     {
-        std::string pattern = testing::TempDir() + "/libreria.XXXXXX";
+        std::string pattern = ::testing::TempDir() + "/libreria.XXXXXX";
         ASSERT_NE(mkdtemp(pattern.data()), nullptr);
         folder_ = pattern;
         setenv("ORLO_STUB_LOG", PathOf("eventi").c_str(), 1);
@@ -74,7 +76,7 @@ TEST_F(ComponentLibrary, IsNoLibrary)
 {
     std::ofstream(PathOf("testo.so")) << "questo è un testo";
     EXPECT_THAT(Complaint(PathOf("testo.so")), HasSubstr("testo.so\" non si può usare: "));
-    EXPECT_THAT(Complaint(testing::TempDir()), HasSubstr("non si può usare: ")) << "a folder";
+    EXPECT_THAT(Complaint(::testing::TempDir()), HasSubstr("non si può usare: ")) << "a folder";
 }
 
 TEST_F(ComponentLibrary, WasNotCopiedToItsEnd)
@@ -144,6 +146,26 @@ TEST_F(ComponentLibrary, HasANameThatNoFileCanHave)
 {
     EXPECT_THAT(Complaint(""), HasSubstr("Il componente \"\" non si può usare: "));
     EXPECT_THAT(Complaint(PathOf(std::string(300, 'x').c_str())), HasSubstr(" non si può usare: "));
+}
+
+TEST_F(ComponentLibrary, IsALinkToItself)
+{
+    const std::string link = PathOf("cerchio.so");
+    fs::create_symlink(link, link);
+    EXPECT_THAT(Complaint(link), HasSubstr("Too many levels of symbolic links"));
+}
+
+TEST_F(ComponentLibrary, IsInAFolderWithoutPermission)
+{
+    const fs::path folder = PathOf("chiusa");
+    fs::create_directory(folder);
+    std::ofstream(folder / "componente.so") << "nessuno lo legge";
+    fs::permissions(folder, fs::perms::none);
+    {
+        const testing::HeededPermissions heeded;
+        EXPECT_THAT(Complaint(folder / "componente.so"), HasSubstr("Permission denied"));
+    }
+    fs::permissions(folder, fs::perms::owner_all);
 }
 
 TEST_F(ComponentLibrary, MakesItsObjectsInOrderAndIsUnloadedAfterThem)

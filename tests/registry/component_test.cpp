@@ -82,6 +82,17 @@ TEST_F(ComponentTest, PreparingOpensTheLinkAndKeepsTheBlock)
     EXPECT_EQ(state.CurrentSpeed, 38400);
 }
 
+TEST_F(ComponentTest, EmptyPortFieldIsPortZeroAndTheComponentsConcern)
+{
+    state.Component = component.Make();
+    Select(TerminalType::Orlo);
+    window.Controls().ComboPorta->setCurrentIndex(-1);
+    EXPECT_EQ(window.Controls().ComboPorta->currentText(), QString());
+    EXPECT_TRUE(window.PrepareCurrentTerminal());
+    EXPECT_EQ(state.CurrentPort, 0);
+    EXPECT_THAT(component.calls, ElementsAre("OpenComunication(0, 38400)"));
+}
+
 TEST_F(ComponentTest, SerialModelsLeaveTheComponentAlone)
 {
     state.Component = component.Make();

@@ -337,6 +337,23 @@ TEST_F(ModemSession, ProgramThatEndsItLeavesASecondOfSilenceBeforeTheEscape)
     EXPECT_EQ(Light(), "Rosso");
 }
 
+TEST_F(ModemSession, ProgramThatEndsIsNotKeptByAHangUpThatIsRefused)
+{
+    for (const char* line : {"RTS", "DTR"}) {
+        SCOPED_TRACE(line);
+        pc.com1.refuses.clear();
+        LogIn_Click(window);
+        ASSERT_EQ(Light(), "Verde");
+        pc.com1.refuses = line;
+        pc.com1.answer_to = nullptr;
+        EndSession(window);
+        EXPECT_EQ(pc.com1.sent.back(), "ATH\r");
+        EXPECT_FALSE(pc.com1.PortOpen());
+        EXPECT_EQ(Light(), "Rosso");
+        pc.com1.answer_to = [this](std::string_view sent) { return answers[std::string(sent)]; };
+    }
+}
+
 TEST_F(ModemSession, LogOffRightBehindAnExchangeLeavesASecondOfSilenceBeforeTheEscape)
 {
     LogIn_Click(window);

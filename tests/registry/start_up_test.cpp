@@ -125,6 +125,15 @@ TEST_F(StartUpTest, ComponentThatCannotBeMadeEndsTheStartUpBehindTheRegister)
     EXPECT_EQ(state.Component, nullptr);
 }
 
+TEST_F(StartUpTest, ComponentThatCannotBeMadeLeavesNoLockFileBehindTheProgram)
+{
+    Database("nimbo-full-97.mdb");
+    StartWithoutLibrary();
+    EXPECT_TRUE(QFile::exists(InFolder("nimbo.ldb"))) << "the window shows the register";
+    CloseRegister(state);
+    EXPECT_FALSE(QFile::exists(InFolder("nimbo.ldb")));
+}
+
 TEST_F(StartUpTest, FillsTheChoices)
 {
     Database("nimbo-full-97.mdb");

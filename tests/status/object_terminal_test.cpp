@@ -162,6 +162,49 @@ TEST_F(ObjectStatus, WhatTheComponentThrowsInAClockCommandIsCaptionAndReason)
     }
 }
 
+class ObjectHangUpThrows : public ObjectStatus, public ::testing::WithParamInterface<const char*>
+{
+protected:
+    /// A terminal behind a modem that answers every call.
+    void SetUp() override
+    {
+        ObjectStatus::SetUp();
+        Connect();
+        Controls().CheckModem->setChecked(true);
+        terminal.component.received_texts = {"CONNECT"};
+        LetThrow(GetParam());
+    }
+    static QString Failure() { return QStringLiteral("Errore del componente: guasto"); }
+};
+
+TEST_P(ObjectHangUpThrows, AndTheCaptionSaysSoBehindATest)
+{
+    cmdTest_Click(window);
+    EXPECT_EQ(Controls().PannelloVersione->text(), QStringLiteral("Release: DEFABCGHIJ"));
+    EXPECT_EQ(Outcome(), Failure());
+}
+
+TEST_P(ObjectHangUpThrows, AndTheCaptionSaysSoBehindAClockRead)
+{
+    cmdLeggeOra_Click(window);
+    EXPECT_EQ(Time(), QString::fromStdString(terminal.terminal_time));
+    EXPECT_EQ(Outcome(), Failure());
+}
+
+TEST_P(ObjectHangUpThrows, AndTheClockThatWasSetIsNotDone)
+{
+    const ClockOutcome outcome = cmdSincro_Click(window);
+    EXPECT_EQ(terminal.terminal_time, terminal.pc_time);
+    EXPECT_FALSE(outcome.done) << "the line may be up, and costs money";
+    EXPECT_EQ(outcome.reason, Failure());
+    EXPECT_EQ(Outcome(), Failure());
+}
+
+INSTANTIATE_TEST_SUITE_P(Pulse, ObjectHangUpThrows, ::testing::Values("DTR(false)", "DTR(true)"),
+                         [](const auto& call) {
+                             return std::string(call.param) == "DTR(false)" ? "Drop" : "Raise";
+                         });
+
 TEST_F(ObjectStatus, WithoutAComponentTheCaptionSaysSo)
 {
     Connect();

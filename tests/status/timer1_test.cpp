@@ -153,6 +153,34 @@ TEST_F(Timer1Test, DoesNothingWhileAnotherWindowWaits)
     EXPECT_EQ(commands, before);
 }
 
+TEST_F(Timer1Test, DoesNothingWhileTheLineOfAnotherPortIsHeld)
+{
+    Connect(QStringLiteral("Strale"));
+    Prepare();
+    ASSERT_TRUE(pc.com2.SetPortOpen(true));
+    state.SessionPort = 2;
+    Controls().Verde->show();
+    Controls().PannelloComunicazione->setText(QStringLiteral("Modem Log In"));
+    WaitForTicks();
+    EXPECT_TRUE(pc.com1.sent.empty() && pc.com2.sent.empty());
+    EXPECT_EQ(pc.com1.times_opened, 0);
+    EXPECT_TRUE(pc.com2.PortOpen());
+    EXPECT_EQ(Outcome(), QStringLiteral("Modem Log In"));
+}
+
+TEST_F(Timer1Test, ReadsOverTheHeldLineOfItsOwnPortAndLeavesItOpen)
+{
+    Connect(QStringLiteral("Strale"));
+    Prepare();
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    WaitForTicks();
+    EXPECT_FALSE(commands.isEmpty());
+    EXPECT_EQ(pc.com1.times_opened, 1);
+    EXPECT_TRUE(pc.com1.PortOpen());
+}
+
 TEST_F(Timer1Test, DoesNothingWhileTheWindowIsNotShown)
 {
     Connect(QStringLiteral("Strale"));

@@ -18,7 +18,7 @@ public:
     {
         Call(SYS_capget, before_);
         Sets heeding = before_;
-        heeding[0].effective &= ~(1U << CAP_DAC_OVERRIDE);
+        heeding[0].effective &= ~(1U << CAP_DAC_OVERRIDE | 1U << CAP_DAC_READ_SEARCH);
         Call(SYS_capset, heeding);
     }
     ~HeededPermissions() { syscall(SYS_capset, &header_, before_.data()); }
