@@ -111,7 +111,7 @@ TEST_P(WindowOnALine, ClockIsReadSetAndReadAgain)
     Start(",scarto=-95");
     EXPECT_EQ(Press(Controls().cmdLeggeOra),
               QStringLiteral("Lettura dell'ora, terminale 7: Comunicazione OK"));
-    EXPECT_EQ(Controls().LabelScarto->text(), QStringLiteral("−1 min"));
+    EXPECT_EQ(Controls().LabelScarto->text(), QStringLiteral("−1 min 35 s"));
     EXPECT_EQ(Press(Controls().cmdSincro),
               QStringLiteral("Sincronizzazione, terminale 7: Comunicazione OK"));
     EXPECT_LE(std::abs(std::stoi(line->State("7.scarto"))), 1);
