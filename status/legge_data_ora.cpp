@@ -35,8 +35,7 @@ ClockOutcome ReadSerialClock(Contenitore& window, const TerminalModel& model)
     PortSession session(window);
     if (session.Port() == nullptr) return ClockNotDone(session.Refusal());
     const std::string answer = AskTerminal(window, *session.Port(), "03");
-    if (answer == kTimeout)
-        return ClockNotDone(window.Controls().PannelloComunicazione->text());
+    if (answer == kTimeout) return ClockNotDone(window.Controls().PannelloComunicazione->text());
     const DateAndTime cut = CutDateAndTime(model.status_answer, answer);
     Clock& clock = window.Station().clock;
     ShowClock(window, AnswerText(cut.date), AnswerText(cut.time),

@@ -22,8 +22,7 @@ ClockOutcome SetSerialClock(Contenitore& window)
     if (session.Port() == nullptr) return ClockNotDone(session.Refusal());
     const std::string answer =
         AskTerminal(window, *session.Port(), SetClockCommand(window.Station().clock));
-    if (answer == kTimeout)
-        return ClockNotDone(window.Controls().PannelloComunicazione->text());
+    if (answer == kTimeout) return ClockNotDone(window.Controls().PannelloComunicazione->text());
     // Shown as an answer like any other; whether the terminal has taken the time is not known.
     if (answer == kRxError) return ClockNotDone(QStringLiteral("la risposta è arrivata guasta"));
     return {.done = true, .reason = {}};

@@ -206,6 +206,18 @@ TEST_F(Sincronizza, UnknownNumberIsNamedAndTheOthersAreSet)
     EXPECT_PRED1(IsRight, line->State("6.scarto"));
 }
 
+TEST_F(Sincronizza, TerminalWithoutAPortOrAKnownTypeIsNamed)
+{
+    installation.Register(
+        {{.terminal = 4, .port = 9}, {.terminal = 5, .type = 9}, {.terminal = 6, .port = 0}});
+    const Ended ended = installation.Run({"--sincronizza", "4,5,6"});
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.errors,
+              "Terminale 4 non sincronizzato: nessuna porta\n"
+              "Terminale 5 non sincronizzato: il tipo di terminale non è conosciuto\n"
+              "Terminale 6 non sincronizzato: nessuna porta\n");
+}
+
 TEST_F(Sincronizza, ListWithBlanksAndDuplicatesSetsEachOnce)
 {
     const auto line = ThreeOnALine();
@@ -310,6 +322,21 @@ TEST_F(SincronizzaByModem, SilentTerminalIsHungUpAndNamed)
     EXPECT_EQ(line->Commands("+++"), "+++");
     EXPECT_EQ(line->Commands("ATH"), "ATH");
     EXPECT_EQ(line->State("5.scarto"), "60");
+}
+
+TEST_F(SincronizzaByModem, OrloIsDialledByItsComponent)
+{
+    installation.Register({{.terminal = 5, .type = 1, .modem = true}});
+    // The first text behind the dial command counts as the answer: the modem may not echo it.
+    const auto line =
+        installation.Simulate({"--terminale", "numero=5,modello=Orlo,scarto=60,impianto=15",
+                               "--modem", "attesa=500,eco=0"});
+    const Ended ended = installation.Run({"--sincronizza", "5"});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.errors, "");
+    EXPECT_EQ(line->Commands("ATD"), "ATD+39 0464/123456");
+    EXPECT_EQ(line->Commands("telegramma"), "telegramma @@,15 ");
+    EXPECT_PRED1(IsRight, line->State("5.scarto"));
 }
 
 TEST_F(SincronizzaByModem, FailedDialIsTheReasonAndTheOneOnACableIsSet)
