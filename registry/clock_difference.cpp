@@ -36,7 +36,7 @@ struct Unit {
 /// In two units, as the larger alone would hide up to half of a difference: "1 min 35 s".
 QString Pair(qint64 seconds, const Unit& large, const Unit& small)
 {
-    const QString text =
+    QString text =
         QStringLiteral("%1 %2").arg(seconds / large.seconds).arg(QLatin1String(large.name));
     const qint64 rest = seconds % large.seconds / small.seconds;
     if (rest == 0) return text;

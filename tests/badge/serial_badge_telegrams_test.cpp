@@ -11,16 +11,16 @@ namespace
 
 using Telegrams = std::vector<std::string>;
 
-// To terminal 4; the last byte before CR is the checksum.
+// STX, the address of terminal 4 (octal 204), the command, its checksum, CR.
 // clang-format off
-const Telegrams kReadsFromSix  = {"\x02\x84" "950006\xBA\r", "\x02\x84" "950007\xBB\r", "\x02\x84" "950008\xBC\r",
-                                  "\x02\x84" "950009\xBD\r", "\x02\x84" "950010\xB5\r"};
-const Telegrams kReadsFromNine = {"\x02\x84" "950009\xBD\r", "\x02\x84" "950010\xB5\r", "\x02\x84" "950011\xB6\r",
-                                  "\x02\x84" "950012\xB7\r", "\x02\x84" "950013\xB8\r"};
-const Telegrams kSendsFromSix  = {"\x02\x84" "940006 05\xBE\r", "\x02\x84" "940007 05\xBF\r", "\x02\x84" "940008 07\xC2\r",
-                                  "\x02\x84" "940009 12\xBF\r", "\x02\x84" "940010 00123\xCA\r", "\x02\x84" "97STORE\x83\r"};
-const Telegrams kSendsFromNine = {"\x02\x84" "940009 05\xC1\r", "\x02\x84" "940010 05\xB9\r", "\x02\x84" "940011 07\xBC\r",
-                                  "\x02\x84" "940012 12\xB9\r", "\x02\x84" "940013 00123\xCD\r", "\x02\x84" "97STORE\x83\r"};
+const Telegrams kReadsFromSix  = {"\2\204950006\xBA\r", "\2\204950007\xBB\r", "\2\204950008\xBC\r",
+                                  "\2\204950009\xBD\r", "\2\204950010\xB5\r"};
+const Telegrams kReadsFromNine = {"\2\204950009\xBD\r", "\2\204950010\xB5\r", "\2\204950011\xB6\r",
+                                  "\2\204950012\xB7\r", "\2\204950013\xB8\r"};
+const Telegrams kSendsFromSix  = {"\2\204940006 05\xBE\r", "\2\204940007 05\xBF\r", "\2\204940008 07\xC2\r",
+                                  "\2\204940009 12\xBF\r", "\2\204940010 00123\xCA\r", "\2\20497STORE\x83\r"};
+const Telegrams kSendsFromNine = {"\2\204940009 05\xC1\r", "\2\204940010 05\xB9\r", "\2\204940011 07\xBC\r",
+                                  "\2\204940012 12\xB9\r", "\2\204940013 00123\xCD\r", "\2\20497STORE\x83\r"};
 // clang-format on
 
 struct Model {
