@@ -51,8 +51,9 @@ void cmdTrasmetteCard_Click(Contenitore& window)
 void LeggeFormatoBadge(Contenitore& window)
 {
     const TerminalModel* const model = window.ShownModel();
-    if (model == nullptr) return;
-    if (model->family == LinkFamily::Serial)
+    if (model == nullptr)
+        window.NoteOutcome(kUnknownType);
+    else if (model->family == LinkFamily::Serial)
         ReadSerialBadgeFormat(window, *model);
     else
         ReadObjectBadgeFormat(window);
@@ -61,8 +62,9 @@ void LeggeFormatoBadge(Contenitore& window)
 void SpedisceFormatoBadge(Contenitore& window)
 {
     const TerminalModel* const model = window.ShownModel();
-    if (model == nullptr) return;
-    if (model->family == LinkFamily::Serial)
+    if (model == nullptr)
+        window.NoteOutcome(kUnknownType);
+    else if (model->family == LinkFamily::Serial)
         SendSerialBadgeFormat(window, *model);
     else
         SendObjectBadgeFormat(window);

@@ -125,7 +125,10 @@ std::string ValueToSend(const Contenitore& window, LayoutField field)
 void ReadSerialBadgeFormat(Contenitore& window, const TerminalModel& model)
 {
     const PortSession session(window);
-    if (session.Port() == nullptr) return;
+    if (session.Port() == nullptr) {
+        window.NoteOutcome(session.Refusal());
+        return;
+    }
     Telegrams telegrams(window, *session.Port());
     for (const LayoutField field : kLayoutFields) {
         const std::string answer =
@@ -147,7 +150,10 @@ void SendSerialBadgeFormat(Contenitore& window, const TerminalModel& model)
         return;
     }
     const PortSession session(window);
-    if (session.Port() == nullptr) return;
+    if (session.Port() == nullptr) {
+        window.NoteOutcome(session.Refusal());
+        return;
+    }
     Telegrams telegrams(window, *session.Port());
     for (const LayoutField field : kLayoutFields)
         telegrams.Exchange(

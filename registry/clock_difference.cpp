@@ -28,15 +28,30 @@ std::optional<QDateTime> ReadMoment(const QString& date, const QString& time)
     return QDateTime(read_day, read_time, Qt::UTC);
 }
 
+struct Unit {
+    qint64 seconds;
+    const char* name;
+};
+
+/// In two units, as the larger alone would hide up to half of a difference: "1 min 35 s".
+QString Pair(qint64 seconds, const Unit& large, const Unit& small)
+{
+    QString text =
+        QStringLiteral("%1 %2").arg(seconds / large.seconds).arg(QLatin1String(large.name));
+    const qint64 rest = seconds % large.seconds / small.seconds;
+    if (rest == 0) return text;
+    return text + QStringLiteral(" %1 %2").arg(rest).arg(QLatin1String(small.name));
+}
+
 QString Amount(qint64 seconds)
 {
     constexpr qint64 kMinute = 60;
     constexpr qint64 kHour = 60 * kMinute;
     constexpr qint64 kDay = 24 * kHour;
     if (seconds < kMinute) return QStringLiteral("%1 s").arg(seconds);
-    if (seconds < kHour) return QStringLiteral("%1 min").arg(seconds / kMinute);
-    if (seconds < kDay) return QStringLiteral("%1 h").arg(seconds / kHour);
-    return QStringLiteral("%1 g").arg(seconds / kDay);
+    if (seconds < kHour) return Pair(seconds, {kMinute, "min"}, {1, "s"});
+    if (seconds < kDay) return Pair(seconds, {kHour, "h"}, {kMinute, "min"});
+    return Pair(seconds, {kDay, "g"}, {kHour, "h"});
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "registry/contenitore.h"
 
 #include "registry/clock_difference.h"
+#include "registry/held_line.h"
 #include "registry/numeric_value.h"
 #include "registry/terminal_form.h"
 #include "registry/text_blanks.h"
@@ -182,6 +183,7 @@ bool Contenitore::PrepareCurrentTerminal()
 {
     ui_->PannelloStato->clear();
     ui_->PannelloVersione->clear();
+    ClosePortLeftOpen(*this);
     // Whatever is read from now on is this terminal's.
     if (clock_terminal_ != SelectedTerminal()) EmptyClockDisplays();
     state_.CurrentModel = ShownModel();

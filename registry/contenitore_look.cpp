@@ -75,7 +75,7 @@ void Contenitore::DeriveLook()
         Widest(metrics, {"Timbrature In Memoria:", "Timbrature Flaggate:"}));
     ui_->LabelNomeCard->setMinimumWidth(Widest(metrics, {"Nome:", "Cod.Impianto:"}));
     ui_->LabelPercentuale->setMinimumWidth(Widest(metrics, {"Restano:", "Completato:"}));
-    ui_->LabelScarto->setMinimumWidth(Widest(metrics, {"−00 min"}));
+    ui_->LabelScarto->setMinimumWidth(Widest(metrics, {"−00 min 00 s"}));
     ui_->LabelOrologio->setMinimumWidth(Widest(metrics, {"Terminale 00:"}));
     ui_->LabelModifiche->setMinimumWidth(Widest(metrics, {"Modifiche non salvate"}));
     ui_->LabelTerminale->setMinimumWidth(QFontMetrics(ui_->LabelTerminale->font())

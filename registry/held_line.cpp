@@ -1,5 +1,6 @@
 #include "registry/held_line.h"
 
+#include "link/serial_port_link.h"
 #include "registry/contenitore_controls.h"
 
 namespace orlo
@@ -36,6 +37,13 @@ SerialPortControl* HeldLine(Contenitore& window)
         return nullptr;
     }
     return port;
+}
+
+void ClosePortLeftOpen(Contenitore& window)
+{
+    if (window.LineIsOpen()) return;
+    for (SerialPortControl* const port : window.Station().ports)
+        if (port != nullptr && port->PortOpen()) static_cast<void>(CloseSerialPort(*port));
 }
 
 }  // namespace orlo

@@ -17,4 +17,8 @@ SerialPortControl* HeldLine(Contenitore& window);
 /// True, with the reason in PannelloComunicazione, when a line is open on another port than this.
 [[nodiscard]] bool AnotherLineIsOpen(Contenitore& window, int port);
 
+/// Closes what is open though no line is held: a link test without an answer leaves its port open
+/// for the next operation to close, which may be one on another port.
+void ClosePortLeftOpen(Contenitore& window);
+
 }  // namespace orlo

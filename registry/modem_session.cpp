@@ -128,6 +128,7 @@ void LogOff_Click(Contenitore& window)
     // An emptied field names no other port.
     if (shown != 0 && AnotherLineIsOpen(window, shown)) return;
     LogOff(window);
+    ClosePortLeftOpen(window);
 }
 
 void EndSession(Contenitore& window)

@@ -35,4 +35,10 @@ PortSession::~PortSession()
     if (opened_here_) window_.State().SerialPortOk = CloseSerialPort(*port_);
 }
 
+QString PortSession::Refusal() const
+{
+    const QString caption = window_.Controls().PannelloComunicazione->text();
+    return caption.isEmpty() ? QStringLiteral("nessuna porta") : caption;
+}
+
 }  // namespace orlo

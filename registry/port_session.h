@@ -2,6 +2,8 @@
 
 #include "link/serial_port_control.h"
 
+#include <QString>
+
 namespace orlo
 {
 
@@ -22,6 +24,9 @@ public:
 
     /// nullptr when the port could not be opened or the current port is none of 1..4.
     SerialPortControl* Port() const { return port_; }
+
+    /// Why there is none: the caption, or that the terminal has no port, which has no caption.
+    QString Refusal() const;
 
     /// The port is not closed at the end; the next operation closes it.
     void LeaveOpen() { opened_here_ = false; }

@@ -15,8 +15,6 @@ struct ClockOutcome {
     QString reason;
 };
 
-inline const QString kUnknownType = QStringLiteral("il tipo di terminale non è conosciuto");
-
 ClockOutcome ClockNotDone(const QString& reason);
 
 /// The frame of the clock's buttons: prepares the selected terminal, does the work, and survives

@@ -35,10 +35,9 @@ ClockOutcome ReadSerialClock(Contenitore& window, const TerminalModel& model)
     // Whose the caption is, also when nothing is answered.
     window.NameClockTerminal(window.State().CurrentTerminalNumber);
     PortSession session(window);
-    const TextPanel& caption = *window.Controls().PannelloComunicazione;
-    if (session.Port() == nullptr) return ClockNotDone(caption.text());
+    if (session.Port() == nullptr) return ClockNotDone(session.Refusal());
     const std::string answer = AskTerminal(window, *session.Port(), "03");
-    if (answer == kTimeout) return ClockNotDone(caption.text());
+    if (answer == kTimeout) return ClockNotDone(window.Controls().PannelloComunicazione->text());
     const DateAndTime cut = CutDateAndTime(model.status_answer, answer);
     Clock& clock = window.Station().clock;
     ShowClock(window, AnswerText(cut.date), AnswerText(cut.time),

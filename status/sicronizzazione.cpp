@@ -19,14 +19,10 @@ namespace
 ClockOutcome SetSerialClock(Contenitore& window)
 {
     const PortSession session(window);
-    const TextPanel& caption = *window.Controls().PannelloComunicazione;
-    if (session.Port() == nullptr)
-        // A port number that is none leaves no caption.
-        return ClockNotDone(caption.text().isEmpty() ? QStringLiteral("nessuna porta")
-                                                     : caption.text());
+    if (session.Port() == nullptr) return ClockNotDone(session.Refusal());
     const std::string answer =
         AskTerminal(window, *session.Port(), SetClockCommand(window.Station().clock));
-    if (answer == kTimeout) return ClockNotDone(caption.text());
+    if (answer == kTimeout) return ClockNotDone(window.Controls().PannelloComunicazione->text());
     // Shown as an answer like any other; whether the terminal has taken the time is not known.
     if (answer == kRxError) return ClockNotDone(QStringLiteral("la risposta è arrivata guasta"));
     return {.done = true, .reason = {}};

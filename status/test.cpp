@@ -23,7 +23,10 @@ namespace
 bool TestSerial(Contenitore& window, const TerminalModel& model)
 {
     PortSession session(window);
-    if (session.Port() == nullptr) return false;
+    if (session.Port() == nullptr) {
+        window.NoteOutcome(session.Refusal());
+        return false;
+    }
     const std::string answer = AskTerminal(window, *session.Port(), "03");
     if (answer == kTimeout) {
         session.LeaveOpen();
@@ -74,7 +77,10 @@ void TestAndShowMemory(Contenitore& window)
 bool Test(Contenitore& window)
 {
     const TerminalModel* const model = window.ShownModel();
-    if (model == nullptr) return false;
+    if (model == nullptr) {
+        window.NoteOutcome(kUnknownType);
+        return false;
+    }
     return model->family == LinkFamily::Serial ? TestSerial(window, *model) : TestObject(window);
 }
 

@@ -70,17 +70,69 @@ TEST_F(ObjectBadgeFormat, IsSentAsNumbersWithADefaultOf0)
     EXPECT_EQ(clock_reads, 0);
 }
 
+TEST_F(ObjectBadgeFormat, EachFieldIsSelectedBeforeItIsWrittenAndTheTransferIsTheLast)
+{
+    for (const char* model : {"Orlo", "Sipa"}) {
+        Connect(model);
+        EnterNumbers(Words("3 6 9 2 11 8 20"));
+        Controls().NomeCard->setText(QStringLiteral("Mensa"));
+        Controls().BidirectionalCheck->setChecked(true);
+        terminal.badge_calls.clear();
+        Send();
+        EXPECT_EQ(terminal.badge_calls,
+                  (Calls{"FieldIndex 0", "FieldStart 3", "FieldLen 6", "FieldDefault 0",
+                         "FieldIndex 1", "FieldStart 9", "FieldLen 2", "FieldDefault 0",
+                         "FieldIndex 2", "FieldStart 11", "FieldLen 8", "FieldDefault 0",
+                         "IDName Mensa", "Len 20", "Bidirectional true", "Send"}))
+            << model;
+    }
+}
+
+TEST_F(ObjectBadgeFormat, EachFieldIsSelectedBehindTheTransferAndNothingIsWritten)
+{
+    for (const char* model : {"Orlo", "Sipa"}) {
+        Connect(model);
+        terminal.badge_calls.clear();
+        Receive();
+        EXPECT_EQ(terminal.badge_calls,
+                  (Calls{"Receive", "FieldIndex 0", "FieldIndex 1", "FieldIndex 2"}))
+            << model;
+    }
+}
+
 TEST_F(ObjectBadgeFormat, ReadBackEqualsWhatWasSent)
 {
-    Connect("Sipa");
-    EnterNumbers(Words("3 6 9 2 11 8 20"));
-    Controls().NomeCard->setText(QStringLiteral("Mensa"));
-    Send();
-    EnterNumbers(Words("0 0 0 0 0 0 0"));
-    Controls().NomeCard->clear();
-    Receive();
-    EXPECT_EQ(Numbers(), Words("3 6 9 2 11 8 20"));
-    EXPECT_EQ(Controls().NomeCard->text(), QStringLiteral("Mensa"));
+    for (const char* model : {"Orlo", "Sipa"}) {
+        Connect(model);
+        EnterNumbers(Words("3 6 9 2 11 8 20"));
+        Controls().NomeCard->setText(QStringLiteral("Mensa"));
+        Controls().BidirectionalCheck->setChecked(false);
+        Send();
+        EnterNumbers(Words("0 0 0 0 0 0 0"));
+        Controls().NomeCard->clear();
+        Controls().BidirectionalCheck->setChecked(true);
+        Receive();
+        EXPECT_EQ(Numbers(), Words("3 6 9 2 11 8 20")) << model;
+        EXPECT_EQ(Controls().NomeCard->text(), QStringLiteral("Mensa")) << model;
+        EXPECT_FALSE(Controls().BidirectionalCheck->isChecked()) << model;
+    }
+}
+
+TEST_F(ObjectBadgeFormat, OutcomeOfEachTransferStandsInTheLineOfTheLastCommand)
+{
+    Connect();
+    const auto run = [this](const std::function<void()>& command) {
+        window.RunCommand(Controls().cmdRiceveCard, QStringLiteral("Prova in corso…"),
+                          EscapeUse::Ignored, command);
+        return Controls().LabelUltimoComando->text().section(u' ', 1);
+    };
+    EXPECT_EQ(run([this] { Receive(); }), QStringLiteral("Prova, terminale 4: Comunicazione OK"));
+    EXPECT_EQ(run([this] { Send(); }), QStringLiteral("Prova, terminale 4: Trasmissione Dati Ok"));
+    terminal.badge_failure = "formato non valido";
+    EXPECT_EQ(run([this] { Receive(); }),
+              QStringLiteral("Prova, terminale 4: Errore = formato non valido"));
+    EXPECT_EQ(run([this] { Send(); }),
+              QStringLiteral("Prova, terminale 4: Errore = formato non valido"));
 }
 
 TEST_F(ObjectBadgeFormat, RefusalIsToldInTheComponentsWords)

@@ -1,82 +1,9 @@
-#include "badge/formato_badge.h"
-#include "tests/support/connected_window.h"
+#include "tests/badge/serial_badge_fixture.h"
 
 namespace orlo::testing
 {
 namespace
 {
-
-const QString kSerialModels[] = {QStringLiteral("Orlo II"),  QStringLiteral("Strale"),
-                                 QStringLiteral("Strale N"), QStringLiteral("Lumo"),
-                                 QStringLiteral("OrloTre"),  QStringLiteral("SuperStrale")};
-
-struct Layout {
-    QString plant_start, plant_length, badge_start, badge_length, plant_code;
-
-    bool operator==(const Layout&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Layout& layout)
-{
-    return out << layout.plant_start.toStdString() << '/' << layout.plant_length.toStdString()
-               << '/' << layout.badge_start.toStdString() << '/'
-               << layout.badge_length.toStdString() << '/' << layout.plant_code.toStdString();
-}
-
-Layout Of(const char* plant_start, const char* plant_length, const char* badge_start,
-          const char* badge_length, const char* plant_code)
-{
-    const auto text = [](const char* words) { return QString::fromLatin1(words); };
-    return {text(plant_start), text(plant_length), text(badge_start), text(badge_length),
-            text(plant_code)};
-}
-
-class SerialBadgeFormat : public ConnectedWindow
-{
-protected:
-    int clock_reads = 0;
-
-    void Connect(const QString& model, const std::string& settings = {},
-                 const std::vector<std::string>& faults = {})
-    {
-        Controls().ListaTerminali->clear();
-        commands.clear();
-        pc.com1.sent.clear();
-        ConnectedWindow::Connect(model, settings, faults);
-    }
-    void Receive()
-    {
-        cmdRiceveCard_Click(window, [this] { ++clock_reads; });
-    }
-    void Send() { cmdTrasmetteCard_Click(window); }
-    void Enter(const Layout& layout)
-    {
-        Controls().InizioImpianto->setText(layout.plant_start);
-        Controls().LenImpianto->setText(layout.plant_length);
-        Controls().InizioBadge->setText(layout.badge_start);
-        Controls().LenBadge->setText(layout.badge_length);
-        Controls().NomeCard->setText(layout.plant_code);
-    }
-    Layout Shown() const
-    {
-        return {Controls().InizioImpianto->text(), Controls().LenImpianto->text(),
-                Controls().InizioBadge->text(), Controls().LenBadge->text(),
-                Controls().NomeCard->text()};
-    }
-    /// What the operator was told, with nothing sent.
-    QString ToldInsteadOfSending()
-    {
-        Send();
-        EXPECT_TRUE(pc.com1.sent.empty());
-        EXPECT_EQ(pc.com1.times_opened, 0);
-        if (pc.dialog.told.size() != 1) return {};
-        const FakeDialog::Box box = pc.dialog.told.front();
-        pc.dialog.told.clear();
-        EXPECT_EQ(box.icon, DialogIcon::None);
-        EXPECT_EQ(box.title, QStringLiteral("Orlo Desk"));
-        return box.text;
-    }
-};
 
 TEST_F(SerialBadgeFormat, IsReadFieldByFieldAndTheClockAfterIt)
 {
@@ -144,19 +71,6 @@ TEST_F(SerialBadgeFormat, IsSentToTheOtherFamilyUnderItsNumbers)
                                      QStringLiteral("940013 099"), QStringLiteral("97STORE")}));
 }
 
-TEST_F(SerialBadgeFormat, GoesInTheFrameOfATelegram)
-{
-    Connect(QStringLiteral("Strale"));
-    Enter(Of("5", "5", "7", "12", "123"));
-    Send();
-    EXPECT_EQ(pc.com1.sent.front(),
-              "\x02\x84"
-              "940006 05\xBE\r");
-    EXPECT_EQ(pc.com1.sent.back(),
-              "\x02\x84"
-              "97STORE\x83\r");
-}
-
 TEST_F(SerialBadgeFormat, ReadBackEqualsWhatWasSent)
 {
     for (const QString& model : kSerialModels) {
@@ -190,25 +104,16 @@ TEST_F(SerialBadgeFormat, StoreThatIsAnsweredAfterFiveSecondsHasSucceeded)
 {
     Connect(QStringLiteral("SuperStrale"), {}, {"97*:ritardo=5000"});
     Enter(Of("1", "5", "6", "6", "1"));
-    window.RunCommand(Controls().cmdTrasmetteCard,
-                      QStringLiteral("Invio del formato badge in corso…"), EscapeUse::Ignored,
-                      [this] { Send(); });
-    EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(
-        QStringLiteral("Invio del formato badge, terminale 4: risposte 6 su 6")))
-        << Controls().LabelUltimoComando->text().toStdString();
+    EXPECT_EQ(LastLineOfSending(), QStringLiteral("risposte 6 su 6"));
 }
 
 TEST_F(SerialBadgeFormat, SilentTerminalFillsEveryFieldWith0)
 {
     Connect(QStringLiteral("OrloTre"), {}, {"*:silenzio"});
     Enter(Of("1", "5", "6", "6", "1"));
-    window.RunCommand(Controls().cmdRiceveCard,
-                      QStringLiteral("Lettura del formato badge in corso…"), EscapeUse::Ignored,
-                      [this] { Receive(); });
+    EXPECT_EQ(LastLineOfReceiving(), QStringLiteral("risposte 0 su 5"));
     EXPECT_EQ(Shown(), Of("0", "0", "0", "0", "0"));
     EXPECT_EQ(commands.size(), 5);
-    EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(
-        QStringLiteral("Lettura del formato badge, terminale 4: risposte 0 su 5")));
 }
 
 TEST_F(SerialBadgeFormat, FieldWithoutAGoodAnswerIsReadAs0)
@@ -309,7 +214,8 @@ TEST_F(SerialBadgeFormat, PortNumberThatIsNoneDoesNothing)
     Connect(QStringLiteral("Strale"));
     Controls().ComboPorta->Show(QString());
     Enter(Of("1", "5", "6", "6", "1"));
-    Send();
+    EXPECT_EQ(LastLineOfSending(), QStringLiteral("nessuna porta"));
+    EXPECT_EQ(LastLineOfReceiving(), QStringLiteral("nessuna porta"));
     EXPECT_EQ(Outcome(), QString());
     EXPECT_TRUE(pc.com1.sent.empty());
 }
@@ -332,8 +238,9 @@ TEST_F(SerialBadgeFormat, NothingIsDoneForATypeThatIsNone)
 {
     Connect(QStringLiteral("Strale"));
     Controls().ComboTipoTerminale->Show(QString());
-    Receive();
-    Send();
+    const QString reason = QStringLiteral("il tipo di terminale non è conosciuto");
+    EXPECT_EQ(LastLineOfReceiving(), reason);
+    EXPECT_EQ(LastLineOfSending(), reason);
     EXPECT_TRUE(pc.com1.sent.empty());
     EXPECT_TRUE(pc.dialog.told.empty());
     EXPECT_EQ(clock_reads, 1);

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace orlo::end_to_end
 {
 namespace
@@ -79,6 +81,18 @@ protected:
         button->click();
         return Controls().LabelUltimoComando->text().section(u' ', 1);
     }
+    /// How often this process has a device open.
+    int TimesOpen(const char* device) const
+    {
+        namespace fs = std::filesystem;
+        const fs::path wanted = fs::canonical(installation.PathOf(device));
+        int times = 0;
+        for (const auto& descriptor : fs::directory_iterator("/proc/self/fd")) {
+            std::error_code gone;
+            times += fs::read_symlink(descriptor.path(), gone) == wanted ? 1 : 0;
+        }
+        return times;
+    }
     QStringList Layout()
     {
         QStringList texts;
@@ -111,7 +125,7 @@ TEST_P(WindowOnALine, ClockIsReadSetAndReadAgain)
     Start(",scarto=-95");
     EXPECT_EQ(Press(Controls().cmdLeggeOra),
               QStringLiteral("Lettura dell'ora, terminale 7: Comunicazione OK"));
-    EXPECT_EQ(Controls().LabelScarto->text(), QStringLiteral("−1 min"));
+    EXPECT_EQ(Controls().LabelScarto->text(), QStringLiteral("−1 min 35 s"));
     EXPECT_EQ(Press(Controls().cmdSincro),
               QStringLiteral("Sincronizzazione, terminale 7: Comunicazione OK"));
     EXPECT_LE(std::abs(std::stoi(line->State("7.scarto"))), 1);
@@ -162,6 +176,16 @@ TEST_P(WindowOnALine, SilentTerminalIsSaidToBeAndTheNextTestWorks)
     else
         EXPECT_EQ(Controls().PannelloStato->text(), QStringLiteral("Errore:99,Time Out"));
     EXPECT_EQ(Press(Controls().cmdTest), QStringLiteral("Test, terminale 7: Comunicazione OK"));
+}
+
+TEST_P(WindowOnALine, LeavingTheProgramClosesThePortThatATestLeftOpen)
+{
+    Start("", {"--guasto", "1:richiesta-persa"});
+    Press(Controls().cmdTest);
+    EXPECT_EQ(TimesOpen("com1"), 1);
+    CloseRegister(desk->State());
+    desk.reset();
+    EXPECT_EQ(TimesOpen("com1"), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(EndToEnd, WindowOnALine, ::testing::ValuesIn(kModels),

@@ -63,6 +63,13 @@ TEST_P(ObjectByModem, IsDialledToldItsPlantCodeAndAcquired)
     EXPECT_EQ(line->State("5.da_acquisire"), "0");
 }
 
+TEST_P(ObjectByModem, EchoOfTheDialCommandIsNotTakenForItsAnswer)
+{
+    const auto line = Simulate("eco=1,attesa=300");
+    EXPECT_EQ(Acquire().status, 0);
+    EXPECT_EQ(installation.PunchLines(), kLines);
+}
+
 TEST_P(ObjectByModem, ModemLeavesTheLineWhenTheProgramIsGone)
 {
     JournalPipe journal(installation.PathOf("com1.registro"));
@@ -159,12 +166,6 @@ TEST_P(ObjectCallThatFails, NoCarrierIsATimeOutOfTheTerminal)
 TEST_P(ObjectCallThatFails, NoDialToneIsATimeOutOfTheTerminal)
 {
     const auto line = Simulate("eco=0,attesa=300,esito=NO DIAL TONE");
-    ExpectNobodyAnswers(*line);
-}
-
-TEST_P(ObjectCallThatFails, EchoOfTheDialCommandIsTakenForItsAnswerAndGivesTheCallUp)
-{
-    const auto line = Simulate("eco=1,attesa=300");
     ExpectNobodyAnswers(*line);
 }
 

@@ -58,7 +58,7 @@ TEST_F(ClockTest, SettingMakesTheClocksEqual)
     Connect(QStringLiteral("OrloTre"), "scarto=-95");
     cmdLeggeOra_Click(window);
     EXPECT_EQ(Offset(), -95);
-    EXPECT_EQ(Difference(), QStringLiteral("−1 min"));
+    EXPECT_EQ(Difference(), QStringLiteral("−1 min 35 s"));
     cmdSincro_Click(window);
     EXPECT_EQ(Offset(), 0);
     cmdLeggeOra_Click(window);

@@ -47,13 +47,39 @@ TEST_F(ObjectStatus, SipaIsTestedLikeAnOrlo)
 
 TEST_F(ObjectStatus, RefusedTestShowsItsCodeAndAsksNothingMore)
 {
-    Connect();
     terminal.version_failure = "99,Time Out";
-    cmdTest_Click(window);
-    EXPECT_EQ(State(), QStringLiteral("Errore:99,Time Out"));
-    EXPECT_EQ(Controls().PannelloVersione->text(), QString());
-    EXPECT_EQ(Outcome(), QString());
-    EXPECT_EQ(CallsMade().back(), "FPrVersion.Receive(4, 7)");
+    for (const char* model : {"Orlo", "Sipa"}) {
+        Connect(model);
+        cmdTest_Click(window);
+        EXPECT_EQ(State(), QStringLiteral("Errore:99,Time Out")) << model;
+        EXPECT_EQ(Controls().PannelloVersione->text(), QString()) << model;
+        EXPECT_EQ(Outcome(), QString()) << model;
+        EXPECT_EQ(CallsMade().back(), "FPrVersion.Receive(4, 7)") << model;
+    }
+}
+
+TEST_F(ObjectStatus, RefusedTestOpensNoPortOfItsOwnAndHangsNothingUp)
+{
+    terminal.version_failure = "99,Time Out";
+    for (const char* model : {"Orlo", "Sipa"}) {
+        Connect(model);
+        cmdTest_Click(window);
+        EXPECT_EQ(pc.com1.times_opened, 0) << model;
+        EXPECT_TRUE(pc.com1.sent.empty()) << model;
+        EXPECT_TRUE(state.TelegramLinkOpen) << model;
+    }
+}
+
+TEST_F(ObjectStatus, ReleaseIsShownOfWhateverLength)
+{
+    Connect();
+    for (const auto& [build, shown] :
+         {std::pair("", "Release: "), std::pair("ABC", "Release: ABC"),
+          std::pair("Nov  4 201014:07:09", "Release:   4Nov 201014:07:09")}) {
+        terminal.last_build = build;
+        cmdTest_Click(window);
+        EXPECT_EQ(Controls().PannelloVersione->text(), QString::fromLatin1(shown)) << build;
+    }
 }
 
 TEST_F(ObjectStatus, RefusedMemoryIsTheOutcomeOfTheTest)

@@ -7,9 +7,20 @@ namespace orlo::testing
 namespace
 {
 
+constexpr const char* kSerialModels[] = {"Orlo II", "Strale",  "Strale N",
+                                         "Lumo",    "OrloTre", "SuperStrale"};
+
 class LinkTest : public ConnectedWindow
 {
 protected:
+    void Connect(const QString& model, const std::string& settings = {},
+                 const std::vector<std::string>& faults = {})
+    {
+        Controls().ListaTerminali->clear();
+        commands.clear();
+        pc.com1.sent.clear();
+        ConnectedWindow::Connect(model, settings, faults);
+    }
     QString State() const { return Controls().PannelloStato->text(); }
     QString Version() const { return Controls().PannelloVersione->text(); }
 };
@@ -30,7 +41,6 @@ TEST_F(LinkTest, EachModelsAnswerIsCutAtItsOwnPosition)
         {"SuperStrale", "IN LINEA  ", " 05/03/26 Rel. 5.11 08:00:00"},
     };
     for (const Case& c : cases) {
-        Controls().ListaTerminali->clear();
         Connect(QString::fromLatin1(c.model));
         cmdTest_Click(window);
         EXPECT_EQ((QStringList{State(), Version(), Outcome()}),
@@ -65,6 +75,85 @@ TEST_F(LinkTest, BadFrameIsShownAsAnAnswer)
     EXPECT_EQ(Version(), QString());
     EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK"));
     EXPECT_EQ(commands, (QStringList{QStringLiteral("03"), QStringLiteral("32")}));
+}
+
+TEST_F(LinkTest, TailOfABadFrameOnASlowLineIsNotTakenForTheMemory)
+{
+    for (const char* model : kSerialModels) {
+        // The frame behind its early CR: some forty bytes, more than a second.
+        Connect(QString::fromLatin1(model), "timbrature=20,acquisite=5",
+                {"03*:cr-prima", "03*:byte-singoli=33"});
+        cmdTest_Click(window);
+        EXPECT_EQ(
+            (QStringList{State(), Version(), Outcome(), Controls().PannelloTimbrature->text(),
+                         Controls().PannelloAcquisire->text()}),
+            (QStringList{QStringLiteral("RX ERROR"), QString(), QStringLiteral("Comunicazione OK"),
+                         QStringLiteral("20"), QStringLiteral("15")}))
+            << model;
+        EXPECT_FALSE(pc.com1.PortOpen()) << model;
+    }
+}
+
+TEST_F(LinkTest, SilentTerminalOfEachModelShowsTimeoutAndLeavesThePortOpen)
+{
+    for (const char* model : kSerialModels) {
+        Connect(QString::fromLatin1(model), {}, {"03*:silenzio"});
+        cmdTest_Click(window);
+        EXPECT_EQ((QStringList{State(), Version(), Outcome()}),
+                  (QStringList{QString(), QString(), QStringLiteral("Timeout")}))
+            << model;
+        EXPECT_EQ(commands, QStringList{QStringLiteral("03")}) << model;
+        EXPECT_TRUE(pc.com1.PortOpen()) << model;
+    }
+}
+
+TEST_F(LinkTest, TimeOutWithTheModemTickedHangsUpAlsoWithoutASession)
+{
+    for (const char* model : kSerialModels) {
+        Connect(QString::fromLatin1(model), {}, {"03*:silenzio"});
+        Controls().CheckModem->setChecked(true);
+        pc.com1.line_changes.clear();
+        cmdTest_Click(window);
+        EXPECT_EQ(pc.com1.sent, (std::vector<std::string>{"\x02\x84"
+                                                          "03\xE9\r",
+                                                          "+", "+", "+", "ATH\r"}))
+            << model;
+        EXPECT_EQ(pc.com1.line_changes, (std::vector<std::string>{"RTS 0", "DTR 0"})) << model;
+        EXPECT_EQ(Outcome(), QStringLiteral("Timeout")) << model;
+        EXPECT_TRUE(pc.com1.PortOpen()) << model;
+    }
+}
+
+TEST_F(LinkTest, OfAnOpenLineOfEachModelLeavesItOpen)
+{
+    for (const char* model : kSerialModels) {
+        Connect(QString::fromLatin1(model));
+        ASSERT_TRUE(pc.com1.PortOpen() || pc.com1.SetPortOpen(true));
+        state.SessionPort = 1;
+        Controls().Verde->show();
+        cmdTest_Click(window);
+        EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK")) << model;
+        EXPECT_EQ(pc.com1.times_opened, 1) << model;
+        EXPECT_TRUE(pc.com1.PortOpen()) << model;
+    }
+}
+
+TEST_F(LinkTest, WithoutATypeOrAPortSendsNothingAndTheLineOfTheLastCommandSaysWhy)
+{
+    Connect(QStringLiteral("Strale"));
+    const auto run = [this] {
+        window.RunCommand(Controls().cmdTest, QStringLiteral("Test in corso…"), EscapeUse::Ignored,
+                          [this] { cmdTest_Click(window); });
+        return Controls().LabelUltimoComando->text().section(u' ', 1);
+    };
+    EXPECT_EQ(run(), QStringLiteral("Test, terminale 4: Comunicazione OK"));
+    commands.clear();
+    Controls().ComboPorta->Show(QString());
+    EXPECT_EQ(run(), QStringLiteral("Test, terminale 4: nessuna porta"));
+    Controls().ComboTipoTerminale->Show(QString());
+    EXPECT_EQ(run(), QStringLiteral("Test, terminale 4: il tipo di terminale non è conosciuto"));
+    EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(Outcome(), QString());
 }
 
 TEST_F(LinkTest, TimeOutLeavesThePortOpenAndTheNextTestWorks)

@@ -4,7 +4,9 @@
 #include "tests/support/connected_window.h"
 #include "tests/support/pseudo_terminal.h"
 
+#include <QApplication>
 #include <QDialog>
+#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 
@@ -179,6 +181,46 @@ TEST_F(Timer1Test, ReadsOverTheHeldLineOfItsOwnPortAndLeavesItOpen)
     EXPECT_FALSE(commands.isEmpty());
     EXPECT_EQ(pc.com1.times_opened, 1);
     EXPECT_TRUE(pc.com1.PortOpen());
+}
+
+TEST_F(Timer1Test, DoesNothingWhileAMessageBoxIsOpen)
+{
+    Connect(QStringLiteral("Strale"));
+    Prepare();
+    QMessageBox box(&window);
+    box.open();
+    WaitForTicks();
+    EXPECT_TRUE(commands.isEmpty());
+    box.close();
+    WaitForTicks();
+    EXPECT_FALSE(commands.isEmpty());
+}
+
+TEST_F(Timer1Test, DoesNothingWhileAChoiceListIsOpen)
+{
+    Connect(QStringLiteral("Strale"));
+    Prepare();
+    Controls().ComboVelocita->showPopup();
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    WaitForTicks();
+    EXPECT_TRUE(commands.isEmpty());
+    Controls().ComboVelocita->hidePopup();
+    WaitForTicks();
+    EXPECT_FALSE(commands.isEmpty());
+}
+
+TEST_F(Timer1Test, TimeOutLeavesTheDisplaysAndClosesThePort)
+{
+    Connect(QStringLiteral("Strale"));
+    Prepare();
+    Timer1_Timer(window);
+    pc.com1.answer_to = nullptr;
+    Timer1_Timer(window);
+    EXPECT_EQ(Outcome(), QStringLiteral("Timeout"));
+    EXPECT_EQ(Controls().OraTerminale->text(), QStringLiteral("08:00:00"));
+    EXPECT_EQ(Controls().DataTerminale->text(), QStringLiteral("Gio 05/03/26"));
+    EXPECT_EQ(Controls().LabelOrologio->text(), QStringLiteral("Terminale 4:"));
+    EXPECT_FALSE(pc.com1.PortOpen());
 }
 
 TEST_F(Timer1Test, DoesNothingWhileTheWindowIsNotShown)

@@ -3,13 +3,13 @@
 #include "tests/support/fake_component.h"
 
 #include <array>
+#include <cmath>
 
 namespace orlo::testing
 {
 
 /// What the fake component's terminal says about itself, its clock and its badge layout. Calls are
-/// kept in the component's list, writes of properties too; a call fails with its code when that is
-/// not empty.
+/// kept in the component's list; a call fails with its code when that is not empty.
 class FakeObjectTerminal
 {
 public:
@@ -35,6 +35,8 @@ public:
     double card_length = 16;
     bool bidirectional = true;
     std::string badge_failure;
+    /// Writes of the layout's properties, and its transfers, in their order.
+    std::vector<std::string> badge_calls;
 
     /// The component with all that this terminal knows; must not outlive it.
     std::unique_ptr<ComponentObjects> Make()
@@ -116,25 +118,48 @@ private:
         bool Receive(std::int16_t& terminal, std::int16_t& priority) override
         {
             fake_.Call("MCFormatData.Receive", terminal, priority);
+            fake_.badge_calls.emplace_back("Receive");
             return fake_.badge_failure.empty();
         }
         bool Send(std::int16_t& terminal, std::int16_t& priority) override
         {
             fake_.Call("MCFormatData.Send", terminal, priority);
+            fake_.badge_calls.emplace_back("Send");
             return fake_.badge_failure.empty();
         }
-        void FieldIndex(std::int16_t index) override { index_ = static_cast<std::size_t>(index); }
+        void FieldIndex(std::int16_t index) override
+        {
+            fake_.badge_calls.push_back("FieldIndex " + std::to_string(index));
+            index_ = static_cast<std::size_t>(index);
+        }
         double FieldStart() override { return fake_.fields.at(index_).start; }
-        void FieldStart(double position) override { fake_.fields.at(index_).start = position; }
+        void FieldStart(double position) override
+        {
+            Write("FieldStart", fake_.fields.at(index_).start, position);
+        }
         double FieldLen() override { return fake_.fields.at(index_).length; }
-        void FieldLen(double length) override { fake_.fields.at(index_).length = length; }
-        void FieldDefault(double value) override { fake_.fields.at(index_).preset = value; }
+        void FieldLen(double length) override
+        {
+            Write("FieldLen", fake_.fields.at(index_).length, length);
+        }
+        void FieldDefault(double value) override
+        {
+            Write("FieldDefault", fake_.fields.at(index_).preset, value);
+        }
         std::string IDName() override { return fake_.card_name; }
-        void IDName(const std::string& name) override { fake_.card_name = name; }
+        void IDName(const std::string& name) override
+        {
+            fake_.badge_calls.push_back("IDName " + name);
+            fake_.card_name = name;
+        }
         double Len() override { return fake_.card_length; }
-        void Len(double length) override { fake_.card_length = length; }
+        void Len(double length) override { Write("Len", fake_.card_length, length); }
         bool Bidirectional() override { return fake_.bidirectional; }
-        void Bidirectional(bool both) override { fake_.bidirectional = both; }
+        void Bidirectional(bool both) override
+        {
+            fake_.badge_calls.emplace_back(both ? "Bidirectional true" : "Bidirectional false");
+            fake_.bidirectional = both;
+        }
         std::string ReceivedCommand() override { return {}; }
         std::string geterror() override
         {
@@ -143,6 +168,13 @@ private:
         }
 
     private:
+        void Write(const char* property, double& value, double written)
+        {
+            fake_.badge_calls.push_back(std::string(property) + " " +
+                                        std::to_string(std::lround(written)));
+            value = written;
+        }
+
         FakeObjectTerminal& fake_;
         std::size_t index_ = 0;
     };
