@@ -2,7 +2,6 @@
 
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
-#include "status/object_line.h"
 
 namespace orlo
 {
@@ -24,7 +23,7 @@ ClockOutcome DoClockCommand(Contenitore& window, const std::function<ClockOutcom
     // The component's answers leave no caption behind.
     if (caption.text().isEmpty())
         window.NoteOutcome(outcome.done ? QStringLiteral("Comunicazione OK") : outcome.reason);
-    HangUpBehindCommand(window);
+    window.HangUpBehindCommand();
     return outcome;
 }
 
