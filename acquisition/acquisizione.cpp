@@ -77,14 +77,6 @@ AcquisitionOutcome AcquireObjectGuarded(Contenitore& window)
     return thrown.isEmpty() ? outcome : NotDone(thrown);
 }
 
-/// The modem of an Orlo hangs up at the pulse. The line of a Sipa stays up: its modem is not
-/// pulsed.
-bool HangUpBehind(Contenitore& window)
-{
-    const TerminalModel* const model = window.ShownModel();
-    return model == nullptr || model->type != TerminalType::Orlo || window.PulseModemLine();
-}
-
 }  // namespace
 
 AcquisitionOutcome cmdAcquisisce_Click(Contenitore& window)
@@ -104,7 +96,7 @@ AcquisitionOutcome cmdAcquisisce_Click(Contenitore& window)
                                      ? Acquisizione(window)
                                      : NotDone(controls.PannelloComunicazione->text());
     // Also behind an acquisition that failed: the line costs money.
-    if (!HangUpBehind(window) && outcome.done)
+    if (!window.HangUpBehindCommand() && outcome.done)
         outcome = NotDone(controls.PannelloComunicazione->text());
     // An Orlo or Sipa leaves no caption behind, and the last caption of an acquisition that was
     // stopped is that of its last good exchange.

@@ -3,12 +3,31 @@
 #include "registry/contenitore_controls.h"
 #include "registry/terminal_lines.h"
 
+#include <QDialog>
 #include <QPixmap>
 
 #include <cstdio>
 
 namespace orlo
 {
+
+namespace
+{
+
+template <typename Control>
+Control& Child(QWidget& window, const char* name)
+{
+    return *window.findChild<Control*>(QLatin1String(name));
+}
+
+/// The window of that name, opened by its button.
+QDialog& Open(Contenitore& window, QPushButton* button, const char* name)
+{
+    button->click();
+    return Child<QDialog>(window, name);
+}
+
+}  // namespace
 
 Demonstration::Demonstration(Desk& desk, const QDir& pictures)
     : window_(desk.Window()), pictures_(pictures)
@@ -92,6 +111,40 @@ bool Demonstration::Press(QPushButton* button)
            outcome.endsWith(QStringLiteral("risposte 6 su 6"));
 }
 
+bool Demonstration::ShowMonitorAndConsole(int terminal, const QString& suffix)
+{
+    const Ui::Contenitore& controls = window_.Controls();
+    if (!SelectTerminal(window_, terminal)) return false;
+    QDialog& monitor = Open(window_, controls.cmdMonitorTimbrature, "FrmMonitor");
+    bool done = ReadMonitor(monitor);
+    TakePicture(monitor, QStringLiteral("FrmMonitor-") + suffix);
+    monitor.close();
+    QDialog& console = Open(window_, controls.cmdComandi, "FrmComandi");
+    done = SendCommand(console) && done;
+    TakePicture(console, QStringLiteral("FrmComandi-") + suffix);
+    console.close();
+    return done;
+}
+
+bool Demonstration::ReadMonitor(QDialog& monitor)
+{
+    Child<QCheckBox>(monitor, "CheckMemo").setChecked(true);
+    Child<QPushButton>(monitor, "cmdMonitor").click();
+    const auto& list = Child<QListWidget>(monitor, "ListaMonitor");
+    Say(QStringLiteral("monitor, %1 timbrature in lista e in MONITOR.TXT").arg(list.count()));
+    return list.count() > 0 &&
+           Child<QLabel>(monitor, "EsitoMonitor").text() == QStringLiteral("Comunicazione OK");
+}
+
+bool Demonstration::SendCommand(QDialog& console)
+{
+    Child<QLineEdit>(console, "CommandField").setText(QStringLiteral("950006"));
+    Child<QPushButton>(console, "cmdTrasmetteComando").click();
+    const QString answer = Child<QLabel>(console, "ReceivedDataLabel").text();
+    Say(QStringLiteral("console, risposta \"%1\"").arg(answer));
+    return Child<QLabel>(console, "EsitoComando").text() == QStringLiteral("Comunicazione OK");
+}
+
 void Demonstration::Say(const QString& deed) const
 {
     const QString text = QStringLiteral("%1 (%2): %3\n")
@@ -103,7 +156,12 @@ void Demonstration::Say(const QString& deed) const
 
 void Demonstration::TakePicture(const QString& name)
 {
-    window_.grab().save(pictures_.filePath(name + QStringLiteral(".png")));
+    TakePicture(window_, name);
+}
+
+void Demonstration::TakePicture(QWidget& window, const QString& name)
+{
+    window.grab().save(pictures_.filePath(name + QStringLiteral(".png")));
 }
 
 void Demonstration::TakePictureOfEveryTerminal(const QString& suffix)

@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+class QDialog;
+
 namespace orlo
 {
 
@@ -24,6 +26,10 @@ public:
     /// pages in the manual. True when it answered throughout.
     bool ShowClockAndBadge(int terminal);
 
+    /// The monitor of the terminal of that number, with its listing, and the console; pictures of
+    /// both. True when it answered throughout.
+    bool ShowMonitorAndConsole(int terminal, const QString& suffix);
+
     /// Saves the window as it is, under that name.
     void TakePicture(const QString& name);
 
@@ -35,7 +41,10 @@ private:
     bool HangUp();
     bool AcquireSelected();
     bool Press(QPushButton* button);
+    bool ReadMonitor(QDialog& monitor);
+    bool SendCommand(QDialog& console);
     void Say(const QString& deed) const;
+    void TakePicture(QWidget& window, const QString& name);
     void TakePictureInTheMiddle();
 
     Contenitore& window_;

@@ -31,7 +31,9 @@ int Demonstrate(QApplication& application, const CommandLine& command_line, cons
     desk.Window().show();
 
     Demonstration demonstration(desk, pictures);
-    bool all_done = demonstration.AcquireAll();
+    // A Strale, before its punches are acquired.
+    bool all_done = demonstration.ShowMonitorAndConsole(4, QStringLiteral("chiaro"));
+    all_done = demonstration.AcquireAll() && all_done;
     // A Lumo whose clock is wrong.
     all_done = demonstration.ShowClockAndBadge(6) && all_done;
     demonstration.TakePicture(QStringLiteral("Contenitore-chiaro"));

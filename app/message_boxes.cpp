@@ -2,7 +2,7 @@
 
 #include "app/termination.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QMessageBox>
 
 namespace orlo
@@ -30,13 +30,20 @@ QMessageBox::Icon BoxIcon(DialogIcon icon)
 class ArrowPointer
 {
 public:
-    ArrowPointer() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
-    ~ArrowPointer() { QGuiApplication::restoreOverrideCursor(); }
+    ArrowPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~ArrowPointer() { QApplication::restoreOverrideCursor(); }
     ArrowPointer(const ArrowPointer&) = delete;
     ArrowPointer& operator=(const ArrowPointer&) = delete;
 };
 
 }  // namespace
+
+/// A box over a window that is modal to the main window belongs to that window.
+QWidget* MessageBoxes::Above() const
+{
+    QWidget* const modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : parent_;
+}
 
 int MessageBoxes::Show(QMessageBox& box) const
 {
@@ -50,7 +57,7 @@ void MessageBoxes::Tell(DialogIcon icon, const QString& title, const QString& te
                         const QString& informative)
 {
     if (Termination::Requested()) return;
-    QMessageBox box(BoxIcon(icon), title, text, QMessageBox::Ok, parent_);
+    QMessageBox box(BoxIcon(icon), title, text, QMessageBox::Ok, Above());
     box.setInformativeText(informative);
     Show(box);
 }
@@ -58,7 +65,7 @@ void MessageBoxes::Tell(DialogIcon icon, const QString& title, const QString& te
 bool MessageBoxes::AskYesNo(DialogIcon icon, const QString& title, const QString& text)
 {
     if (Termination::Requested()) return true;
-    QMessageBox box(BoxIcon(icon), title, text, QMessageBox::Yes | QMessageBox::No, parent_);
+    QMessageBox box(BoxIcon(icon), title, text, QMessageBox::Yes | QMessageBox::No, Above());
     box.setDefaultButton(QMessageBox::No);
     return Show(box) == QMessageBox::Yes || Termination::Requested();
 }

@@ -25,6 +25,7 @@ public:
     bool OperatorPresent() const override { return true; }
 
 private:
+    QWidget* Above() const;
     int Show(QMessageBox& box) const;
 
     const Termination& termination_;

@@ -60,6 +60,9 @@ public:
     /// line.
     void SelectTerminalLine(int position);
 
+    /// The number that the selected line begins with, 0 when none is selected.
+    int SelectedTerminal() const;
+
     void RipulisceParametri();
     /// Empties the status panels: outcome, counters, terminal status and version, clock displays.
     void AzzeraLabel();
@@ -73,6 +76,10 @@ public:
     /// Makes the modem behind the component's line hang up, when the current terminal is reached by
     /// one. False when the component failed, which the caption then says.
     bool PulseModemLine();
+
+    /// Behind a command: the modem of an Orlo hangs up, as the line costs money; that of a Sipa is
+    /// not pulsed. False like PulseModemLine.
+    bool HangUpBehindCommand();
 
     /// Says above the clock displays which terminal's clock they show; 0 = they are empty. It
     /// stands out while another terminal is selected.
@@ -141,7 +148,6 @@ private:
     void cmdSfoglia_Click();
 
     // The selected terminal.
-    int SelectedTerminal() const;
     TerminalRecord* SelectedSlot();
     void TrimTexts(TerminalRecord& slot);
     void EnableByActivity(bool active);

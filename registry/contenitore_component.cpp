@@ -72,4 +72,10 @@ bool Contenitore::PulseModemLine()
     return failure.isEmpty();
 }
 
+bool Contenitore::HangUpBehindCommand()
+{
+    const TerminalModel* const model = ShownModel();
+    return model == nullptr || model->type != TerminalType::Orlo || PulseModemLine();
+}
+
 }  // namespace orlo

@@ -2,7 +2,6 @@
 
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
-#include "status/object_line.h"
 
 namespace orlo
 {
@@ -25,7 +24,7 @@ ClockOutcome DoClockCommand(Contenitore& window, const std::function<ClockOutcom
     if (caption.text().isEmpty())
         window.NoteOutcome(outcome.done ? QStringLiteral("Comunicazione OK") : outcome.reason);
     // A line that may still be up costs money, whatever the clock shows.
-    if (!HangUpBehindCommand(window) && outcome.done) outcome = ClockNotDone(caption.text());
+    if (!window.HangUpBehindCommand() && outcome.done) outcome = ClockNotDone(caption.text());
     return outcome;
 }
 

@@ -7,7 +7,6 @@
 #include "registry/contenitore_controls.h"
 #include "registry/port_session.h"
 #include "registry/wait_terminal_delay.h"
-#include "status/object_line.h"
 #include "status/release_text.h"
 #include "status/status_answer.h"
 #include "status/terminal_question.h"
@@ -89,7 +88,7 @@ void cmdTest_Click(Contenitore& window)
     window.Controls().PannelloComunicazione->clear();
     if (window.PrepareCurrentTerminal())
         GuardComponentCalls(window, [&window] { TestAndShowMemory(window); });
-    HangUpBehindCommand(window);
+    window.HangUpBehindCommand();
 }
 
 }  // namespace orlo

@@ -1,13 +1,4 @@
-#include "app/desk.h"
-#include "registry/contenitore_controls.h"
-#include "registry/start_up.h"
-#include "registry/terminal_lines.h"
-#include "tests/end_to_end/installation.h"
-#include "tests/support/test_workstation.h"
-
-#include <QTest>
-
-#include <gtest/gtest.h>
+#include "tests/end_to_end/window_on_a_line.h"
 
 #include <filesystem>
 
@@ -16,65 +7,9 @@ namespace orlo::end_to_end
 namespace
 {
 
-struct Model {
-    const char* test_name;
-    const char* name;
-    int type;
-    bool serial;
-};
-
-void PrintTo(const Model& model, std::ostream* out)
-{
-    *out << model.name;
-}
-
-const Model kModels[] = {
-    {"Orlo", "Orlo", 1, false},       {"Sipa", "Sipa", 2, false},
-    {"OrloII", "Orlo II", 3, true},   {"Strale", "Strale", 4, true},
-    {"StraleN", "Strale N", 5, true}, {"Lumo", "Lumo", 6, true},
-    {"OrloTre", "OrloTre", 7, true},  {"SuperStrale", "SuperStrale", 8, true},
-};
-
-/// The program's own window, with its buttons wired, over a simulated line with terminal 7.
-class WindowOnALine : public ::testing::TestWithParam<Model>
+class ClockAndBadgeWindow : public WindowOnALine
 {
 protected:
-    const Installation installation;
-    std::unique_ptr<SimulatedLine> line;
-    orlo::testing::FakeDialog dialog;
-    NoTrace trace;
-    std::unique_ptr<Desk> desk;
-
-    ~WindowOnALine() override
-    {
-        if (desk) CloseRegister(desk->State());
-    }
-
-    void Start(const std::string& settings, std::vector<std::string> more = {})
-    {
-        std::vector<std::string> arguments = {
-            "--terminale", std::string("numero=7,modello=") + GetParam().name + settings};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        line = installation.Simulate(arguments);
-        installation.Register({{.terminal = 7, .type = GetParam().type}});
-        CommandLine command_line;
-        command_line.configuration_file = Path("Configurazione.ini");
-        command_line.devices[0] = Path("com1");
-        command_line.component_file = QStringLiteral(ORLO_COMPONENT_PATH);
-        desk = std::make_unique<Desk>(command_line, dialog, trace);
-        const StartUpOutcome start_up =
-            StartUp(desk->Window(), command_line.configuration_file, desk->Component());
-        ASSERT_EQ(start_up.end, StartUpOutcome::End::Complete) << start_up.reason.toStdString();
-        ASSERT_TRUE(SelectTerminal(desk->Window(), 7));
-        desk->Window().show();
-    }
-
-    QString Path(const char* name) const
-    {
-        return QString::fromStdString(installation.PathOf(name));
-    }
-    const Ui::Contenitore& Controls() { return desk->Window().Controls(); }
-
     /// Presses a button; what the window says of the outcome, without its time.
     QString Press(QPushButton* button)
     {
@@ -111,7 +46,7 @@ protected:
     }
 };
 
-TEST_P(WindowOnALine, TestShowsTheTerminalAndItsMemory)
+TEST_P(ClockAndBadgeWindow, TestShowsTheTerminalAndItsMemory)
 {
     Start(",timbrature=12,acquisite=5");
     EXPECT_EQ(Press(Controls().cmdTest), QStringLiteral("Test, terminale 7: Comunicazione OK"));
@@ -120,7 +55,7 @@ TEST_P(WindowOnALine, TestShowsTheTerminalAndItsMemory)
     EXPECT_EQ(Controls().PannelloStato->text().isEmpty(), !GetParam().serial);
 }
 
-TEST_P(WindowOnALine, ClockIsReadSetAndReadAgain)
+TEST_P(ClockAndBadgeWindow, ClockIsReadSetAndReadAgain)
 {
     Start(",scarto=-95");
     EXPECT_EQ(Press(Controls().cmdLeggeOra),
@@ -138,7 +73,7 @@ TEST_P(WindowOnALine, ClockIsReadSetAndReadAgain)
     EXPECT_TRUE(dialog.told.empty());
 }
 
-TEST_P(WindowOnALine, BadgeLayoutIsReadBackAsItWasSent)
+TEST_P(ClockAndBadgeWindow, BadgeLayoutIsReadBackAsItWasSent)
 {
     Start("");
     const QStringList sent = {QStringLiteral("3"), QStringLiteral("4"), QStringLiteral("9"),
@@ -156,7 +91,7 @@ TEST_P(WindowOnALine, BadgeLayoutIsReadBackAsItWasSent)
     }
 }
 
-TEST_P(WindowOnALine, OnlyASerialClockIsReadAgainByItself)
+TEST_P(ClockAndBadgeWindow, OnlyASerialClockIsReadAgainByItself)
 {
     Start("");
     Press(Controls().cmdTest);
@@ -166,7 +101,7 @@ TEST_P(WindowOnALine, OnlyASerialClockIsReadAgainByItself)
     EXPECT_EQ(read, GetParam().serial);
 }
 
-TEST_P(WindowOnALine, SilentTerminalIsSaidToBeAndTheNextTestWorks)
+TEST_P(ClockAndBadgeWindow, SilentTerminalIsSaidToBeAndTheNextTestWorks)
 {
     // The first request of a test, whatever the model calls it.
     Start("", {"--guasto", "1:richiesta-persa"});
@@ -178,7 +113,7 @@ TEST_P(WindowOnALine, SilentTerminalIsSaidToBeAndTheNextTestWorks)
     EXPECT_EQ(Press(Controls().cmdTest), QStringLiteral("Test, terminale 7: Comunicazione OK"));
 }
 
-TEST_P(WindowOnALine, LeavingTheProgramClosesThePortThatATestLeftOpen)
+TEST_P(ClockAndBadgeWindow, LeavingTheProgramClosesThePortThatATestLeftOpen)
 {
     Start("", {"--guasto", "1:richiesta-persa"});
     Press(Controls().cmdTest);
@@ -188,7 +123,7 @@ TEST_P(WindowOnALine, LeavingTheProgramClosesThePortThatATestLeftOpen)
     EXPECT_EQ(TimesOpen("com1"), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(EndToEnd, WindowOnALine, ::testing::ValuesIn(kModels),
+INSTANTIATE_TEST_SUITE_P(EndToEnd, ClockAndBadgeWindow, ::testing::ValuesIn(kModels),
                          [](const auto& model) { return model.param.test_name; });
 
 }  // namespace

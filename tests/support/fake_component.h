@@ -21,6 +21,7 @@ struct FakeRecord {
     std::string TerminalNo = "4";
     std::int32_t PersonalCause = 0;
     bool Deleted = false;
+    std::string Cause;
 };
 
 /// A protocol component with one terminal in memory. Every call is kept in `calls`, written as
@@ -45,6 +46,17 @@ public:
     std::int32_t max_records = 1000;
     std::optional<std::int32_t> free_records;
     std::optional<std::int32_t> trasmitted_records;
+
+    /// How many records GetNumber tells of, when these are not those in memory; its code when it
+    /// fails.
+    std::optional<std::int32_t> told_records;
+    std::string number_failure;
+    /// Codes of GetRecord calls; an empty one delivers.
+    std::deque<std::string> record_failures;
+
+    /// What ReceivedData and ReceivedCommand of a telegram return.
+    std::string received_data;
+    std::string received_command;
 
     /// What ReceiveString returns, one text a call; nothing behind the last.
     std::deque<std::string> received_texts;
@@ -125,8 +137,8 @@ private:
             command = answer = "spoilt";
             return ++tries_ == fake_.acknowledged_try;
         }
-        std::string ReceivedData() override { return {}; }
-        std::string ReceivedCommand() override { return {}; }
+        std::string ReceivedData() override { return fake_.received_data; }
+        std::string ReceivedCommand() override { return fake_.received_command; }
 
     private:
         FakeComponent& fake_;
@@ -156,8 +168,17 @@ private:
         {
             return fake_.trasmitted_records.value_or(fake_.Marked());
         }
-        bool GetNumber(std::int16_t&, std::int16_t&) override { return false; }
-        std::int32_t Records() override { return 0; }
+        bool GetNumber(std::int16_t& terminal, std::int16_t& priority) override
+        {
+            fake_.Call("GetNumber(" + Both(terminal, priority) + ")");
+            terminal = priority = -1;
+            code_ = fake_.number_failure;
+            return code_.empty();
+        }
+        std::int32_t Records() override
+        {
+            return fake_.told_records.value_or(static_cast<std::int32_t>(fake_.records.size()));
+        }
         bool GetFirstRecord(std::int16_t&, std::int16_t&) override { return false; }
         bool GetNextRecord(std::int16_t& terminal, const std::string& priority) override
         {
@@ -176,7 +197,22 @@ private:
             next_ = next + 1;
             return true;
         }
-        bool GetRecord(std::int16_t&, std::int16_t&, std::int16_t&) override { return false; }
+        bool GetRecord(std::int16_t& terminal, std::int16_t& priority2,
+                       std::int16_t& number) override
+        {
+            fake_.Call("GetRecord(" + Both(terminal, priority2) + ", " + std::to_string(number) +
+                       ")");
+            const std::size_t wanted = static_cast<std::size_t>(number) - 1;
+            terminal = priority2 = number = -1;
+            code_ = wanted < fake_.records.size() ? "" : "ER";
+            if (!fake_.record_failures.empty()) {
+                code_ = fake_.record_failures.front();
+                fake_.record_failures.pop_front();
+            }
+            if (!code_.empty()) return false;
+            current_ = wanted;
+            return true;
+        }
         bool SetAsDeleted() override
         {
             fake_.Call("SetAsDeleted()");
@@ -190,7 +226,7 @@ private:
         std::string Time() override { return Current().Time; }
         std::string Type() override { return Current().Type; }
         std::string Direction() override { return Current().Direction; }
-        std::string Cause() override { return {}; }
+        std::string Cause() override { return Current().Cause; }
         std::int32_t PersonalCause() override { return Current().PersonalCause; }
         bool Deleted() override { return Current().Deleted; }
         std::string ReceivedCommand() override { return code_; }

@@ -1,0 +1,140 @@
+#include "acquisition/frm_monitor.h"
+
+#include "acquisition/monitor.h"
+#include "acquisition/monitor_file.h"
+#include "registry/contenitore_controls.h"
+#include "registry/widgets/fixed_font.h"
+
+#include "ui_frm_monitor.h"
+
+#include <QFileInfo>
+#include <QKeyEvent>
+
+namespace orlo
+{
+
+namespace
+{
+
+void KeepRoom(QWidget& control)
+{
+    QSizePolicy policy = control.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control.setSizePolicy(policy);
+}
+
+}  // namespace
+
+FrmMonitor::FrmMonitor(Contenitore& desk)
+    : TerminalWindow(desk, *desk.Controls().cmdMonitorTimbrature),
+      ui_(std::make_unique<Ui::FrmMonitor>())
+{
+    ui_->setupUi(this);
+    ui_->LabelTestata->setText(QLatin1String(kMonitorHeading.data()));
+    ui_->LabelEsc->hide();
+    KeepRoom(*ui_->LabelEsc);
+    ShowOutcomeIn(*ui_->EsitoMonitor);
+    ui_->LabelTuttaMemoria->installEventFilter(this);
+    connect(ui_->cmdMonitor, &QPushButton::clicked, this, &FrmMonitor::cmdMonitor_Click);
+    connect(ui_->cmdUscita, &QPushButton::clicked, this, &QWidget::close);
+    connect(ui_->FiltroMonitor, &QLineEdit::textChanged, this, &FrmMonitor::Filter);
+    connect(ui_->FiltroStato, &QComboBox::currentIndexChanged, this, &FrmMonitor::Filter);
+}
+
+FrmMonitor::~FrmMonitor() = default;
+
+void FrmMonitor::Form_Load()
+{
+    setWindowTitle(QStringLiteral("Monitor Terminale n° %1").arg(Desk().SelectedTerminal()));
+    const TerminalModel* const model = Desk().ShownModel();
+    const bool object_driven = model != nullptr && model->family == LinkFamily::Object;
+    ui_->ChkTuttaMemoria->setVisible(object_driven);
+    ui_->LabelTuttaMemoria->setVisible(object_driven);
+    ui_->ChkTuttaMemoria->setChecked(false);
+    ui_->CheckMemo->setChecked(false);
+    ui_->CheckMemo->setToolTip(QFileInfo(MonitorFile::Name()).absoluteFilePath());
+    ui_->FiltroMonitor->clear();
+    OfferStates(object_driven);
+    for (QLabel* label : {ui_->LabelTransazioni, ui_->LabelScaricate}) label->clear();
+    ui_->EsitoMonitor->clear();
+    ui_->PercentualeMonitor->setValue(0);
+    ui_->ListaMonitor->Empty();
+    Filter();
+    ui_->cmdMonitor->setFocus();
+}
+
+void FrmMonitor::OfferStates(bool object_driven)
+{
+    ui_->FiltroStato->clear();
+    ui_->FiltroStato->addItem(tr("Tutti gli stati"), QString());
+    for (const char* state : object_driven ? kObjectStates : kSerialStates)
+        ui_->FiltroStato->addItem(QLatin1String(state), QLatin1String(state));
+}
+
+void FrmMonitor::Filter()
+{
+    const MonitorFilter filter{.text = ui_->FiltroMonitor->text(),
+                               .state = ui_->FiltroStato->currentData().toString()};
+    ui_->ListaMonitor->SetFilter(filter);
+    ui_->LabelFiltrate->setText(
+        filter.IsEmpty()
+            ? QString()
+            : tr("%1 di %2").arg(ui_->ListaMonitor->LinesSeen()).arg(ui_->ListaMonitor->count()));
+}
+
+void FrmMonitor::cmdMonitor_Click()
+{
+    ui_->LabelTransazioni->clear();
+    ui_->ListaMonitor->Empty();
+    ClearOutcome(*ui_->EsitoMonitor);
+    ui_->LabelEsc->show();
+    Run(tr("Lettura timbrature in corso…"), EscapeUse::Heeded, *ui_->ListaMonitor, [this] {
+        if (Desk().PrepareCurrentTerminal())
+            Monitor(*this);
+        else
+            Desk().HangUpBehindCommand();
+    });
+    ui_->LabelEsc->hide();
+    Filter();
+    ui_->ListaMonitor->setFocus();
+}
+
+void FrmMonitor::DeriveLook()
+{
+    TerminalWindow::DeriveLook();
+    const QFont fixed = FixedFont(font());
+    ui_->ListaMonitor->setFont(fixed);
+    ui_->LabelTestata->setFont(fixed);
+    ui_->LabelTestata->setContentsMargins(ui_->ListaMonitor->TextLeft(), 4, 0, 4);
+    ui_->ListaMonitor->setMinimumWidth(ui_->ListaMonitor->WidthOfLines());
+    const QFontMetrics metrics(font());
+    ui_->ListaMonitor->setMinimumHeight(12 * metrics.height());
+    const auto room = [&metrics](QWidget* control, const QString& text) {
+        control->setMinimumWidth(metrics.horizontalAdvance(text));
+    };
+    room(ui_->FiltroMonitor, ui_->FiltroMonitor->placeholderText() + QStringLiteral("MMM"));
+    room(ui_->LabelFiltrate, QStringLiteral("10000 di 10000"));
+    room(ui_->LabelTransazioni, QStringLiteral("Transazioni Presenti:  10000 "));
+    room(ui_->LabelScaricate, QStringLiteral("Transazioni Acquisite: 10000 100% "));
+}
+
+// The text of ChkTuttaMemoria stands in a label of its own.
+bool FrmMonitor::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == ui_->LabelTuttaMemoria && event->type() == QEvent::MouseButtonPress &&
+        !Desk().CommandRunning())
+        ui_->ChkTuttaMemoria->click();
+    return TerminalWindow::eventFilter(watched, event);
+}
+
+// Enter in the filter leads to what it found; a reading would empty the list.
+void FrmMonitor::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && ui_->FiltroMonitor->hasFocus())
+        ui_->ListaMonitor->setFocus();
+    else
+        TerminalWindow::keyPressEvent(event);
+}
+
+}  // namespace orlo

@@ -1,0 +1,129 @@
+#include "acquisition/monitor.h"
+
+#include "acquisition/frm_monitor.h"
+#include "acquisition/memory_counters.h"
+#include "acquisition/monitor_blocks.h"
+#include "acquisition/monitor_reading.h"
+#include "acquisition/stato_memoria.h"
+#include "link/telegram.h"
+#include "registry/contenitore_controls.h"
+#include "registry/numeric_value.h"
+#include "registry/port_session.h"
+
+#include "ui_frm_monitor.h"
+
+namespace orlo
+{
+
+namespace
+{
+
+/// One reading of a serial terminal's memory, block by block.
+class SerialMonitor
+{
+public:
+    SerialMonitor(FrmMonitor& form, const TerminalModel& model)
+        : form_(form), desk_(form.Desk()), reading_(form), model_(model)
+    {
+    }
+
+    void Run();
+
+private:
+    enum class Block { Read, EndOfMemory, Missing, Stopped };
+
+    bool ReadBlocks();
+    Block ReadBlock(SerialPortControl& port, int block);
+    void AggiungeInLista(int block, const std::string& answer);
+    void ShowPresent();
+    void Caption(const QString& text) { desk_.Controls().PannelloComunicazione->setText(text); }
+
+    FrmMonitor& form_;
+    Contenitore& desk_;
+    MonitorReading reading_;
+    const TerminalModel& model_;
+    MonitorRules rules_;
+};
+
+void SerialMonitor::Run()
+{
+    form_.Controls().LabelScaricate->clear();
+    StatoMemoria(desk_, /*may_open_port=*/true);
+    ShowPresent();
+    const ProgramState& state = desk_.State();
+    // No answer has ever come. After one that timed out the counters of the answer before it lead.
+    if (state.TPnt.empty()) return;
+    const auto slot = static_cast<std::size_t>(state.CurrentTerminalNumber - 1);
+    rules_ = MonitorRulesFor(state.TerminalTable.at(slot).Tipo, model_.counting, state.TPnt,
+                             state.TpntOld);
+    if (ReadBlocks()) reading_.Finish();
+}
+
+void SerialMonitor::ShowPresent()
+{
+    // Two blanks: the number stands where it always has.
+    form_.Controls().LabelTransazioni->setText(
+        QStringLiteral("Transazioni Presenti:  %1")
+            .arg(PunchesInMemory(model_.counting, desk_.State().TPnt)));
+}
+
+/// False when nothing was asked. The port is closed again behind it.
+bool SerialMonitor::ReadBlocks()
+{
+    const PortSession session(desk_);
+    if (session.Port() == nullptr || !reading_.OpenFile()) return false;
+    const int last = LastMonitorBlock(desk_.State().TPnt);
+    for (int block = 0; block <= last; ++block) {
+        const Block result = ReadBlock(*session.Port(), block);
+        if (result == Block::EndOfMemory || result == Block::Stopped) break;
+        // What follows is read all the same: the operator sees at least that.
+        if (result == Block::Missing) reading_.NoteMissingBlock();
+        reading_.ShowProgress(block + 1, last + 1);
+    }
+    return true;
+}
+
+SerialMonitor::Block SerialMonitor::ReadBlock(SerialPortControl& port, int block)
+{
+    bool failed_before = false;
+    for (int attempt = 1; NumericValue(desk_.Controls().Tentativi->text()) >= attempt; ++attempt) {
+        if (reading_.Stopped()) return Block::Stopped;
+        const std::string answer = ExchangeTelegram(
+            desk_.Station(), port, desk_.State().CurrentTerminalNumber, MonitorRequest(block));
+        const bool arrived = answer != kTimeout && answer != kRxError;
+        // A late answer would be taken for that of the next request.
+        if (!arrived || failed_before) LetLineRunOut(desk_.Station(), port);
+        if (arrived) {
+            if (IsEndOfMemory(answer)) return Block::EndOfMemory;
+            AggiungeInLista(block, answer);
+            return Block::Read;
+        }
+        failed_before = true;
+        Caption(answer == kTimeout ? QStringLiteral("Timeout") : QStringLiteral("RX Error"));
+    }
+    return Block::Missing;
+}
+
+void SerialMonitor::AggiungeInLista(int block, const std::string& answer)
+{
+    reading_.Add(DecodeMonitorAnswer(answer, reading_.NextNumber(), rules_));
+    Caption(QStringLiteral("Comunicazione OK"));
+    form_.Controls().LabelScaricate->setText(
+        QStringLiteral("Transazioni Acquisite: %1").arg(PunchesRead(block, answer)));
+}
+
+}  // namespace
+
+void Monitor(FrmMonitor& form)
+{
+    const TerminalModel* const model = form.Desk().ShownModel();
+    if (model == nullptr)
+        form.Desk().Controls().PannelloComunicazione->setText(
+            QStringLiteral("Errore: il tipo di terminale non è conosciuto."));
+    else if (model->family == LinkFamily::Serial)
+        SerialMonitor(form, *model).Run();
+    else
+        MonitorOrlo(form);
+}
+
+}  // namespace orlo

@@ -1,0 +1,34 @@
+#include "acquisition/monitor_file.h"
+
+#include "registry/windows_1252.h"
+
+namespace orlo
+{
+
+bool MonitorFile::Open()
+{
+    file_.setFileName(Name());
+    return file_.open(QIODevice::WriteOnly | QIODevice::Truncate) || Fail();
+}
+
+void MonitorFile::Write(const QString& line)
+{
+    if (!IsOpen() || !error_.isEmpty()) return;
+    const QByteArray bytes = ToWindows1252(line) + "\r\n";
+    if (file_.write(bytes) != bytes.size()) Fail();
+}
+
+bool MonitorFile::Close()
+{
+    if (IsOpen() && error_.isEmpty() && !file_.flush()) Fail();
+    file_.close();
+    return error_.isEmpty();
+}
+
+bool MonitorFile::Fail()
+{
+    error_ = file_.errorString();
+    return false;
+}
+
+}  // namespace orlo

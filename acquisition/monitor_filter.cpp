@@ -1,0 +1,18 @@
+#include "acquisition/monitor_filter.h"
+
+namespace orlo
+{
+
+bool Passes(const MonitorPunch& punch, const MonitorFilter& filter)
+{
+    const QString state = QString::fromLatin1(punch.state.c_str());
+    if (!filter.state.isEmpty() && state != filter.state) return false;
+    const QString wanted = filter.text.trimmed();
+    const auto holds = [&wanted](const std::string& field) {
+        return QString::fromLatin1(field.c_str()).contains(wanted, Qt::CaseInsensitive);
+    };
+    return holds(punch.badge) || holds(punch.date) || holds(punch.cause) ||
+           state.startsWith(wanted, Qt::CaseInsensitive);
+}
+
+}  // namespace orlo

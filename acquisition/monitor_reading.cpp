@@ -1,0 +1,85 @@
+#include "acquisition/monitor_reading.h"
+
+#include "acquisition/acquisition_messages.h"
+#include "acquisition/frm_monitor.h"
+#include "link/pressione_tasto_esc.h"
+
+#include "ui_frm_monitor.h"
+
+#include <algorithm>
+
+namespace orlo
+{
+
+bool MonitorReading::OpenFile()
+{
+    if (!form_.Controls().CheckMemo->isChecked() || file_.Open()) return true;
+    TellCritical(form_.Desk(), QStringLiteral("Impossibile scrivere il file \"%1\": %2.")
+                                   .arg(MonitorFile::Name(), file_.Error()));
+    return false;
+}
+
+bool MonitorReading::Stopped()
+{
+    stopped_ = stopped_ || PressioneTastoEsc(form_.Desk().Station());
+    return stopped_;
+}
+
+int MonitorReading::NextNumber() const
+{
+    return form_.Controls().ListaMonitor->count() + 1;
+}
+
+void MonitorReading::Add(const std::vector<MonitorPunch>& punches)
+{
+    PunchList& list = *form_.Controls().ListaMonitor;
+    for (const MonitorPunch& punch : punches) {
+        list.Add(punch);
+        file_.Write(list.item(list.count() - 1)->text());
+    }
+}
+
+void MonitorReading::ShowProgress(double part, double whole)
+{
+    form_.Controls().PercentualeMonitor->setValue(
+        std::clamp(static_cast<int>(100 * part / whole), 0, 100));
+}
+
+void MonitorReading::Finish()
+{
+    CloseFile();
+    const QString outcome = Outcome();
+    if (!outcome.isEmpty()) {
+        form_.Controls().EsitoMonitor->setText(outcome);
+        form_.Desk().NoteOutcome(outcome);
+    }
+    if (!stopped_)
+        form_.Desk().Station().dialog.Tell(
+            DialogIcon::Information, QStringLiteral("Comunicazione"),
+            Failed() ? failure_ : QStringLiteral("Ricezione dati OK"),
+            missing_blocks_ > 0
+                ? QStringLiteral("Di %1 blocchi di timbrature non è arrivata la risposta: la lista "
+                                 "non è completa, e numeri e stati dopo di essi non valgono.")
+                      .arg(missing_blocks_)
+                : QString());
+    form_.Controls().PercentualeMonitor->setValue(0);
+}
+
+void MonitorReading::CloseFile()
+{
+    if (!file_.IsOpen() || file_.Close()) return;
+    TellCritical(form_.Desk(), QStringLiteral("Il file \"%1\" non è completo: %2.")
+                                   .arg(MonitorFile::Name(), file_.Error()));
+}
+
+/// Empty when the caption says it all.
+QString MonitorReading::Outcome() const
+{
+    if (stopped_) return QStringLiteral("Lettura interrotta");
+    if (Failed()) return failure_;
+    if (missing_blocks_ > 0)
+        return QStringLiteral("Errore: blocchi non arrivati: %1").arg(missing_blocks_);
+    return {};
+}
+
+}  // namespace orlo

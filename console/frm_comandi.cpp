@@ -1,0 +1,114 @@
+#include "console/frm_comandi.h"
+
+#include "console/visible_text.h"
+#include "registry/component_call.h"
+#include "registry/contenitore_controls.h"
+#include "registry/widgets/fixed_font.h"
+#include "registry/windows_1252.h"
+
+#include "ui_frm_comandi.h"
+
+#include <QKeyEvent>
+
+namespace orlo
+{
+
+FrmComandi::FrmComandi(Contenitore& desk)
+    : TerminalWindow(desk, *desk.Controls().cmdComandi), ui_(std::make_unique<Ui::FrmComandi>())
+{
+    ui_->setupUi(this);
+    ShowOutcomeIn(*ui_->EsitoComando);
+    connect(ui_->CommandField, &QLineEdit::textChanged, this, &FrmComandi::CommandField_Change);
+    connect(ui_->cmdTrasmetteComando, &QPushButton::clicked, this,
+            &FrmComandi::cmdTrasmetteComando_Click);
+    connect(ui_->cmdCopia, &QPushButton::clicked, ui_->ReceivedDataLabel, &AnswerPanel::CopyAll);
+    connect(ui_->cmdUscita, &QPushButton::clicked, this, &QWidget::close);
+    connect(ui_->ReceivedDataLabel, &TextPanel::TextChanged, ui_->cmdCopia,
+            [this](const QString& answer) { ui_->cmdCopia->setEnabled(!answer.isEmpty()); });
+    ui_->cmdCopia->setEnabled(false);
+    for (QLineEdit* field : {ui_->CommandField, ui_->DataField}) field->installEventFilter(this);
+}
+
+FrmComandi::~FrmComandi() = default;
+
+void FrmComandi::Form_Load()
+{
+    setWindowTitle(QStringLiteral("Comandi Terminale n° %1").arg(Desk().SelectedTerminal()));
+    const TerminalModel* const model = Desk().ShownModel();
+    const bool object_driven = model != nullptr && model->family == LinkFamily::Object;
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             ui_->labelParametri, ui_->DataField, ui_->LabelComando, ui_->ReceveidCommand})
+        control->setVisible(object_driven);
+    // The command takes the room of the parameters that are not there.
+    ui_->disposizione_2->setColumnStretch(1, object_driven ? 1 : 0);
+    ui_->CommandField->clear();
+    ui_->DataField->clear();
+    CommandField_Change();
+    ui_->CommandField->setFocus();
+}
+
+void FrmComandi::CommandField_Change()
+{
+    ui_->ReceivedDataLabel->clear();
+    ui_->ReceveidCommand->clear();
+    ui_->EsitoComando->clear();
+}
+
+void FrmComandi::cmdTrasmetteComando_Click()
+{
+    CommandField_Change();
+    ClearOutcome(*ui_->EsitoComando);
+    const TypedCommand typed = Typed();
+    history_.Add(typed);
+    Run(tr("Comando in corso…"), EscapeUse::Ignored, *ui_->ReceivedDataLabel,
+        [this, &typed] { SendCommand(typed); });
+}
+
+void FrmComandi::SendCommand(const TypedCommand& typed)
+{
+    if (Desk().PrepareCurrentTerminal())
+        ShowAnswer(InviaComando(Desk(), ToWindows1252(typed.command).toStdString(),
+                                ToWindows1252(typed.parameters).toStdString()));
+    Desk().HangUpBehindCommand();
+}
+
+void FrmComandi::ShowAnswer(const CommandAnswer& answer)
+{
+    ui_->ReceivedDataLabel->setText(VisibleText(answer.received_data));
+    if (answer.received_command.empty()) return;
+    ui_->ReceveidCommand->setText(ComponentText(answer.received_command));
+    Desk().NoteOutcome(ui_->ReceveidCommand->text());
+}
+
+TypedCommand FrmComandi::Typed() const
+{
+    return {.command = ui_->CommandField->text(), .parameters = ui_->DataField->text()};
+}
+
+void FrmComandi::Recall(const TypedCommand& command)
+{
+    ui_->CommandField->setText(command.command);
+    ui_->DataField->setText(command.parameters);
+}
+
+bool FrmComandi::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Up) Recall(history_.Older(Typed()));
+        if (key == Qt::Key_Down) Recall(history_.Newer(Typed()));
+        if (key == Qt::Key_Up || key == Qt::Key_Down) return true;
+    }
+    return TerminalWindow::eventFilter(watched, event);
+}
+
+void FrmComandi::DeriveLook()
+{
+    TerminalWindow::DeriveLook();
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{ui_->CommandField, ui_->DataField, ui_->ReceivedDataLabel})
+        control->setFont(FixedFont(font()));
+    setMinimumWidth(60 * fontMetrics().averageCharWidth());
+}
+
+}  // namespace orlo

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "acquisition/frm_monitor.h"
+#include "acquisition/punch_list.h"
+#include "tests/support/connected_window.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace orlo::testing
+{
+
+/// The monitor window over a connected main window, in a working directory of its own.
+class MonitorTest : public ConnectedWindow
+{
+protected:
+    FrmMonitor form{window};
+
+    void SetUp() override
+    {
+        ConnectedWindow::SetUp();
+        QDir::setCurrent(folder_.path());
+        window.show();
+    }
+    void TearDown() override { QDir::setCurrent(before_); }
+
+    template <typename Control>
+    Control& Find(const char* name) const
+    {
+        auto* control = form.findChild<Control*>(QLatin1String(name));
+        EXPECT_NE(control, nullptr) << name;
+        return *control;
+    }
+    QPushButton& Button(const char* name) const { return Find<QPushButton>(name); }
+    QString Label(const char* name) const { return Find<QLabel>(name).text(); }
+    PunchList& List() const { return Find<PunchList>("ListaMonitor"); }
+
+    /// Opens the window and has it read.
+    void Read()
+    {
+        form.open();
+        ReadAgain();
+    }
+    void ReadAgain() { Button("cmdMonitor").click(); }
+    void WantFile() { Find<QCheckBox>("CheckMemo").setChecked(true); }
+
+    QStringList Lines() const
+    {
+        QStringList lines;
+        for (int row = 0; row < List().count(); ++row) lines << List().item(row)->text();
+        return lines;
+    }
+    /// From column 63 on.
+    QStringList States() const
+    {
+        QStringList states;
+        for (const QString& text : Lines()) states << text.mid(62);
+        return states;
+    }
+
+    static QString FileName() { return QStringLiteral("MONITOR.TXT"); }
+    static QByteArray Listing()
+    {
+        QFile file(FileName());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+    /// What the listing has to be.
+    QByteArray ListAsFile() const
+    {
+        QByteArray bytes;
+        for (const QString& text : Lines()) bytes += text.toLatin1() + "\r\n";
+        return bytes;
+    }
+
+    /// The boxes so far, as "title|text", all of them with the information icon.
+    QStringList Told() const
+    {
+        QStringList boxes;
+        for (const FakeDialog::Box& box : pc.dialog.told) {
+            EXPECT_EQ(box.icon, DialogIcon::Information);
+            boxes << box.title + u'|' + box.text;
+        }
+        return boxes;
+    }
+    static QStringList ReceptionOk() { return {QStringLiteral("Comunicazione|Ricezione dati OK")}; }
+
+private:
+    QString before_ = QDir::currentPath();
+    QTemporaryDir folder_;
+};
+
+}  // namespace orlo::testing

@@ -1,0 +1,155 @@
+#include "registry/widgets/colours.h"
+#include "tests/acquisition/monitor_fixture.h"
+
+#include <QApplication>
+#include <QClipboard>
+
+namespace orlo::testing
+{
+namespace
+{
+
+/// Twelve punches of a Strale, the newest seven of them still to be acquired.
+class MonitorList : public MonitorTest
+{
+protected:
+    void SetUp() override
+    {
+        MonitorTest::SetUp();
+        Connect(QStringLiteral("Strale"), "timbrature=12,acquisite=5");
+        Read();
+        QApplication::clipboard()->clear();
+    }
+
+    void FilterBy(const QString& text) { Find<QLineEdit>("FiltroMonitor").setText(text); }
+    void FilterByState(const QString& wanted)
+    {
+        auto& box = Find<QComboBox>("FiltroStato");
+        box.setCurrentIndex(box.findText(wanted));
+    }
+    QStringList LinesSeen() const
+    {
+        QStringList lines;
+        for (int row = 0; row < List().count(); ++row)
+            if (!List().isRowHidden(row)) lines << List().item(row)->text();
+        return lines;
+    }
+    void PressCopy() { QTest::keyClick(&List(), Qt::Key_C, Qt::ControlModifier); }
+    static QString Copied() { return QApplication::clipboard()->text(); }
+};
+
+TEST_F(MonitorList, BadgeFilterHidesTheOtherLinesAndChangesNone)
+{
+    const QStringList before = Lines();
+    FilterBy(before[3].mid(8, 6));
+    EXPECT_EQ(LinesSeen(), before.mid(3, 1));
+    EXPECT_EQ(Lines(), before);
+    EXPECT_EQ(Label("LabelFiltrate"), QStringLiteral("1 di 12"));
+    FilterBy(QString());
+    EXPECT_EQ(LinesSeen(), before);
+    EXPECT_EQ(Label("LabelFiltrate"), QString());
+}
+
+TEST_F(MonitorList, StateFilterShowsOneState)
+{
+    FilterByState(QStringLiteral("Da Acquisire"));
+    EXPECT_EQ(LinesSeen(), Lines().mid(0, 7));
+    FilterByState(QStringLiteral("Acquisita"));
+    EXPECT_EQ(LinesSeen(), Lines().mid(7));
+    FilterByState(QStringLiteral("Tutti gli stati"));
+    EXPECT_EQ(LinesSeen().size(), 12);
+}
+
+TEST_F(MonitorList, BothFiltersHoldTogetherAndForAReadingToCome)
+{
+    FilterByState(QStringLiteral("Acquisita"));
+    FilterBy(Lines()[9].mid(8, 6));
+    EXPECT_EQ(LinesSeen(), Lines().mid(9, 1));
+    ReadAgain();
+    EXPECT_EQ(LinesSeen(), Lines().mid(9, 1));
+    EXPECT_EQ(Label("LabelFiltrate"), QStringLiteral("1 di 12"));
+}
+
+TEST_F(MonitorList, OpeningAnewForgetsTheFilter)
+{
+    FilterByState(QStringLiteral("Acquisita"));
+    FilterBy(QStringLiteral("1"));
+    form.close();
+    Read();
+    EXPECT_EQ(LinesSeen().size(), 12);
+    EXPECT_EQ(Find<QLineEdit>("FiltroMonitor").text(), QString());
+}
+
+TEST_F(MonitorList, SelectedLinesAreCopiedInTheirOrder)
+{
+    List().item(5)->setSelected(true);
+    List().item(1)->setSelected(true);
+    PressCopy();
+    EXPECT_EQ(Copied(), Lines()[1] + u'\n' + Lines()[5]);
+}
+
+TEST_F(MonitorList, AllThatIsSeenIsCopiedAndNothingElse)
+{
+    FilterByState(QStringLiteral("Acquisita"));
+    QTest::keyClick(&List(), Qt::Key_A, Qt::ControlModifier);
+    PressCopy();
+    EXPECT_EQ(Copied(), Lines().mid(7).join(u'\n'));
+}
+
+TEST_F(MonitorList, NothingSelectedLeavesTheClipboardAlone)
+{
+    QApplication::clipboard()->setText(QStringLiteral("altro"));
+    List().clearSelection();
+    PressCopy();
+    EXPECT_EQ(Copied(), QStringLiteral("altro"));
+}
+
+TEST_F(MonitorList, EnterInTheFilterReadsNothing)
+{
+    auto& filter = Find<QLineEdit>("FiltroMonitor");
+    filter.setFocus();
+    commands.clear();
+    QTest::keyClick(&filter, Qt::Key_Return);
+    EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(Lines().size(), 12);
+    EXPECT_TRUE(List().hasFocus());
+}
+
+TEST_F(MonitorList, HeadingStandsOverTheColumns)
+{
+    const auto& heading = Find<QLabel>("LabelTestata");
+    EXPECT_EQ(
+        heading.text(),
+        QStringLiteral("Numero  Badge   Data          Ora       Tipo         Causale  Stato"));
+    EXPECT_EQ(heading.font(), List().font());
+    EXPECT_TRUE(QFontInfo(heading.font()).fixedPitch());
+    EXPECT_EQ(heading.mapTo(&form, QPoint(heading.contentsMargins().left(), 0)).x(),
+              List().mapTo(&form, QPoint(List().TextLeft(), 0)).x());
+    EXPECT_LE(List().WidthOfLines(), List().width());
+}
+
+/// Pixels of the row that are neither ground nor shades between ground and text, by columns.
+int LeftmostInk(const QImage& row)
+{
+    const QRgb ground = row.pixel(row.width() - 1, 0);
+    for (int x = 0; x < row.width(); ++x)
+        for (int y = 0; y < row.height(); ++y)
+            if (ContrastRatio(QColor(row.pixel(x, y)), QColor(ground)) > 2) return x;
+    return -1;
+}
+
+TEST_F(MonitorList, OnlyPunchesToAcquireHaveADotBeforeTheirLine)
+{
+    List().setCurrentItem(nullptr);
+    List().clearSelection();
+    const auto left_of = [this](int row) {
+        const QRect place = List().visualItemRect(List().item(row));
+        return LeftmostInk(List().viewport()->grab(place).toImage());
+    };
+    const int text = List().TextLeft() - List().frameWidth();
+    EXPECT_LT(left_of(6), text);
+    EXPECT_GE(left_of(7), text);
+}
+
+}  // namespace
+}  // namespace orlo::testing

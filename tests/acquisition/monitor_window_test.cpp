@@ -1,0 +1,205 @@
+#include "tests/acquisition/monitor_fixture.h"
+
+#include <QTimer>
+
+#include <set>
+
+namespace orlo::testing
+{
+namespace
+{
+
+class MonitorWindow : public MonitorTest
+{
+protected:
+    /// Does that while block 1 is asked for.
+    void InTheMiddle(std::function<void()> deed)
+    {
+        pc.com1.answer_to = [this, deed = std::move(deed),
+                             carry = pc.com1.answer_to](std::string_view bytes) {
+            std::vector<Arrival> arrivals = carry(bytes);
+            if (commands.back() == QStringLiteral("301")) deed();
+            return arrivals;
+        };
+    }
+};
+
+TEST_F(MonitorWindow, EveryGivenNameIsFound)
+{
+    for (const char* name :
+         {"ListaMonitor", "LabelTransazioni", "LabelScaricate", "CheckMemo", "ChkTuttaMemoria",
+          "LabelTuttaMemoria", "cmdMonitor", "cmdUscita", "FiltroMonitor"})
+        EXPECT_NE(form.findChild<QWidget*>(QLatin1String(name)), nullptr) << name;
+    EXPECT_EQ(form.objectName(), QStringLiteral("FrmMonitor"));
+    EXPECT_EQ(Label("LabelTuttaMemoria"), QStringLiteral("Tutta la memoria"));
+}
+
+TEST_F(MonitorWindow, OpensModalWithItsTerminalsNumber)
+{
+    Register(4, QStringLiteral("Strale"));
+    Register(12, QStringLiteral("Lumo"));
+    form.open();
+    EXPECT_EQ(form.windowTitle(), QStringLiteral("Monitor Terminale n° 4"));
+    EXPECT_EQ(form.windowModality(), Qt::WindowModal);
+    EXPECT_TRUE(pc.com1.sent.empty()) << "nothing is asked before Leggi";
+    form.close();
+    window.SelectTerminalLine(1);
+    form.open();
+    EXPECT_EQ(form.windowTitle(), QStringLiteral("Monitor Terminale n° 12"));
+}
+
+TEST_F(MonitorWindow, WholeMemoryIsOfferedToOrloAndSipaOnly)
+{
+    int number = 1;
+    for (const TerminalModel& model : TerminalModels()) {
+        Register(number, model.name);
+        window.SelectTerminalLine(number - 1);
+        ++number;
+        form.open();
+        const bool object_driven = model.family == LinkFamily::Object;
+        EXPECT_EQ(Find<QCheckBox>("ChkTuttaMemoria").isVisible(), object_driven);
+        EXPECT_EQ(Find<QLabel>("LabelTuttaMemoria").isVisible(), object_driven);
+        EXPECT_GE(Find<QComboBox>("FiltroStato")
+                      .findText(object_driven ? QStringLiteral("Non Inviata")
+                                              : QStringLiteral("Da Acquisire")),
+                  1);
+        form.close();
+    }
+}
+
+TEST_F(MonitorWindow, PressOnItsLabelTicksWholeMemory)
+{
+    Register(4, QStringLiteral("Orlo"));
+    form.open();
+    QTest::mouseClick(&Find<QLabel>("LabelTuttaMemoria"), Qt::LeftButton);
+    EXPECT_TRUE(Find<QCheckBox>("ChkTuttaMemoria").isChecked());
+}
+
+TEST_F(MonitorWindow, EscapeAndTheButtonClose)
+{
+    Register(4, QStringLiteral("Strale"));
+    form.open();
+    QTest::keyClick(&form, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+    form.open();
+    Button("cmdUscita").click();
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(MonitorWindow, EscapeDoesNotCloseWhileItReads)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=25");
+    InTheMiddle([this] {
+        QTest::keyClick(&form, Qt::Key_Escape);
+        EXPECT_TRUE(form.isVisible());
+    });
+    Read();
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(Lines().size(), 25);
+}
+
+TEST_F(MonitorWindow, CloseAskedForWhileItReadsFollowsTheReading)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=25");
+    InTheMiddle([this] {
+        form.close();
+        EXPECT_TRUE(form.isVisible());
+    });
+    Read();
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(Lines().size(), 25);
+}
+
+TEST_F(MonitorWindow, LeavingTheProgramFollowsTheReading)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=25");
+    int leaving = 0;
+    QObject::connect(&window, &Contenitore::LeaveRequested, &window, [&] {
+        ++leaving;
+        EXPECT_EQ(Lines().size(), 25);
+    });
+    InTheMiddle([this] { window.close(); });
+    Read();
+    EXPECT_EQ(leaving, 1);
+    form.open();
+    window.close();
+    EXPECT_EQ(leaving, 2) << "an open window that does nothing holds nobody back";
+}
+
+TEST_F(MonitorWindow, EverythingIsInertWhileItReads)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=25");
+    InTheMiddle([this] {
+        EXPECT_FALSE(Button("cmdMonitor").isEnabled());
+        EXPECT_FALSE(Button("cmdUscita").isEnabled());
+        EXPECT_FALSE(Controls().cmdAcquisisce->isEnabled());
+        EXPECT_TRUE(Find<QLabel>("LabelEsc").isVisible());
+        QTest::keyClicks(&Find<QLineEdit>("FiltroMonitor"), QStringLiteral("9"));
+        QTest::mouseClick(&Find<QCheckBox>("CheckMemo"), Qt::LeftButton);
+    });
+    Read();
+    EXPECT_EQ(Find<QLineEdit>("FiltroMonitor").text(), QString());
+    EXPECT_FALSE(Find<QCheckBox>("CheckMemo").isChecked());
+    EXPECT_FALSE(Find<QLabel>("LabelEsc").isVisible());
+    EXPECT_TRUE(Button("cmdMonitor").isEnabled());
+    EXPECT_TRUE(Controls().cmdAcquisisce->isEnabled());
+}
+
+TEST_F(MonitorWindow, ProgressRisesAndEndsAtZero)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=60");
+    QList<int> values;
+    QObject::connect(&Find<QProgressBar>("PercentualeMonitor"), &QProgressBar::valueChanged, &form,
+                     [&values](int value) { values << value; });
+    Read();
+    EXPECT_EQ(values, (QList<int>{14, 28, 42, 57, 71, 85, 0}));
+}
+
+TEST_F(MonitorWindow, ClockIsNotReadWhileItIsOpen)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=5");
+    int reads = 0;
+    int ticks = 0;
+    auto* timer = window.findChild<QTimer*>(QStringLiteral("Timer1"));
+    QObject::connect(timer, &QTimer::timeout, &window, [&ticks] { ++ticks; });
+    window.SetPeriodicRead([&reads] { ++reads; });
+    Read();
+    timer->setInterval(1);
+    ASSERT_TRUE(QTest::qWaitFor([&ticks] { return ticks >= 3; }));
+    EXPECT_EQ(reads, 0);
+    form.close();
+    ASSERT_TRUE(QTest::qWaitFor([&reads] { return reads > 0; }));
+}
+
+TEST_F(MonitorWindow, OpenLineIsUsedAndLeftOpen)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=5");
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    Read();
+    EXPECT_EQ(Lines().size(), 5);
+    EXPECT_TRUE(pc.com1.PortOpen());
+    EXPECT_EQ(pc.com1.times_opened, 1);
+}
+
+TEST_F(MonitorWindow, NoTwoMnemonicsAreAlikeAndEveryInputHasAName)
+{
+    std::set<QChar> letters = {u'T'};  // of ChkTuttaMemoria, whose text stands in a label
+    const auto take = [&letters](const QString& text) {
+        const qsizetype mark = text.indexOf(u'&');
+        if (mark >= 0) {
+            EXPECT_TRUE(letters.insert(text[mark + 1].toUpper()).second) << text.toStdString();
+        }
+    };
+    for (const auto* button : form.findChildren<QAbstractButton*>()) take(button->text());
+    for (const auto* label : form.findChildren<QLabel*>())
+        if (label->buddy() != nullptr) take(label->text());
+    for (const char* name :
+         {"ListaMonitor", "CheckMemo", "ChkTuttaMemoria", "cmdMonitor", "cmdUscita",
+          "FiltroMonitor", "FiltroStato", "LabelTransazioni", "LabelScaricate", "EsitoMonitor"})
+        EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;
+}
+
+}  // namespace
+}  // namespace orlo::testing

@@ -1,0 +1,167 @@
+#include "tests/console/console_fixture.h"
+
+namespace orlo::testing
+{
+namespace
+{
+
+class SerialConsole : public ConsoleTest
+{
+protected:
+    void Connect(const std::string& settings = {}, const std::vector<std::string>& faults = {})
+    {
+        ConnectedWindow::Connect(QStringLiteral("Strale"), settings, faults);
+        form.open();
+    }
+    /// What the line answers to any request.
+    void LineAnswers(const std::string& bytes)
+    {
+        Connect();
+        pc.com1.answer_to = [bytes](std::string_view) { return std::vector<Arrival>{{{}, bytes}}; };
+    }
+};
+
+TEST_F(SerialConsole, AnswerAndStatusAreShown)
+{
+    Connect("badge=1/5/6/6/00001");
+    Send("950006");
+    EXPECT_EQ(commands, QStringList{QStringLiteral("950006")});
+    EXPECT_EQ(Answer(), QStringLiteral("001"));
+    EXPECT_EQ(Status(), QStringLiteral("Comunicazione OK"));
+    EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK"));
+    EXPECT_FALSE(pc.com1.PortOpen());
+}
+
+TEST_F(SerialConsole, CommandIsTheBodyOfTheTelegramAsItWasTyped)
+{
+    Connect();
+    Send(" 03 a");
+    // 2, 132, " 03 a", checksum 128 + (2 + 132 + 32 + 48 + 51 + 32 + 97) mod 128, CR.
+    ASSERT_EQ(pc.com1.sent.size(), 1U);
+    EXPECT_EQ(pc.com1.sent[0], std::string("\x02\x84 03 a\x8A\x0D"));
+}
+
+TEST_F(SerialConsole, CharactersAreSentAsTheirBytesOfTheCodePage)
+{
+    Connect();
+    Command().setText(QStringLiteral("è€"));
+    Press();
+    ASSERT_EQ(pc.com1.sent.size(), 1U);
+    EXPECT_EQ(pc.com1.sent[0].substr(2, 2), "\xE8\x80");
+}
+
+TEST_F(SerialConsole, EmptyCommandSendsATelegramWithoutABody)
+{
+    Connect();
+    Send("");
+    ASSERT_EQ(pc.com1.sent.size(), 1U);
+    EXPECT_EQ(pc.com1.sent[0], std::string("\x02\x84\x86\x0D"));
+    EXPECT_EQ(Answer(), QStringLiteral("COMANDO SCONOSCIUTO"));
+}
+
+TEST_F(SerialConsole, EmptyAnswerIsAnAnswer)
+{
+    // SOH, address, checksum of these two, CR.
+    LineAnswers("\x01\x84\x85\x0D");
+    Send("03");
+    EXPECT_EQ(Answer(), QString());
+    EXPECT_EQ(Status(), QStringLiteral("Comunicazione OK"));
+}
+
+TEST_F(SerialConsole, ControlCharactersOfTheAnswerAreVisible)
+{
+    // The data is STX, "A", LF.
+    LineAnswers(
+        "\x01\x84\x02"
+        "A\x0A\xD2\x0D");
+    Send("03");
+    EXPECT_EQ(Answer(), QStringLiteral("<STX>A<LF>"));
+}
+
+TEST_F(SerialConsole, SilenceIsATimeoutAndIsNotRepeated)
+{
+    Connect("", {"*:silenzio"});
+    Send("03");
+    EXPECT_EQ(commands.size(), 1);
+    EXPECT_EQ(Answer(), QString());
+    EXPECT_EQ(Status(), QStringLiteral("Timeout"));
+    EXPECT_EQ(Outcome(), QStringLiteral("Timeout"));
+}
+
+TEST_F(SerialConsole, BadFrameIsShownAsTheAnswer)
+{
+    Connect("", {"*:checksum-errato"});
+    Send("03");
+    EXPECT_EQ(Answer(), QStringLiteral("RX ERROR"));
+    EXPECT_EQ(Status(), QStringLiteral("Comunicazione OK"));
+}
+
+TEST_F(SerialConsole, PortThatDoesNotOpenIsTheStatus)
+{
+    Connect();
+    pc.com1.device_missing = true;
+    Send("03");
+    EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(Status(), QStringLiteral("Errore aprendo la COM"));
+    EXPECT_EQ(Outcome(), QStringLiteral("Errore aprendo la COM"));
+    EXPECT_TRUE(pc.dialog.told.empty());
+}
+
+TEST_F(SerialConsole, StatusIsRenewedWhenItIsTheSameAgain)
+{
+    Connect();
+    Send("03");
+    Send("03");
+    EXPECT_EQ(Status(), QStringLiteral("Comunicazione OK"));
+    Controls().PannelloComunicazione->setText(QStringLiteral("Timeout"));
+    pc.com1.device_missing = true;
+    Send("03");
+    EXPECT_EQ(Status(), QStringLiteral("Errore aprendo la COM"));
+}
+
+TEST_F(SerialConsole, NoDelayIsMadeBeforeACommand)
+{
+    Connect();
+    state.TerminalTable[kTerminal - 1].Ritardo = 0.9F;
+    const auto before = pc.clock.Passed();
+    Send("03");
+    EXPECT_LT((pc.clock.Passed() - before).count(), 200);
+}
+
+TEST_F(SerialConsole, TerminalNumber0AnswersNothingAtOnce)
+{
+    Connect();
+    window.PrepareCurrentTerminal();
+    state.CurrentTerminalNumber = 0;
+    const auto before = pc.clock.Passed();
+    const CommandAnswer answer = InviaComando(window, "03", "");
+    EXPECT_EQ(answer.received_data, "");
+    EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK"));
+    EXPECT_EQ(pc.clock.Passed(), before);
+    ASSERT_EQ(pc.com1.sent.size(), 1U);
+    EXPECT_EQ(pc.com1.sent[0], std::string("\x02\x80"
+                                           "03\xE5\x0D"));
+}
+
+TEST_F(SerialConsole, OpenLineIsUsedAndLeftOpen)
+{
+    Connect();
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    Send("03");
+    EXPECT_EQ(Status(), QStringLiteral("Comunicazione OK"));
+    EXPECT_TRUE(pc.com1.PortOpen());
+    EXPECT_EQ(pc.com1.times_opened, 1);
+}
+
+TEST_F(SerialConsole, OutcomeStaysInTheMainWindowWithItsTask)
+{
+    Connect();
+    Send("03");
+    EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(
+        QStringLiteral(" Comando, terminale 4: Comunicazione OK")));
+}
+
+}  // namespace
+}  // namespace orlo::testing

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "app/desk.h"
+#include "registry/contenitore_controls.h"
+#include "registry/start_up.h"
+#include "registry/terminal_lines.h"
+#include "tests/end_to_end/installation.h"
+#include "tests/support/test_workstation.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace orlo::end_to_end
+{
+
+struct Model {
+    const char* test_name;
+    const char* name;
+    int type;
+    bool serial;
+};
+
+inline void PrintTo(const Model& model, std::ostream* out)
+{
+    *out << model.name;
+}
+
+inline const Model kModels[] = {
+    {"Orlo", "Orlo", 1, false},       {"Sipa", "Sipa", 2, false},
+    {"OrloII", "Orlo II", 3, true},   {"Strale", "Strale", 4, true},
+    {"StraleN", "Strale N", 5, true}, {"Lumo", "Lumo", 6, true},
+    {"OrloTre", "OrloTre", 7, true},  {"SuperStrale", "SuperStrale", 8, true},
+};
+
+/// The program's own window, with its buttons wired, over a simulated line with terminal 7.
+class WindowOnALine : public ::testing::TestWithParam<Model>
+{
+protected:
+    const Installation installation;
+    std::unique_ptr<SimulatedLine> line;
+    orlo::testing::FakeDialog dialog;
+    NoTrace trace;
+    std::unique_ptr<Desk> desk;
+
+    ~WindowOnALine() override
+    {
+        if (desk) CloseRegister(desk->State());
+    }
+
+    void Start(const std::string& settings, std::vector<std::string> more = {})
+    {
+        std::vector<std::string> arguments = {
+            "--terminale", std::string("numero=7,modello=") + GetParam().name + settings};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        line = installation.Simulate(arguments);
+        installation.Register({{.terminal = 7, .type = GetParam().type}});
+        CommandLine command_line;
+        command_line.configuration_file = Path("Configurazione.ini");
+        command_line.devices[0] = Path("com1");
+        command_line.component_file = QStringLiteral(ORLO_COMPONENT_PATH);
+        desk = std::make_unique<Desk>(command_line, dialog, trace);
+        const StartUpOutcome start_up =
+            StartUp(desk->Window(), command_line.configuration_file, desk->Component());
+        ASSERT_EQ(start_up.end, StartUpOutcome::End::Complete) << start_up.reason.toStdString();
+        ASSERT_TRUE(SelectTerminal(desk->Window(), 7));
+        desk->Window().show();
+    }
+
+    QString Path(const char* name) const
+    {
+        return QString::fromStdString(installation.PathOf(name));
+    }
+    const Ui::Contenitore& Controls() { return desk->Window().Controls(); }
+};
+
+}  // namespace orlo::end_to_end
