@@ -2,6 +2,7 @@
 
 #include "acquisition/acquisizione.h"
 #include "badge/formato_badge.h"
+#include "bells/cmd_suonerie.h"
 #include "link/component_library.h"
 #include "registry/contenitore_controls.h"
 #include "registry/modem_session.h"
@@ -63,6 +64,7 @@ void Desk::WireCommands()
     Wire(controls.cmdLogIn, QStringLiteral("Collegamento in corso…"), EscapeUse::Heeded,
          [this] { LogIn_Click(window_); });
     Wire(controls.cmdLogOff, kLoggingOff, EscapeUse::Ignored, [this] { LogOff_Click(window_); });
+    WireWindow(controls.cmdSuonerie, [this] { cmdSuonerie_Click(window_); });
     window_.SetPeriodicRead([this] { Timer1_Timer(window_); });
 }
 
@@ -74,6 +76,12 @@ void Desk::Wire(QPushButton* button, const QString& task, EscapeUse escape,
                      [this, button, task, escape, command] {
                          window_.RunCommand(button, task, escape, command);
                      });
+}
+
+void Desk::WireWindow(QPushButton* button, const std::function<void()>& open)
+{
+    window_.SetFeatureAvailable(button, true);
+    QObject::connect(button, &QPushButton::clicked, &window_, open);
 }
 
 void Desk::HangUp()

@@ -34,6 +34,8 @@ private:
     /// `task` is what the title row says meanwhile.
     void Wire(QPushButton* button, const QString& task, EscapeUse escape,
               const std::function<void()>& command);
+    /// A button that opens a window, whose own commands run one by one.
+    void WireWindow(QPushButton* button, const std::function<void()>& open);
 
     PortDevices devices_;
     QString component_file_;

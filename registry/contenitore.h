@@ -57,6 +57,9 @@ public:
     /// line.
     void SelectTerminalLine(int position);
 
+    /// The number that the selected line begins with, 0 when none is selected.
+    int SelectedTerminal() const;
+
     void RipulisceParametri();
     /// Empties the status panels: outcome, counters, terminal status and version, clock displays.
     void AzzeraLabel();
@@ -138,7 +141,6 @@ private:
     void cmdSfoglia_Click();
 
     // The selected terminal.
-    int SelectedTerminal() const;
     TerminalRecord* SelectedSlot();
     void TrimTexts(TerminalRecord& slot);
     void EnableByActivity(bool active);

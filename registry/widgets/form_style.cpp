@@ -46,7 +46,12 @@ void StyleButton(QPushButton& button, const QWidget& window)
     const QFontMetrics metrics(window.font());
     const bool filled = button.property("primario").toBool();
     button.setMinimumWidth(metrics.averageCharWidth() * (filled ? 16 : 11) + metrics.height());
-    if (!filled) return;
+    if (!filled) {
+        // It may have been the filled one.
+        button.setFont({});
+        button.setPalette({});
+        return;
+    }
     QFont bold = window.font();
     bold.setBold(true);
     button.setFont(bold);

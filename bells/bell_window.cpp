@@ -1,0 +1,79 @@
+#include "bells/bell_window.h"
+
+#include "registry/contenitore_controls.h"
+#include "registry/widgets/input_shield.h"
+
+#include <QCloseEvent>
+#include <QLineEdit>
+
+#include <utility>
+
+namespace orlo
+{
+
+BellWindow::BellWindow(Contenitore& main) : QDialog(&main), main_(main)
+{
+    setWindowModality(Qt::WindowModal);
+    // The command parks the main window's focus in its list.
+    connect(this, &QDialog::finished, this, [this] { main_.Controls().cmdSuonerie->setFocus(); });
+}
+
+void BellWindow::Open()
+{
+    terminal_ = main_.SelectedTerminal();
+    setWindowTitle(QStringLiteral("Suonerie Terminale n° %1").arg(terminal_));
+    DeriveLook();
+    Form_Load();
+    RefreshAvailability();
+    open();
+}
+
+void BellWindow::reject()
+{
+    if (main_.CommandRunning()) return;
+    TakePending();
+    QDialog::reject();
+}
+
+void BellWindow::closeEvent(QCloseEvent* event)
+{
+    close_after_command_ = main_.CommandRunning();
+    if (close_after_command_)
+        event->ignore();
+    else
+        QDialog::closeEvent(event);
+}
+
+void BellWindow::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    const bool look = event->type() == QEvent::PaletteChange ||
+                      event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange;
+    if (look && terminal_ != 0) DeriveLook();
+}
+
+void BellWindow::Run(QAbstractButton* button, QWidget& parking, const QString& task,
+                     const std::function<void()>& command)
+{
+    if (main_.CommandRunning()) return;
+    {
+        const InputShield shield(*this, parking);
+        PointTo(Qt::WaitCursor, Qt::WaitCursor);
+        main_.RunCommand(button, task, EscapeUse::Ignored, [&] {
+            RefreshAvailability();
+            command();
+        });
+        PointTo(Qt::ArrowCursor, Qt::IBeamCursor);
+    }
+    RefreshAvailability();
+    if (button->isEnabled()) button->setFocus();
+    if (std::exchange(close_after_command_, false)) close();
+}
+
+void BellWindow::PointTo(Qt::CursorShape shape, Qt::CursorShape over_fields)
+{
+    setCursor(shape);
+    for (QLineEdit* field : findChildren<QLineEdit*>()) field->setCursor(over_fields);
+}
+
+}  // namespace orlo
