@@ -37,6 +37,9 @@ CellField::CellField(QWidget* parent) : QLineEdit(parent)
 void CellField::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
+    // Typing replaces the value, unless the pointer has chosen a place in it.
+    if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::PopupFocusReason)
+        selectAll();
     emit Entered();
 }
 

@@ -36,7 +36,7 @@ std::array<RingColumn, kRingColumns> RingColumnPlaces(const QFontMetrics& metric
 {
     std::array<RingColumn, kRingColumns> places;
     const int blank = metrics.horizontalAdvance(u' ');
-    const int flag = Widest(metrics, {"M", "D", "G"}) + 4;
+    const int flag = Widest(metrics, {"M", "D", "G"}) + 6;
     const std::array<int, kFirstDay> words = {Widest(metrics, {"Loc", "00"}),
                                               Widest(metrics, {"Ora", "00:00"}),
                                               Widest(metrics, {"Tempo", "00"})};

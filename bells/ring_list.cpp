@@ -18,12 +18,17 @@ namespace
 
 constexpr std::size_t kFirstFlag = 3;
 
-void PaintColumns(QPainter& painter, const QRect& room, const QStringList& texts)
+/// The flags that are set are bold in the lines, not in the heading.
+void PaintColumns(QPainter& painter, const QRect& room, const QStringList& texts, bool bold_flags)
 {
+    // The places are those of the plain font.
     const auto places = RingColumnPlaces(painter.fontMetrics());
     for (std::size_t column = 0; column < places.size(); ++column) {
         const QRect cell(room.left() + places.at(column).left, room.top(), places.at(column).width,
                          room.height());
+        QFont font = painter.font();
+        font.setBold(bold_flags && column >= kFirstFlag);
+        painter.setFont(font);
         painter.drawText(cell,
                          Qt::AlignVCenter | Qt::TextSingleLine |
                              (column < kFirstFlag ? Qt::AlignLeft : Qt::AlignHCenter),
@@ -48,7 +53,8 @@ public:
         const QColor text = option.palette.color(
             QPalette::Active, current ? QPalette::HighlightedText : QPalette::Text);
         painter->setPen(empty && !current ? SecondaryOnBase(option.palette) : text);
-        PaintColumns(*painter, option.rect, RingColumnTexts(line));
+        PaintColumns(*painter, option.rect, RingColumnTexts(line),
+                     /*bold_flags=*/true);
         if (current && (option.state & QStyle::State_HasFocus) != 0) {
             painter->setPen(Blend(text, FilledColour(option.palette), 0.6));
             painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
@@ -128,7 +134,8 @@ void RingHeading::paintEvent(QPaintEvent*)
     constexpr int kFrame = 1;
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    PaintColumns(painter, rect().adjusted(kFrame, 0, 0, 0), text().split(u' ', Qt::SkipEmptyParts));
+    PaintColumns(painter, rect().adjusted(kFrame, 0, 0, 0), text().split(u' ', Qt::SkipEmptyParts),
+                 /*bold_flags=*/false);
 }
 
 }  // namespace orlo

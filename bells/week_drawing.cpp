@@ -21,7 +21,8 @@ namespace
 constexpr int kHours = 24;
 constexpr int kMinutesOfDay = kHours * 60;
 constexpr double kColumnMargin = 5;
-constexpr double kMarkHeight = 5;
+constexpr double kMarkHeight = 4;
+constexpr double kBetweenMarks = kMarkHeight + 2;
 /// A ring without duration, which does not sound, is still there.
 constexpr double kShortestMark = 2;
 /// How far from a mark a click still means it.
@@ -39,6 +40,37 @@ int Longest(const std::vector<RingMark>& marks)
 double MarkLength(int duration, int longest, double room)
 {
     return std::max(kShortestMark, room * duration / longest);
+}
+
+// Places that would be too close form a block around their common middle; a block that reaches into
+// the one before joins it.
+std::vector<double> MovedApart(const std::vector<double>& places, double gap)
+{
+    struct Block {
+        std::size_t size;
+        double first;  // place of its first member
+    };
+    std::vector<Block> blocks;
+    for (const double place : places) {
+        blocks.push_back({1, place});
+        while (blocks.size() > 1) {
+            const Block late = blocks.back();
+            Block& early = blocks[blocks.size() - 2];
+            const auto early_size = static_cast<double>(early.size);
+            const auto late_size = static_cast<double>(late.size);
+            if (early.first + early_size * gap <= late.first) break;
+            // Where each block wants the first member of both to be, weighed by its members.
+            early.first = (early_size * early.first + late_size * (late.first - early_size * gap)) /
+                          (early_size + late_size);
+            early.size += late.size;
+            blocks.pop_back();
+        }
+    }
+    std::vector<double> moved;
+    for (const Block& block : blocks)
+        for (std::size_t member = 0; member < block.size; ++member)
+            moved.push_back(block.first + static_cast<double>(member) * gap);
+    return moved;
 }
 
 WeekDrawing::WeekDrawing(QWidget* parent) : QWidget(parent)
@@ -96,12 +128,27 @@ QRectF WeekDrawing::Column(int day) const
     return {grid.left() + day * width, grid.top(), width, grid.height()};
 }
 
-QRectF WeekDrawing::PlaceOf(const RingMark& mark) const
+std::vector<QRectF> WeekDrawing::Places() const
 {
-    const QRectF column = Column(mark.day).adjusted(kColumnMargin, 0, -kColumnMargin, 0);
-    const double y = column.top() + column.height() * mark.minute / kMinutesOfDay;
-    return {column.left(), y - kMarkHeight / 2,
-            MarkLength(mark.duration, Longest(marks_), column.width()), kMarkHeight};
+    std::vector<QRectF> places(marks_.size());
+    const int longest = Longest(marks_);
+    for (int day = 0; day < days_; ++day) {
+        std::vector<std::size_t> of_day;
+        for (std::size_t i = 0; i < marks_.size(); ++i)
+            if (marks_[i].day == day) of_day.push_back(i);
+        std::ranges::stable_sort(of_day, {}, [this](std::size_t i) { return marks_[i].minute; });
+
+        const QRectF column = Column(day).adjusted(kColumnMargin, 0, -kColumnMargin, 0);
+        std::vector<double> middles;
+        for (const std::size_t i : of_day)
+            middles.push_back(column.top() + column.height() * marks_[i].minute / kMinutesOfDay);
+        middles = MovedApart(middles, kBetweenMarks);
+        for (std::size_t i = 0; i < of_day.size(); ++i)
+            places[of_day[i]] = {column.left(), middles[i] - kMarkHeight / 2,
+                                 MarkLength(marks_[of_day[i]].duration, longest, column.width()),
+                                 kMarkHeight};
+    }
+    return places;
 }
 
 int WeekDrawing::DayAt(const QPointF& place) const
@@ -115,12 +162,13 @@ int WeekDrawing::DayAt(const QPointF& place) const
 const RingMark* WeekDrawing::MarkAt(const QPointF& place) const
 {
     const int day = DayAt(place);
+    const std::vector<QRectF> places = Places();
     const RingMark* nearest = nullptr;
     double reach = kReach;
-    for (const RingMark& mark : marks_) {
-        const double distance = std::abs(PlaceOf(mark).center().y() - place.y());
-        if (mark.day != day || distance > reach) continue;
-        nearest = &mark;
+    for (std::size_t i = 0; i < marks_.size(); ++i) {
+        const double distance = std::abs(places[i].center().y() - place.y());
+        if (marks_[i].day != day || distance > reach) continue;
+        nearest = &marks_[i];
         reach = distance;
     }
     return nearest;
@@ -158,10 +206,8 @@ void WeekDrawing::paintEvent(QPaintEvent*)
     painter.fillRect(Grid(), palette().color(QPalette::Base));
     PaintHours(painter);
     PaintDays(painter);
-    // The chosen ones last: nothing covers them.
-    for (const bool chosen : {false, true})
-        for (const RingMark& mark : marks_)
-            if (mark.chosen == chosen) PaintMark(painter, mark);
+    const std::vector<QRectF> places = Places();
+    for (std::size_t i = 0; i < marks_.size(); ++i) PaintMark(painter, marks_[i], places[i]);
 }
 
 void WeekDrawing::PaintHours(QPainter& painter) const
@@ -205,28 +251,24 @@ void WeekDrawing::PaintDays(QPainter& painter) const
     painter.drawLine(grid.topRight(), grid.bottomRight());
 }
 
-void WeekDrawing::PaintMark(QPainter& painter, const RingMark& mark) const
+void WeekDrawing::PaintMark(QPainter& painter, const RingMark& mark, const QRectF& place) const
 {
-    const QRectF place = PlaceOf(mark);
-    const QColor ground = palette().color(QPalette::Base);
     const QColor colour =
         mark.chosen ? FilledColour(palette()) : palette().color(QPalette::WindowText);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    // A rim in the colour of the ground parts rings that follow each other closely.
-    painter.fillRect(place.adjusted(-1, -1, 1, 1), ground);
     if (mark.hollow) {
         painter.setPen(QPen(colour, 1));
-        painter.setBrush(ground);
+        painter.setBrush(palette().color(QPalette::Base));
         painter.drawRect(place.adjusted(0.5, 0.5, -0.5, -0.5));
     } else {
         painter.fillRect(place, colour);
     }
     if (mark.chosen) {
+        const double x = place.left() - kColumnMargin;
         const double y = place.center().y();
         painter.setPen(Qt::NoPen);
         painter.setBrush(colour);
-        const double x = place.left() - kColumnMargin;
         painter.drawPolygon(QPolygonF{{x, y - 4}, {x + 4, y}, {x, y + 4}});
     }
     painter.restore();

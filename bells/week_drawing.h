@@ -3,7 +3,6 @@
 #include <QStringList>
 #include <QWidget>
 
-#include <functional>
 #include <vector>
 
 namespace orlo
@@ -39,8 +38,9 @@ public:
 
     /// Room of the hours left of the first column.
     int HoursRoom() const;
-    /// The place of a mark, for whoever points at it.
-    QRectF PlaceOf(const RingMark& mark) const;
+    /// The places of the marks, in their order. Marks that follow each other closely are moved
+    /// apart as far as to be seen one by one.
+    std::vector<QRectF> Places() const;
 
     QSize sizeHint() const override { return minimumSizeHint(); }
     QSize minimumSizeHint() const override;
@@ -64,7 +64,7 @@ private:
     QString WordsOf(const RingMark& mark) const;
     void PaintHours(QPainter& painter) const;
     void PaintDays(QPainter& painter) const;
-    void PaintMark(QPainter& painter, const RingMark& mark) const;
+    void PaintMark(QPainter& painter, const RingMark& mark, const QRectF& place) const;
 
     int days_ = 7;
     QStringList headings_;
@@ -74,5 +74,8 @@ private:
 
 /// Length of a mark in a room: the whole of it for the longest ring of the week, or of 10.
 double MarkLength(int duration, int longest, double room);
+
+/// Places along a line, in ascending order, moved as little as leaves `gap` between each two.
+std::vector<double> MovedApart(const std::vector<double>& places, double gap);
 
 }  // namespace orlo
