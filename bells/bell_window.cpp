@@ -28,6 +28,11 @@ void BellWindow::Open()
     open();
 }
 
+void BellWindow::Silence()
+{
+    for (QObject* control : findChildren<QObject*>()) control->disconnect(this);
+}
+
 void BellWindow::reject()
 {
     if (main_.CommandRunning()) return;

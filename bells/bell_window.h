@@ -37,6 +37,10 @@ protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
+    /// For the destructors: hears no control any more. One that loses the focus because the window
+    /// goes away would speak to what is gone.
+    void Silence();
+
     /// What is done when the window opens for Terminal().
     virtual void Form_Load() = 0;
     /// What was typed and not left yet is taken, before the window closes.

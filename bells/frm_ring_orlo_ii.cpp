@@ -70,7 +70,10 @@ frmRingOrloII::frmRingOrloII(Contenitore& main)
             });
 }
 
-frmRingOrloII::~frmRingOrloII() = default;
+frmRingOrloII::~frmRingOrloII()
+{
+    Silence();
+}
 
 void frmRingOrloII::Form_Load()
 {

@@ -51,7 +51,10 @@ FrmSuonerie::FrmSuonerie(Contenitore& main)
             &TextPanel::setText);
 }
 
-FrmSuonerie::~FrmSuonerie() = default;
+FrmSuonerie::~FrmSuonerie()
+{
+    Silence();
+}
 
 void FrmSuonerie::Form_Load()
 {
