@@ -44,7 +44,7 @@ protected:
     /// What is done when the window opens for Terminal().
     virtual void Form_Load() = 0;
     /// What was typed and not left yet is taken, before the window closes.
-    virtual void TakePending() = 0;
+    virtual void TakePending() {}
     /// Derives fonts and colours again from the window's own.
     virtual void DeriveLook() = 0;
     /// Enables the controls by what the window can do now.

@@ -173,11 +173,6 @@ void frmRingOrloII::CompleteFields()
     ui_->TempoRings->setText(DurationDigits(row.TempoRele));
 }
 
-void frmRingOrloII::TakePending()
-{
-    CompleteFields();
-}
-
 void frmRingOrloII::ShowWhetherModified()
 {
     const QListWidgetItem* const item = ui_->ListaSuonerie->currentItem();

@@ -28,7 +28,6 @@ public:
 
 protected:
     void Form_Load() override;
-    void TakePending() override;
     void DeriveLook() override;
     void RefreshAvailability() override;
 

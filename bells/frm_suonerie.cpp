@@ -47,6 +47,10 @@ FrmSuonerie::FrmSuonerie(Contenitore& main)
     });
     connect(main.Controls().PannelloPercentuale, &QProgressBar::valueChanged, ui_->Percentuale,
             &QProgressBar::setValue);
+    // The days appear as they are read.
+    connect(main.Controls().PannelloPercentuale, &QProgressBar::valueChanged, this, [this] {
+        if (isVisible()) ShowWeek();
+    });
     connect(main.Controls().PannelloTentativi, &TextPanel::TextChanged, ui_->LabelTentativi,
             &TextPanel::setText);
 }
@@ -99,11 +103,13 @@ bool FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QStri
         const TextPanel& caption = *Main().Controls().PannelloComunicazione;
         Main().Controls().PannelloComunicazione->clear();
         ui_->Esito->clear();
+        ui_->Esito->SetRemark(QString());
         done = Main().PrepareCurrentTerminal() && work();
         const bool said = caption.text().startsWith(QLatin1String("Errore"));
         ui_->Esito->setText(done   ? QStringLiteral("Comunicazione OK")
                             : said ? caption.text()
                                    : failed);
+        ShowWarning();
         GuardComponentCalls(Main(), [this] { ResetObjectLine(Main()); });
     });
     return done;

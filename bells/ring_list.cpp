@@ -26,13 +26,14 @@ void PaintColumns(QPainter& painter, const QRect& room, const QStringList& texts
     for (std::size_t column = 0; column < places.size(); ++column) {
         const QRect cell(room.left() + places.at(column).left, room.top(), places.at(column).width,
                          room.height());
+        const QString text = texts.value(static_cast<qsizetype>(column));
         QFont font = painter.font();
-        font.setBold(bold_flags && column >= kFirstFlag);
+        font.setBold(bold_flags && column >= kFirstFlag && text[0].isLetter());
         painter.setFont(font);
         painter.drawText(cell,
                          Qt::AlignVCenter | Qt::TextSingleLine |
                              (column < kFirstFlag ? Qt::AlignLeft : Qt::AlignHCenter),
-                         texts.value(static_cast<qsizetype>(column)));
+                         text);
     }
 }
 
