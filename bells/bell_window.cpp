@@ -1,11 +1,14 @@
 #include "bells/bell_window.h"
 
 #include "registry/contenitore_controls.h"
+#include "registry/widgets/form_style.h"
 #include "registry/widgets/input_shield.h"
 
 #include <QCloseEvent>
 #include <QLineEdit>
+#include <QPushButton>
 
+#include <algorithm>
 #include <utility>
 
 namespace orlo
@@ -26,6 +29,18 @@ void BellWindow::Open()
     Form_Load();
     RefreshAvailability();
     open();
+}
+
+void BellWindow::StyleControls()
+{
+    StyleForm(*this);
+    QFont bold = font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
+    for (QPushButton* button : findChildren<QPushButton*>()) {
+        const int words = metrics.size(Qt::TextShowMnemonic, button->text()).width();
+        button->setMinimumWidth(std::max(button->minimumWidth(), words + 2 * metrics.height()));
+    }
 }
 
 void BellWindow::Silence()

@@ -37,6 +37,10 @@ protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
+    /// Fonts and colours by the roles of the controls, and room beside the words of the buttons,
+    /// for any of them to be the filled one.
+    void StyleControls();
+
     /// For the destructors: hears no control any more. One that loses the focus because the window
     /// goes away would speak to what is gone.
     void Silence();

@@ -7,7 +7,6 @@
 #include "registry/contenitore_controls.h"
 #include "registry/database_error.h"
 #include "registry/numeric_value.h"
-#include "registry/widgets/form_style.h"
 
 #include "ui_frm_ring_orlo_ii.h"
 
@@ -115,7 +114,7 @@ void frmRingOrloII::RefreshAvailability()
 
 void frmRingOrloII::DeriveLook()
 {
-    StyleForm(*this);
+    StyleControls();
     const QFontMetrics metrics(font());
     ui_->Ring->setFixedWidth(metrics.horizontalAdvance(QStringLiteral("00:00")) + metrics.height() +
                              6);

@@ -7,7 +7,6 @@
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
 #include "registry/reset_object_line.h"
-#include "registry/widgets/form_style.h"
 
 #include "ui_frm_suonerie.h"
 
@@ -74,13 +73,7 @@ void FrmSuonerie::Form_Load()
 
 void FrmSuonerie::DeriveLook()
 {
-    StyleForm(*this);
-    QFont bold = font();
-    bold.setBold(true);
-    const QFontMetrics metrics(bold);
-    // Either may be the filled one.
-    for (QPushButton* button : {ui_->cmdRiceveSuonerie, ui_->cmdTrasmetteSuonerie})
-        button->setMinimumWidth(metrics.horizontalAdvance(button->text()) + 2 * metrics.height());
+    StyleControls();
     ui_->SuonerieDelGiorno->DeriveRoom();
     ui_->LabelTentativi->SetRoom(QStringLiteral("Tentativi00/00"));
     ui_->TestataGiorni->setContentsMargins(ui_->DisegnoSettimana->HoursRoom(), 0, 0, 0);
