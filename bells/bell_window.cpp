@@ -21,7 +21,7 @@ BellWindow::BellWindow(Contenitore& main) : QDialog(&main), main_(main)
     connect(this, &QDialog::finished, this, [this] { main_.Controls().cmdSuonerie->setFocus(); });
 }
 
-void BellWindow::Open()
+void BellWindow::OpenForSelected()
 {
     terminal_ = main_.SelectedTerminal();
     setWindowTitle(QStringLiteral("Suonerie Terminale n° %1").arg(terminal_));

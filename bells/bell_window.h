@@ -20,7 +20,7 @@ public:
     explicit BellWindow(Contenitore& main);
 
     /// Shows the window for the selected terminal.
-    void Open();
+    void OpenForSelected();
 
     /// Escape closes, but not while a command runs.
     void reject() override;

@@ -26,9 +26,9 @@ void cmdSuonerie_Click(Contenitore& window)
     if (model == nullptr || terminal < 1 || terminal > kTerminalSlots || window.CommandRunning())
         return;
     if (model->family == LinkFamily::Object)
-        KeptWindow<FrmSuonerie>(window).Open();
+        KeptWindow<FrmSuonerie>(window).OpenForSelected();
     else
-        KeptWindow<frmRingOrloII>(window).Open();
+        KeptWindow<frmRingOrloII>(window).OpenForSelected();
 }
 
 }  // namespace orlo
