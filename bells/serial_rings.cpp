@@ -72,7 +72,7 @@ QString ClearRings(Contenitore& window)
 {
     TextPanel& caption = *window.Controls().PannelloComunicazione;
     caption.clear();
-    const QString status = Exchange(window, kClearRings).status;
+    QString status = Exchange(window, kClearRings).status;
     caption.setText(status);
     return status;
 }

@@ -140,6 +140,7 @@ std::vector<QRectF> WeekDrawing::Places() const
 
         const QRectF column = Column(day).adjusted(kColumnMargin, 0, -kColumnMargin, 0);
         std::vector<double> middles;
+        middles.reserve(of_day.size());
         for (const std::size_t i : of_day)
             middles.push_back(column.top() + column.height() * marks_[i].minute / kMinutesOfDay);
         middles = MovedApart(middles, kBetweenMarks);

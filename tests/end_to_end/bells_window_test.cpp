@@ -45,15 +45,19 @@ protected:
     std::unique_ptr<Desk> desk;
     QDialog* bells = nullptr;
 
-    void SetUp() override
+    ~BellsOnALine() override { End(); }
+
+    /// The simulated terminal, with these faults, and the program.
+    void SetOut(const std::vector<std::string>& faults = {})
     {
-        line = installation.Simulate(
-            {"--terminale", std::string("numero=7,modello=") + GetParam().name});
+        std::vector<std::string> arguments = {"--terminale",
+                                              std::string("numero=7,modello=") + GetParam().name};
+        for (const std::string& fault : faults)
+            arguments.insert(arguments.end(), {"--guasto", fault});
+        line = installation.Simulate(arguments);
         installation.Register({{.terminal = 7, .type = GetParam().type}});
         Start();
     }
-    ~BellsOnALine() override { End(); }
-
     void Start()
     {
         CommandLine command_line;
@@ -110,6 +114,7 @@ protected:
 
 TEST_P(ObjectBells, AWeekSentIsReadBackEqualByAnotherStartOfTheProgram)
 {
+    SetOut();
     OpenBells("FrmSuonerie");
     Press(QStringLiteral("Giorno_0"));
     EnterRing(0, "1200", 4);
@@ -140,12 +145,33 @@ TEST_P(ObjectBells, AWeekSentIsReadBackEqualByAnotherStartOfTheProgram)
 
 TEST_P(ObjectBells, AWindowThatIsClosedHoldsNothingBack)
 {
+    SetOut();
     OpenBells("FrmSuonerie");
     QTest::keyClick(bells, Qt::Key_Escape);
     EXPECT_FALSE(bells->isVisible());
     desk->Window().Controls().cmdTest->click();
     EXPECT_TRUE(desk->Window().Controls().LabelUltimoComando->text().endsWith(
         QStringLiteral("Comunicazione OK")));
+}
+
+TEST_P(ObjectBells, ARefusedTransferIsRepeated)
+{
+    SetOut({"3:esito=ER"});
+    OpenBells("FrmSuonerie");
+    Press(QStringLiteral("cmdRiceveSuonerie"));
+    ASSERT_EQ(dialog.told.size(), 1U);
+    EXPECT_EQ(dialog.told[0].text, QStringLiteral("Ricezione dati OK"));
+    EXPECT_EQ(Text(QStringLiteral("LabelTentativi")), QStringLiteral("Tentativi2/3"));
+}
+
+TEST_P(ObjectBells, ATerminalThatRefusesThreeTimesEndsTheSending)
+{
+    SetOut({"2:esito=ER", "3:esito=ER", "4:esito=ER"});
+    OpenBells("FrmSuonerie");
+    Press(QStringLiteral("cmdTrasmetteSuonerie"));
+    ASSERT_EQ(dialog.told.size(), 1U);
+    EXPECT_EQ(dialog.told[0].text, QStringLiteral("Errore nella spedizione dei dati"));
+    EXPECT_EQ(Text(QStringLiteral("LabelTentativi")), QStringLiteral("Tentativi3/3"));
 }
 
 INSTANTIATE_TEST_SUITE_P(EndToEnd, ObjectBells,
@@ -169,6 +195,7 @@ protected:
 
 TEST_P(SerialBells, RingsAreStoredSentAndThereAtTheNextStart)
 {
+    SetOut();
     OpenBells("frmRingOrloII");
     Store(0, "8:30", 5, "RelèA", {"Lunedi", "Martedi", "Mercoledi", "Giovedi", "Venerdi"});
     Store(31, "2359", 99, "RelèB", {"Domenica", "Festivo"});
@@ -192,6 +219,20 @@ TEST_P(SerialBells, RingsAreStoredSentAndThereAtTheNextStart)
     EXPECT_EQ(Text(QStringLiteral("PannelloSuonerie")), QStringLiteral("Comunicazione OK"));
     EXPECT_EQ(line->Commands("14"), "14CLEAR");
     EXPECT_EQ(Exported(installation, "Suonerie"), rows);
+}
+
+TEST_P(SerialBells, SendingStopsAtTheRingThatIsNotAnswered)
+{
+    SetOut({"13#2:silenzio"});
+    OpenBells("frmRingOrloII");
+    for (const int line_of_list : {0, 1, 2}) Store(line_of_list, "8:30", 5, "RelèA", {"Lunedi"});
+    Press(QStringLiteral("cmdTrasmette"));
+    EXPECT_EQ(Text(QStringLiteral("PannelloSuonerie")), QStringLiteral("Timeout"));
+    EXPECT_EQ(line->State("7.suoneria_02"), "08:30 01000000 1 5") << "its answer was lost";
+    EXPECT_EQ(line->State("7.suoneria_03"), "");
+    Press(QStringLiteral("cmdTrasmette"));
+    EXPECT_EQ(Text(QStringLiteral("PannelloSuonerie")), QStringLiteral("Comunicazione OK"));
+    EXPECT_EQ(line->State("7.suoneria_03"), "08:30 01000000 1 5");
 }
 
 INSTANTIATE_TEST_SUITE_P(EndToEnd, SerialBells,
