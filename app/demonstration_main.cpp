@@ -1,6 +1,7 @@
 // orlodesk-dimostrazione PICTURES [OPTIONS OF orlodesk]
 // Shows the program at work where there is no display; used by ./run --headless.
 
+#include "app/bell_demonstration.h"
 #include "app/command_line.h"
 #include "app/demonstration.h"
 #include "app/italian.h"
@@ -36,12 +37,19 @@ int Demonstrate(QApplication& application, const CommandLine& command_line, cons
     all_done = demonstration.AcquireAll() && all_done;
     // A Lumo whose clock is wrong.
     all_done = demonstration.ShowClockAndBadge(6) && all_done;
+    const PictureTaker take_picture = [&pictures](QWidget& window, const QString& name) {
+        window.grab().save(pictures.filePath(name + QStringLiteral(".png")));
+    };
+    constexpr int kOrlo = 1;
+    constexpr int kOrloII = 3;
+    all_done = ShowBells(desk, kOrlo, kOrloII, QStringLiteral("chiaro"), take_picture) && all_done;
     demonstration.TakePicture(QStringLiteral("Contenitore-chiaro"));
     demonstration.TakePictureOfEveryTerminal(QStringLiteral("chiaro"));
     ApplyTheme(application, Theme::Dark);
     // The new palette reaches the window through its events.
     QCoreApplication::processEvents();
     demonstration.TakePictureOfEveryTerminal(QStringLiteral("scuro"));
+    all_done = ShowBells(desk, kOrlo, kOrloII, QStringLiteral("scuro"), take_picture) && all_done;
     CloseRegister(desk.State());
     return all_done ? 0 : 1;
 }

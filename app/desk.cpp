@@ -3,6 +3,7 @@
 #include "acquisition/acquisizione.h"
 #include "acquisition/frm_monitor.h"
 #include "badge/formato_badge.h"
+#include "bells/cmd_suonerie.h"
 #include "console/frm_comandi.h"
 #include "link/component_library.h"
 #include "registry/contenitore_controls.h"
@@ -67,6 +68,7 @@ void Desk::WireCommands()
     Wire(controls.cmdLogOff, kLoggingOff, EscapeUse::Ignored, [this] { LogOff_Click(window_); });
     WireWindow(controls.cmdMonitorTimbrature, [this] { OpenTerminalWindow<FrmMonitor>(window_); });
     WireWindow(controls.cmdComandi, [this] { OpenTerminalWindow<FrmComandi>(window_); });
+    WireWindow(controls.cmdSuonerie, [this] { cmdSuonerie_Click(window_); });
     window_.SetPeriodicRead([this] { Timer1_Timer(window_); });
 }
 

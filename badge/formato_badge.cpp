@@ -3,25 +3,13 @@
 #include "badge/object_formato_badge.h"
 #include "badge/serial_formato_badge.h"
 #include "registry/component_call.h"
+#include "registry/reset_object_line.h"
 
 namespace orlo
 {
 
 namespace
 {
-
-/// Drops and raises DTR on the line of an Orlo that was talked to, modem or not.
-void ResetObjectLine(Contenitore& window)
-{
-    const ProgramState& state = window.State();
-    const TerminalModel* const model = window.ShownModel();
-    if (model == nullptr || model->type != TerminalType::Orlo || !state.TelegramLinkOpen ||
-        state.Component == nullptr)
-        return;
-    state.Component->TelegramObject->DTR(false);
-    state.Component->TelegramObject->DTR(true);
-    window.Station().clock.ProcessPendingEvents();
-}
 
 /// The frame of both buttons. The line is reset behind a failure too.
 void DoBadgeCommand(Contenitore& window, const std::function<void()>& work)

@@ -4,6 +4,7 @@
 #include "jet/lock_file.h"
 #include "jet/recordset.h"
 #include "link/component_objects.h"
+#include "registry/ring_table.h"
 #include "registry/terminal_record.h"
 #include "registry/terminal_type.h"
 
@@ -64,6 +65,9 @@ struct ProgramState {
 
     // Terminals whose last answer came and could not be stored: they are asked for it again.
     std::set<std::int16_t> UnstoredTerminals;
+
+    // Bell rings of the Orlo and Sipa terminals, kept for the whole run.
+    orlo::RingTable RingTable{};
 
     // Output layout: 0 standard, 1 extended; plant code of the extended layout.
     std::int16_t TipoTracciato = 0;

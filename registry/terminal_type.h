@@ -45,6 +45,14 @@ struct StatusAnswerLayout {
 /// How long a model may take to store the badge layout that it was sent.
 enum class StoreWait { Usual, Long };
 
+/// The form in which a model takes its bell rings.
+enum class BellTelegram {
+    /// A blank behind the command code, two digits of duration; every ring is sent.
+    Spaced,
+    /// No blank, three digits of duration; a ring on no day is not sent.
+    Dense,
+};
+
 /// One row per model: everything that differs by model is here and nowhere else.
 struct TerminalModel {
     TerminalType type;
@@ -61,6 +69,8 @@ struct TerminalModel {
     /// Number of the first of the five badge parameters, which follow each other.
     int first_badge_parameter;
     StoreWait store_wait;
+    /// Without meaning for the models of the object link.
+    BellTelegram bell_telegram;
     /// Values that fields still empty or "0" receive when the model is picked; empty = none.
     QString default_speed;
     QString default_retries;

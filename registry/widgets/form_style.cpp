@@ -46,7 +46,12 @@ void StyleButton(QPushButton& button, const QWidget& window)
     const QFontMetrics metrics(window.font());
     const bool filled = button.property("primario").toBool();
     button.setMinimumWidth(metrics.averageCharWidth() * (filled ? 16 : 11) + metrics.height());
-    if (!filled) return;
+    if (!filled) {
+        // It may have been the filled one.
+        button.setFont({});
+        button.setPalette({});
+        return;
+    }
     QFont bold = window.font();
     bold.setBold(true);
     button.setFont(bold);
@@ -54,15 +59,24 @@ void StyleButton(QPushButton& button, const QWidget& window)
     Colour(button, QPalette::ButtonText, window.palette().color(QPalette::HighlightedText));
 }
 
+/// Not those of the windows that belong to this one.
+template <typename Control>
+QList<Control*> ControlsOf(const QWidget& window)
+{
+    QList<Control*> controls = window.findChildren<Control*>();
+    controls.removeIf([&window](const Control* control) { return control->window() != &window; });
+    return controls;
+}
+
 }  // namespace
 
 void StyleForm(QWidget& window)
 {
-    for (QLabel* label : window.findChildren<QLabel*>()) StyleLabel(*label, window);
-    for (QPushButton* button : window.findChildren<QPushButton*>()) StyleButton(*button, window);
-    for (QProgressBar* bar : window.findChildren<QProgressBar*>())
+    for (QLabel* label : ControlsOf<QLabel>(window)) StyleLabel(*label, window);
+    for (QPushButton* button : ControlsOf<QPushButton>(window)) StyleButton(*button, window);
+    for (QProgressBar* bar : ControlsOf<QProgressBar>(window))
         Colour(*bar, QPalette::Highlight, FilledColour(window.palette()));
-    for (QFrame* frame : window.findChildren<QFrame*>())
+    for (QFrame* frame : ControlsOf<QFrame>(window))
         if (frame->frameShape() == QFrame::HLine || frame->frameShape() == QFrame::VLine)
             ColourLine(*frame, Hairline(window.palette()));
 }

@@ -1,0 +1,108 @@
+#include "bells/cell_field.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QRegularExpressionValidator>
+
+namespace orlo
+{
+
+namespace
+{
+
+constexpr int kMinutes = 3;  // where they begin behind the mask
+
+/// Hour and minute, blanks where no digit was typed yet.
+QValidator* MakeTimeValidator(QObject* parent)
+{
+    return new QRegularExpressionValidator(
+        QRegularExpression(
+            QStringLiteral("(?:[ 01][ \\d]|2[ 0-3]|[3-9] ):(?:[ 0-5][ \\d]|[6-9] )")),
+        parent);
+}
+
+bool EndsAnHour(const QString& typed)
+{
+    static const QString separators = QStringLiteral(".,; :");
+    return typed.size() == 1 && separators.contains(typed);
+}
+
+}  // namespace
+
+CellField::CellField(QWidget* parent) : QLineEdit(parent)
+{
+    connect(this, &QLineEdit::returnPressed, this, &CellField::Left);
+}
+
+void CellField::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    // Typing replaces the value, unless the pointer has chosen a place in it.
+    if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::PopupFocusReason)
+        selectAll();
+    emit Entered();
+}
+
+void CellField::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason) emit Left();
+}
+
+TimeField::TimeField(QWidget* parent) : CellField(parent)
+{
+    setInputMask(QStringLiteral("00:00"));
+    setValidator(MakeTimeValidator(this));
+    setAlignment(Qt::AlignCenter);
+}
+
+void TimeField::keyPressEvent(QKeyEvent* event)
+{
+    const QString typed = event->text();
+    if (EndsAnHour(typed)) {
+        setCursorPosition(kMinutes);
+    } else if (typed.size() == 1 && typed[0].isDigit()) {
+        TakeDigit(typed[0]);
+    } else {
+        CellField::keyPressEvent(event);
+    }
+}
+
+// Typed over a whole field or over one digit; what the digit would make no time of gives way.
+void TimeField::TakeDigit(QChar digit)
+{
+    if (hasSelectedText()) del();
+    QString shown = displayText();
+    int place = cursorPosition();
+    if (place == kMinutes - 1) ++place;
+    if (place >= shown.size()) return;
+    const auto fits = [this, digit](QString text, int at) {
+        int unused = 0;
+        return validator()->validate(text.replace(at, 1, digit), unused) != QValidator::Invalid;
+    };
+    const bool first_of_two = place == 0 || place == kMinutes;
+    if (!fits(shown, place) && first_of_two) shown[place + 1] = u' ';
+    if (!fits(shown, place) && place == 1) place = kMinutes;
+    if (!fits(shown, place) && place == kMinutes) shown[place + 1] = u' ';
+    if (!fits(shown, place)) return;
+    shown[place] = digit;
+    setSelection(0, static_cast<int>(shown.size()));
+    insert(shown);
+    setCursorPosition(place == 1 ? kMinutes : place + 1);
+}
+
+DurationField::DurationField(QWidget* parent) : CellField(parent)
+{
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    SetDigits(3);
+}
+
+void DurationField::SetDigits(int digits)
+{
+    setMaxLength(digits);
+    delete validator();
+    setValidator(new QRegularExpressionValidator(
+        QRegularExpression(QStringLiteral("\\d{0,%1}").arg(digits)), this));
+}
+
+}  // namespace orlo

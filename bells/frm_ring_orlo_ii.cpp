@@ -1,0 +1,250 @@
+#include "bells/frm_ring_orlo_ii.h"
+
+#include "bells/ring_line.h"
+#include "bells/ring_text.h"
+#include "bells/serial_rings.h"
+#include "bells/week_days.h"
+#include "registry/contenitore_controls.h"
+#include "registry/database_error.h"
+#include "registry/numeric_value.h"
+
+#include "ui_frm_ring_orlo_ii.h"
+
+namespace orlo
+{
+
+namespace
+{
+
+constexpr int kDurationDigits = 2;
+
+QString DurationDigits(int duration)
+{
+    return QStringLiteral("%1").arg(duration, kDurationDigits, 10, QLatin1Char('0'));
+}
+
+void Set(QRadioButton& button, bool checked)
+{
+    // An exclusive button cannot be unset by program.
+    button.setAutoExclusive(false);
+    button.setChecked(checked);
+    button.setAutoExclusive(true);
+}
+
+}  // namespace
+
+frmRingOrloII::frmRingOrloII(Contenitore& main)
+    : BellWindow(main), ui_(std::make_unique<Ui::frmRingOrloII>())
+{
+    ui_->setupUi(this);
+    days_ = {ui_->Domenica, ui_->Lunedi,  ui_->Martedi, ui_->Mercoledi,
+             ui_->Giovedi,  ui_->Venerdi, ui_->Sabato,  ui_->Festivo};
+    QStringList headings;
+    for (int day = 0; day < static_cast<int>(days_.size()); ++day) headings << ShortWeekDay(day);
+    ui_->DisegnoSettimana->SetDays(static_cast<int>(days_.size()), headings);
+    ui_->TempoRings->SetDigits(kDurationDigits);
+
+    connect(ui_->ListaSuonerie, &QListWidget::currentRowChanged, this,
+            &frmRingOrloII::ListaSuonerie_Click);
+    connect(ui_->ListaSuonerie, &QListWidget::itemClicked, this,
+            &frmRingOrloII::ListaSuonerie_Click);
+    connect(ui_->DisegnoSettimana, &WeekDrawing::MarkChosen, this,
+            [this](int, int row) { ui_->ListaSuonerie->setCurrentRow(row); });
+    for (const CellField* field :
+         std::initializer_list<const CellField*>{ui_->Ring, ui_->TempoRings}) {
+        connect(field, &CellField::Left, this, &frmRingOrloII::CompleteFields);
+        connect(field, &QLineEdit::textChanged, this, &frmRingOrloII::ShowWhetherModified);
+    }
+    for (const QCheckBox* day : days_)
+        connect(day, &QCheckBox::toggled, this, &frmRingOrloII::ShowWhetherModified);
+    for (const QRadioButton* relay : {ui_->RelèA, ui_->RelèB})
+        connect(relay, &QRadioButton::toggled, this, &frmRingOrloII::ShowWhetherModified);
+    connect(ui_->cmdAggiorna, &QPushButton::clicked, this, &frmRingOrloII::cmdAggiorna_Click);
+    connect(ui_->cmdReset, &QPushButton::clicked, this, &frmRingOrloII::cmdReset_Click);
+    connect(ui_->cmdTrasmette, &QPushButton::clicked, this, &frmRingOrloII::cmdTrasmette_Click);
+    connect(ui_->cmdUscita, &QPushButton::clicked, this, &QWidget::close);
+    connect(main.Controls().PannelloComunicazione, &TextPanel::TextChanged, this,
+            [this](const QString& caption) {
+                if (isVisible() && Main().CommandRunning()) ui_->PannelloSuonerie->setText(caption);
+            });
+}
+
+frmRingOrloII::~frmRingOrloII()
+{
+    Silence();
+}
+
+void frmRingOrloII::Form_Load()
+{
+    ui_->PannelloSuonerie->clear();
+    loaded_ = false;
+    try {
+        CaricaSuonerie();
+    } catch (const jet::Error& error) {
+        ui_->PannelloSuonerie->setText(tr("Errore: la tabella delle suonerie non si può leggere."));
+        ShowDatabaseError(Main().Station().dialog, error);
+    }
+    if (!loaded_) ui_->ListaSuonerie->SetLines(RingLines({}));
+    ui_->ListaSuonerie->setCurrentRow(0);
+    ListaSuonerie_Click();
+    ui_->ListaSuonerie->setFocus();
+}
+
+void frmRingOrloII::CaricaSuonerie()
+{
+    jet::Database* const database = Main().State().Database.get();
+    if (database == nullptr) {
+        ui_->PannelloSuonerie->setText(tr("Errore: il database non è aperto."));
+        return;
+    }
+    CreaTabellaSuonerie(*database);
+    ui_->ListaSuonerie->SetLines(RingLines(LoadBellRows(*database, Terminal())));
+    loaded_ = true;
+}
+
+/// Behind a list that could not be loaded every ring of the terminal would be overwritten by an
+/// empty one.
+void frmRingOrloII::RefreshAvailability()
+{
+    const bool idle = !Main().CommandRunning();
+    for (QPushButton* button : {ui_->cmdReset, ui_->cmdUscita}) button->setEnabled(idle);
+    for (QPushButton* button : {ui_->cmdAggiorna, ui_->cmdTrasmette})
+        button->setEnabled(idle && loaded_);
+}
+
+void frmRingOrloII::DeriveLook()
+{
+    StyleControls();
+    const QFontMetrics metrics(font());
+    ui_->Ring->setFixedWidth(metrics.horizontalAdvance(QStringLiteral("00:00")) + metrics.height() +
+                             6);
+    ui_->TempoRings->setFixedWidth(metrics.horizontalAdvance(QStringLiteral("000")) +
+                                   metrics.height() + 6);
+    ui_->ListaSuonerie->setFixedWidth(ui_->ListaSuonerie->sizeHint().width());
+    // A label asks for a little more than its words.
+    ui_->LabelModifiche->setMinimumWidth(
+        metrics.horizontalAdvance(QStringLiteral("Modifiche non salvate")) + 2);
+}
+
+void frmRingOrloII::ListaSuonerie_Click()
+{
+    const QListWidgetItem* const item = ui_->ListaSuonerie->currentItem();
+    if (item == nullptr) return;
+    const BellRow row = CutRingLine(item->text());
+    ui_->LabelSuoneria->setText(tr("Suoneria %1").arg(item->text().left(2)));
+    ui_->Ring->setText(RingTimeText({row.Ora, row.Minuti}));
+    ui_->TempoRings->setText(DurationDigits(row.TempoRele));
+    for (std::size_t day = 0; day < days_.size(); ++day)
+        days_.at(day)->setChecked(row.Giorni[static_cast<qsizetype>(day)] == u'1');
+    // A new ring begins with relay A: without a relay it would never be heard.
+    SetRelay(item->text() == EmptyRingLine(row.Locazione) ? 1 : row.NumeroRele);
+    ShowWeek();
+    ui_->LabelModifiche->clear();
+}
+
+void frmRingOrloII::SetRelay(int number)
+{
+    Set(*ui_->RelèA, number == 1);
+    Set(*ui_->RelèB, number == 2);
+}
+
+BellRow frmRingOrloII::Entered() const
+{
+    const RingTime time = RingTimeOf(ui_->Ring->text()).value_or(RingTime{});
+    BellRow row;
+    row.Terminale = Terminal();
+    row.Locazione = ui_->ListaSuonerie->currentItem()->text().left(2).toInt();
+    row.Ora = time.hour;
+    row.Minuti = time.minute;
+    row.Giorni.clear();
+    for (const QCheckBox* day : days_)
+        row.Giorni += day->isChecked() ? QStringLiteral("1") : QStringLiteral("0");
+    row.NumeroRele = ui_->RelèA->isChecked() ? 1 : ui_->RelèB->isChecked() ? 2 : 0;
+    row.TempoRele = ui_->TempoRings->text().toInt();
+    return row;
+}
+
+/// Shows what was typed with all its digits.
+void frmRingOrloII::CompleteFields()
+{
+    const BellRow row = Entered();
+    ui_->Ring->setText(RingTimeText({row.Ora, row.Minuti}));
+    ui_->TempoRings->setText(DurationDigits(row.TempoRele));
+}
+
+void frmRingOrloII::ShowWhetherModified()
+{
+    const QListWidgetItem* const item = ui_->ListaSuonerie->currentItem();
+    if (item == nullptr) return;
+    BellRow entered = Entered();
+    entered.Terminale = 0;
+    const BellRow shown = CutRingLine(item->text());
+    // The relay of a new ring is not the operator's.
+    if (item->text() == EmptyRingLine(shown.Locazione) && entered.NumeroRele == 1)
+        entered.NumeroRele = 0;
+    ui_->LabelModifiche->setText(entered == shown ? QString() : tr("Modifiche non salvate"));
+}
+
+void frmRingOrloII::ShowWeek()
+{
+    std::vector<RingMark> marks;
+    const QStringList lines = ui_->ListaSuonerie->Lines();
+    for (int line = 0; line < lines.size(); ++line) {
+        const BellRow row = CutRingLine(lines[line]);
+        for (int day = 0; day < row.Giorni.size(); ++day)
+            if (row.Giorni[day] == u'1')
+                marks.push_back({day, line, MinuteOfDay({row.Ora, row.Minuti}),
+                                 row.NumeroRele == 0 ? 0 : row.TempoRele, row.NumeroRele == 2,
+                                 line == ui_->ListaSuonerie->currentRow()});
+    }
+    ui_->DisegnoSettimana->Show(std::move(marks));
+}
+
+void frmRingOrloII::cmdAggiorna_Click()
+{
+    Run(ui_->cmdAggiorna, *ui_->DisegnoSettimana, tr("Salvataggio in corso…"), [this] {
+        CompleteFields();
+        const BellRow row = Entered();
+        try {
+            StoreBellRow(*Main().State().Database, row);
+        } catch (const jet::Error& error) {
+            ShowDatabaseError(Main().Station().dialog, error);
+            return;
+        }
+        // Sending reads the list.
+        ui_->ListaSuonerie->SetLine(ui_->ListaSuonerie->currentRow(), RingLine(row));
+        ListaSuonerie_Click();
+    });
+}
+
+void frmRingOrloII::cmdTrasmette_Click()
+{
+    Run(ui_->cmdTrasmette, *ui_->DisegnoSettimana, tr("Invio suonerie in corso…"), [this] {
+        const TerminalModel* const model = Main().ShownModel();
+        if (model == nullptr || !Main().PrepareCurrentTerminal()) return;
+        const QString status = SendRings(Main(), model->bell_telegram, ui_->ListaSuonerie->Lines());
+        ui_->PannelloSuonerie->setText(status);
+    });
+}
+
+/// The rows of the table stay: the window shows them again when it is opened.
+void frmRingOrloII::cmdReset_Click()
+{
+    Run(ui_->cmdReset, *ui_->DisegnoSettimana, tr("Azzeramento suonerie in corso…"), [this] {
+        if (!Main().Station().dialog.AskYesNo(
+                DialogIcon::Critical, QStringLiteral("Attenzione"),
+                QStringLiteral("Si desidera azzerare le suonerie?")) ||
+            !Main().PrepareCurrentTerminal())
+            return;
+        const QString status = ClearRings(Main());
+        ui_->PannelloSuonerie->setText(status);
+        // A terminal that did not answer still has its rings, and the list shows them.
+        if (status != QLatin1String("Comunicazione OK")) return;
+        for (int row = 0; row < ui_->ListaSuonerie->count(); ++row)
+            ui_->ListaSuonerie->SetLine(
+                row, EmptyRingLine(ui_->ListaSuonerie->item(row)->text().left(2).toInt()));
+        ListaSuonerie_Click();
+    });
+}
+
+}  // namespace orlo

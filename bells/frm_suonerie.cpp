@@ -1,0 +1,257 @@
+#include "bells/frm_suonerie.h"
+
+#include "bells/object_rings.h"
+#include "bells/ring_text.h"
+#include "bells/sort_suonerie.h"
+#include "bells/week_days.h"
+#include "registry/component_call.h"
+#include "registry/contenitore_controls.h"
+#include "registry/reset_object_line.h"
+
+#include "ui_frm_suonerie.h"
+
+#include <QButtonGroup>
+
+namespace orlo
+{
+
+FrmSuonerie::FrmSuonerie(Contenitore& main)
+    : BellWindow(main), ui_(std::make_unique<Ui::FrmSuonerie>()), days_(new QButtonGroup(this))
+{
+    ui_->setupUi(this);
+    int day = 0;
+    for (QRadioButton* button : {ui_->Giorno_0, ui_->Giorno_1, ui_->Giorno_2, ui_->Giorno_3,
+                                 ui_->Giorno_4, ui_->Giorno_5, ui_->Giorno_6})
+        days_->addButton(button, day++);
+    connect(days_, &QButtonGroup::idToggled, this, [this](int toggled, bool checked) {
+        if (checked) Giorno_Click(toggled);
+    });
+    connect(ui_->cmdRiceveSuonerie, &QPushButton::clicked, this,
+            &FrmSuonerie::cmdRiceveSuonerie_Click);
+    connect(ui_->cmdTrasmetteSuonerie, &QPushButton::clicked, this,
+            &FrmSuonerie::cmdTrasmetteSuonerie_Click);
+    connect(ui_->cmdUscita, &QPushButton::clicked, this, &QWidget::close);
+    connect(ui_->SuonerieDelGiorno, &DayRings::RingLeft, this, &FrmSuonerie::Ring_LostFocus);
+    connect(ui_->SuonerieDelGiorno, &DayRings::TempoRingsLeft, this,
+            &FrmSuonerie::TempoRings_LostFocus);
+    connect(ui_->SuonerieDelGiorno, &DayRings::Entered, this, [this](int index) {
+        entered_ring_ = index;
+        ShowWeek();
+    });
+    connect(ui_->DisegnoSettimana, &WeekDrawing::DayChosen, this,
+            [this](int chosen) { days_->button(chosen)->setChecked(true); });
+    connect(ui_->DisegnoSettimana, &WeekDrawing::MarkChosen, this, [this](int chosen, int ring) {
+        days_->button(chosen)->setChecked(true);
+        ChooseRing(ring);
+    });
+    connect(main.Controls().PannelloPercentuale, &QProgressBar::valueChanged, ui_->Percentuale,
+            &QProgressBar::setValue);
+    // The days appear as they are read.
+    connect(main.Controls().PannelloPercentuale, &QProgressBar::valueChanged, this, [this] {
+        if (isVisible()) ShowWeek();
+    });
+    connect(main.Controls().PannelloTentativi, &TextPanel::TextChanged, ui_->LabelTentativi,
+            &TextPanel::setText);
+}
+
+FrmSuonerie::~FrmSuonerie()
+{
+    Silence();
+}
+
+void FrmSuonerie::Form_Load()
+{
+    ForgetDay();
+    ui_->Esito->clear();
+    ui_->LabelTentativi->clear();
+    ui_->Percentuale->setValue(0);
+    ShowWeek();
+    const bool known = !ui_->DisegnoSettimana->Marks().empty();
+    SetWeek(known ? Week::Ready : Week::Unread);
+    (known ? ui_->cmdTrasmetteSuonerie : ui_->cmdRiceveSuonerie)->setFocus();
+}
+
+void FrmSuonerie::DeriveLook()
+{
+    StyleControls();
+    ui_->SuonerieDelGiorno->DeriveRoom();
+    ui_->LabelTentativi->SetRoom(QStringLiteral("Tentativi00/00"));
+    ui_->TestataGiorni->setContentsMargins(ui_->DisegnoSettimana->HoursRoom(), 0, 0, 0);
+}
+
+void FrmSuonerie::RefreshAvailability()
+{
+    const bool idle = !Main().CommandRunning();
+    for (QPushButton* button : {ui_->cmdRiceveSuonerie, ui_->cmdTrasmetteSuonerie, ui_->cmdUscita})
+        button->setEnabled(idle);
+    ui_->SuonerieDelGiorno->setEnabled(shown_day_ >= 0);
+}
+
+/// The frame of both commands: true when the work was done to its end.
+bool FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QString& failed,
+                           const std::function<bool()>& work)
+{
+    bool done = false;
+    Run(button, *ui_->DisegnoSettimana, task, [&] {
+        const TextPanel& caption = *Main().Controls().PannelloComunicazione;
+        Main().Controls().PannelloComunicazione->clear();
+        ui_->Esito->clear();
+        ui_->Esito->SetRemark(QString());
+        done = Main().PrepareCurrentTerminal() && work();
+        const bool said = caption.text().startsWith(QLatin1String("Errore"));
+        ui_->Esito->setText(done   ? QStringLiteral("Comunicazione OK")
+                            : said ? caption.text()
+                                   : failed);
+        ShowWarning();
+        GuardComponentCalls(Main(), [this] { ResetObjectLine(Main()); });
+    });
+    return done;
+}
+
+void FrmSuonerie::cmdRiceveSuonerie_Click()
+{
+    TakePending();
+    bool asked = false;
+    const bool done = Transfer(ui_->cmdRiceveSuonerie, tr("Lettura suonerie in corso…"),
+                               tr("Errore nella ricezione dei dati"), [&] {
+                                   asked = true;
+                                   ForgetDay();
+                                   return LeggeSuonerie(Main());
+                               });
+    if (!asked) return;
+    SortSuonerie(Main().State().RingTable, Terminal());
+    ShowWeek();
+    SetWeek(done ? Week::Ready : Week::Partial);
+}
+
+void FrmSuonerie::cmdTrasmetteSuonerie_Click()
+{
+    TakePending();
+    Transfer(ui_->cmdTrasmetteSuonerie, tr("Invio suonerie in corso…"),
+             tr("Errore nella spedizione dei dati"), [this] {
+                 SortSuonerie(Main().State().RingTable, Terminal());
+                 ShowDay();
+                 return TrasmetteSuonerie(Main());
+             });
+}
+
+void FrmSuonerie::Giorno_Click(int day)
+{
+    TakePending();
+    shown_day_ = day;
+    entered_ring_ = -1;
+    ShowDay();
+    RefreshAvailability();
+}
+
+void FrmSuonerie::Ring_LostFocus(int index)
+{
+    if (shown_day_ < 0) return;
+    if (const auto time = RingTimeOf(ui_->SuonerieDelGiorno->Ring(index).text())) {
+        Entry(index).Hour = static_cast<std::int16_t>(time->hour);
+        Entry(index).Minute = static_cast<std::int16_t>(time->minute);
+    }
+    ui_->SuonerieDelGiorno->ShowTime(index, Entry(index));
+    TakeChange();
+}
+
+void FrmSuonerie::TempoRings_LostFocus(int index)
+{
+    if (shown_day_ < 0) return;
+    const QString duration = DurationText(ui_->SuonerieDelGiorno->TempoRings(index).text());
+    Entry(index).HowLong = duration.toShort();
+    ui_->SuonerieDelGiorno->ShowDuration(index, Entry(index));
+    TakeChange();
+}
+
+void FrmSuonerie::TakePending()
+{
+    for (int index = 0; index < kRingsOfDay; ++index) {
+        if (ui_->SuonerieDelGiorno->Ring(index).isModified()) Ring_LostFocus(index);
+        if (ui_->SuonerieDelGiorno->TempoRings(index).isModified()) TempoRings_LostFocus(index);
+    }
+}
+
+RingEntry& FrmSuonerie::Entry(int index)
+{
+    return RingOf(Main().State().RingTable, Main().SelectedTerminal(), shown_day_, index + 1);
+}
+
+void FrmSuonerie::ChooseRing(int index)
+{
+    ui_->SuonerieDelGiorno->Ring(index).setFocus(Qt::TabFocusReason);
+}
+
+/// No day is shown: the cells are empty and take nothing.
+void FrmSuonerie::ForgetDay()
+{
+    days_->setExclusive(false);
+    for (QAbstractButton* button : days_->buttons()) button->setChecked(false);
+    days_->setExclusive(true);
+    shown_day_ = -1;
+    entered_ring_ = -1;
+    ShowDay();
+}
+
+void FrmSuonerie::ShowDay()
+{
+    for (int index = 0; index < kRingsOfDay; ++index) {
+        const RingEntry entry = shown_day_ < 0 ? RingEntry{} : Entry(index);
+        ui_->SuonerieDelGiorno->ShowTime(index, entry);
+        ui_->SuonerieDelGiorno->ShowDuration(index, entry);
+    }
+    ui_->LabelGiorno->setText(shown_day_ < 0 ? tr("Scegliere un giorno")
+                                             : tr("Suonerie di %1").arg(WeekDay(shown_day_)));
+    ShowWeek();
+}
+
+void FrmSuonerie::ShowWeek()
+{
+    std::vector<RingMark> marks;
+    for (int day = 0; day < kRingDays; ++day)
+        for (int ring = 1; ring <= kRingsOfDay; ++ring) {
+            const RingEntry& entry = RingOf(Main().State().RingTable, Terminal(), day, ring);
+            const int minute = MinuteOfDay({entry.Hour, entry.Minute});
+            if (minute == 0) continue;
+            const int index = ring - 1;
+            marks.push_back({day, index, minute, entry.HowLong, /*hollow=*/false,
+                             day == shown_day_ && index == entered_ring_});
+        }
+    ui_->DisegnoSettimana->Show(std::move(marks));
+    ui_->DisegnoSettimana->ShadeDay(shown_day_);
+}
+
+/// A cell may have changed its ring.
+void FrmSuonerie::TakeChange()
+{
+    const std::vector<RingMark> before = ui_->DisegnoSettimana->Marks();
+    ShowWeek();
+    if (ui_->DisegnoSettimana->Marks() != before && week_ == Week::Unread) SetWeek(Week::Ready);
+}
+
+void FrmSuonerie::SetWeek(Week week)
+{
+    week_ = week;
+    ui_->cmdTrasmetteSuonerie->setProperty("primario", week == Week::Ready);
+    ui_->cmdRiceveSuonerie->setProperty("primario", week != Week::Ready);
+    DeriveLook();
+    ShowWarning();
+}
+
+/// Sending overwrites the terminal's whole week.
+void FrmSuonerie::ShowWarning()
+{
+    switch (week_) {
+        case Week::Unread:
+            return ui_->Esito->SetRemark(
+                tr("La settimana non è stata letta: inviandola ora si svuota quella del "
+                   "terminale."));
+        case Week::Partial:
+            return ui_->Esito->SetRemark(
+                tr("La settimana è stata letta solo in parte: inviandola si perde il resto."));
+        case Week::Ready:
+            return ui_->Esito->SetRemark(QString());
+    }
+}
+
+}  // namespace orlo

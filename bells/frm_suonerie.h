@@ -1,0 +1,61 @@
+#pragma once
+
+#include "bells/bell_window.h"
+
+#include <memory>
+
+class QButtonGroup;
+class QPushButton;
+
+namespace Ui
+{
+class FrmSuonerie;
+}
+
+namespace orlo
+{
+
+/// The bells of an Orlo or a Sipa: seven days of 24 rings in RingTable, read, edited, sent.
+class FrmSuonerie : public BellWindow
+{
+    Q_OBJECT
+
+public:
+    explicit FrmSuonerie(Contenitore& main);
+    ~FrmSuonerie() override;
+
+protected:
+    void Form_Load() override;
+    void TakePending() override;
+    void DeriveLook() override;
+    void RefreshAvailability() override;
+
+private:
+    /// Whether sending would leave the terminal with a week that somebody has seen.
+    enum class Week { Unread, Partial, Ready };
+
+    void cmdRiceveSuonerie_Click();
+    void cmdTrasmetteSuonerie_Click();
+    void Giorno_Click(int day);
+    void Ring_LostFocus(int index);
+    void TempoRings_LostFocus(int index);
+
+    bool Transfer(QPushButton* button, const QString& task, const QString& failed,
+                  const std::function<bool()>& work);
+    RingEntry& Entry(int index);
+    void ChooseRing(int index);
+    void ForgetDay();
+    void ShowDay();
+    void ShowWeek();
+    void TakeChange();
+    void SetWeek(Week week);
+    void ShowWarning();
+
+    std::unique_ptr<Ui::FrmSuonerie> ui_;
+    QButtonGroup* days_;
+    int shown_day_ = -1;
+    int entered_ring_ = -1;
+    Week week_ = Week::Unread;
+};
+
+}  // namespace orlo

@@ -1,0 +1,80 @@
+#include "bells/serial_rings.h"
+
+#include "bells/ring_telegram.h"
+#include "link/exchange.h"
+#include "link/telegram.h"
+#include "registry/contenitore_controls.h"
+#include "registry/port_session.h"
+
+namespace orlo
+{
+
+namespace
+{
+
+const QString kDone = QStringLiteral("Comunicazione OK");
+const QString kSilent = QStringLiteral("Timeout");
+
+struct Exchanged {
+    QString status;
+    bool good_frame = false;
+};
+
+/// One telegram with a port of its own.
+Exchanged Exchange(Contenitore& window, std::string_view command)
+{
+    const PortSession session(window);
+    // Why an open line cannot be used is in the caption by now.
+    if (session.Port() == nullptr)
+        return {window.LineIsOpen() ? window.Controls().PannelloComunicazione->text()
+                                    : QStringLiteral("Errore aprendo la COM")};
+    const std::string answer = ExchangeTelegram(window.Station(), *session.Port(),
+                                                window.State().CurrentTerminalNumber, command);
+    const bool good_frame = answer != kTimeout && answer != kRxError;
+    // An answer that comes too late would be taken for that to the next ring.
+    if (!good_frame) LetLineRunOut(window.Station(), *session.Port());
+    return {answer == kTimeout ? kSilent : kDone, good_frame};
+}
+
+/// How many rings were answered in a good frame. Nobody asks for that; the operator is told it
+/// beside.
+void NoteBadAnswers(Contenitore& window, int sent, int good)
+{
+    if (good < sent) window.NoteOutcome(QStringLiteral("risposte %1 su %2").arg(good).arg(sent));
+}
+
+}  // namespace
+
+QString SendRings(Contenitore& window, BellTelegram form, const QStringList& lines)
+{
+    TextPanel& caption = *window.Controls().PannelloComunicazione;
+    caption.clear();
+    int sent = 0;
+    int good = 0;
+    for (qsizetype line = 0; line < lines.size(); ++line) {
+        const std::optional<std::string> telegram = RingTelegram(form, lines[line]);
+        if (!telegram) continue;
+        const Exchanged exchanged = Exchange(window, *telegram);
+        if (exchanged.status != kDone) {
+            caption.setText(exchanged.status);
+            return exchanged.status;
+        }
+        ++sent;
+        good += exchanged.good_frame ? 1 : 0;
+        caption.setText(QStringLiteral("%1/32 ").arg(line + 1) + kDone);
+        window.Station().clock.ProcessPendingEvents();
+    }
+    NoteBadAnswers(window, sent, good);
+    return kDone;
+}
+
+QString ClearRings(Contenitore& window)
+{
+    TextPanel& caption = *window.Controls().PannelloComunicazione;
+    caption.clear();
+    QString status = Exchange(window, kClearRings).status;
+    caption.setText(status);
+    return status;
+}
+
+}  // namespace orlo

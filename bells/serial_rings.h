@@ -1,0 +1,22 @@
+#pragma once
+
+#include "registry/contenitore.h"
+
+#include <QStringList>
+
+namespace orlo
+{
+
+// The bell table of a serial terminal, a telegram a ring. The terminal must have been prepared. The
+// port is opened and closed for each telegram, unless `Verde` shows an open line. Each returns the
+// status text: "Comunicazione OK", "Timeout", "Errore aprendo la COM", or why the open line cannot
+// be used. An answer that is none of the two failures is not examined.
+
+/// Sends the rings of the list's lines, in their order, until one fails. PannelloComunicazione
+/// shows the number of the line that was answered: "5/32 Comunicazione OK".
+QString SendRings(Contenitore& window, BellTelegram form, const QStringList& lines);
+
+/// Takes all rings out of the terminal.
+QString ClearRings(Contenitore& window);
+
+}  // namespace orlo

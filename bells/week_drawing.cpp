@@ -1,0 +1,278 @@
+#include "bells/week_drawing.h"
+
+#include "bells/ring_text.h"
+#include "bells/week_days.h"
+#include "registry/widgets/colours.h"
+
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include <algorithm>
+#include <cmath>
+
+namespace orlo
+{
+
+namespace
+{
+
+constexpr int kHours = 24;
+constexpr int kMinutesOfDay = kHours * 60;
+constexpr double kColumnMargin = 5;
+constexpr double kMarkHeight = 4;
+constexpr double kBetweenMarks = kMarkHeight + 2;
+/// A ring without duration, which does not sound, is still there.
+constexpr double kShortestMark = 2;
+/// How far from a mark a click still means it.
+constexpr double kReach = 7;
+
+int Longest(const std::vector<RingMark>& marks)
+{
+    int longest = kLongestRing;
+    for (const RingMark& mark : marks) longest = std::max(longest, mark.duration);
+    return longest;
+}
+
+}  // namespace
+
+double MarkLength(int duration, int longest, double room)
+{
+    return std::max(kShortestMark, room * duration / longest);
+}
+
+// Places that would be too close form a block around their common middle; a block that reaches into
+// the one before joins it.
+std::vector<double> MovedApart(const std::vector<double>& places, double gap)
+{
+    struct Block {
+        std::size_t size;
+        double first;  // place of its first member
+    };
+    std::vector<Block> blocks;
+    for (const double place : places) {
+        blocks.push_back({1, place});
+        while (blocks.size() > 1) {
+            const Block late = blocks.back();
+            Block& early = blocks[blocks.size() - 2];
+            const auto early_size = static_cast<double>(early.size);
+            const auto late_size = static_cast<double>(late.size);
+            if (early.first + early_size * gap <= late.first) break;
+            // Where each block wants the first member of both to be, weighed by its members.
+            early.first = (early_size * early.first + late_size * (late.first - early_size * gap)) /
+                          (early_size + late_size);
+            early.size += late.size;
+            blocks.pop_back();
+        }
+    }
+    std::vector<double> moved;
+    for (const Block& block : blocks)
+        for (std::size_t member = 0; member < block.size; ++member)
+            moved.push_back(block.first + static_cast<double>(member) * gap);
+    return moved;
+}
+
+WeekDrawing::WeekDrawing(QWidget* parent) : QWidget(parent)
+{
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void WeekDrawing::SetDays(int days, const QStringList& headings)
+{
+    days_ = days;
+    headings_ = headings;
+    update();
+}
+
+void WeekDrawing::Show(std::vector<RingMark> marks)
+{
+    if (marks == marks_) return;
+    marks_ = std::move(marks);
+    QStringList words;
+    for (const RingMark& mark : marks_) words << WordsOf(mark);
+    setAccessibleDescription(words.isEmpty() ? tr("Nessuna suoneria")
+                                             : words.join(QStringLiteral("; ")));
+    update();
+}
+
+void WeekDrawing::ShadeDay(int day)
+{
+    shaded_ = day;
+    update();
+}
+
+int WeekDrawing::HoursRoom() const
+{
+    return fontMetrics().horizontalAdvance(QStringLiteral("24")) + 8;
+}
+
+QSize WeekDrawing::minimumSizeHint() const
+{
+    const int line = fontMetrics().height();
+    return {HoursRoom() + days_ * fontMetrics().averageCharWidth() * 6, line * 14};
+}
+
+QRectF WeekDrawing::Grid() const
+{
+    const int line = fontMetrics().height();
+    const double top = headings_.isEmpty() ? line / 2.0 : 1.5 * line + 2;
+    return {HoursRoom() + 0.5, std::floor(top) + 0.5, width() - HoursRoom() - 1.0,
+            std::floor(height() - top - line / 2.0) - 1};
+}
+
+QRectF WeekDrawing::Column(int day) const
+{
+    const QRectF grid = Grid();
+    const double width = grid.width() / days_;
+    return {grid.left() + day * width, grid.top(), width, grid.height()};
+}
+
+std::vector<QRectF> WeekDrawing::Places() const
+{
+    std::vector<QRectF> places(marks_.size());
+    const int longest = Longest(marks_);
+    for (int day = 0; day < days_; ++day) {
+        std::vector<std::size_t> of_day;
+        for (std::size_t i = 0; i < marks_.size(); ++i)
+            if (marks_[i].day == day) of_day.push_back(i);
+        std::ranges::stable_sort(of_day, {}, [this](std::size_t i) { return marks_[i].minute; });
+
+        const QRectF column = Column(day).adjusted(kColumnMargin, 0, -kColumnMargin, 0);
+        std::vector<double> middles;
+        middles.reserve(of_day.size());
+        for (const std::size_t i : of_day)
+            middles.push_back(column.top() + column.height() * marks_[i].minute / kMinutesOfDay);
+        middles = MovedApart(middles, kBetweenMarks);
+        for (std::size_t i = 0; i < of_day.size(); ++i)
+            places[of_day[i]] = {column.left(), middles[i] - kMarkHeight / 2,
+                                 MarkLength(marks_[of_day[i]].duration, longest, column.width()),
+                                 kMarkHeight};
+    }
+    return places;
+}
+
+int WeekDrawing::DayAt(const QPointF& place) const
+{
+    const QRectF grid = Grid();
+    if (place.x() < grid.left() || place.x() >= grid.right()) return -1;
+    return std::min(days_ - 1,
+                    static_cast<int>((place.x() - grid.left()) / (grid.width() / days_)));
+}
+
+const RingMark* WeekDrawing::MarkAt(const QPointF& place) const
+{
+    const int day = DayAt(place);
+    const std::vector<QRectF> places = Places();
+    const RingMark* nearest = nullptr;
+    double reach = kReach;
+    for (std::size_t i = 0; i < marks_.size(); ++i) {
+        const double distance = std::abs(places[i].center().y() - place.y());
+        if (marks_[i].day != day || distance > reach) continue;
+        nearest = &marks_[i];
+        reach = distance;
+    }
+    return nearest;
+}
+
+QString WeekDrawing::WordsOf(const RingMark& mark) const
+{
+    return tr("%1 %2, durata %3")
+        .arg(WeekDay(mark.day), RingTimeText({mark.minute / 60, mark.minute % 60}))
+        .arg(mark.duration);
+}
+
+bool WeekDrawing::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const RingMark* mark = MarkAt(help->pos());
+    QToolTip::showText(help->globalPos(), mark == nullptr ? QString() : WordsOf(*mark), this);
+    return true;
+}
+
+void WeekDrawing::mousePressEvent(QMouseEvent* event)
+{
+    const int day = DayAt(event->position());
+    if (event->button() != Qt::LeftButton || day < 0) return;
+    if (const RingMark* mark = MarkAt(event->position()))
+        emit MarkChosen(mark->day, mark->ring);
+    else
+        emit DayChosen(day);
+}
+
+void WeekDrawing::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(Grid(), palette().color(QPalette::Base));
+    PaintHours(painter);
+    PaintDays(painter);
+    const std::vector<QRectF> places = Places();
+    for (std::size_t i = 0; i < marks_.size(); ++i) PaintMark(painter, marks_[i], places[i]);
+}
+
+void WeekDrawing::PaintHours(QPainter& painter) const
+{
+    const QRectF grid = Grid();
+    const QColor strong = Hairline(palette());
+    const QColor faint = Blend(strong, palette().color(QPalette::Base), 0.45);
+    const int line = painter.fontMetrics().height();
+    // As many hours bear their number as have room for it.
+    const int step = grid.height() / kHours >= line ? 1 : 2;
+    for (int hour = 0; hour <= kHours; ++hour) {
+        const double y = grid.top() + grid.height() * hour / kHours;
+        painter.setPen(hour % 6 == 0 ? strong : faint);
+        painter.drawLine(QPointF(grid.left(), y), QPointF(grid.right(), y));
+        if (hour % step != 0) continue;
+        painter.setPen(SecondaryOnWindow(palette()));
+        painter.drawText(QRectF(0, y - line / 2.0, HoursRoom() - 5, line),
+                         Qt::AlignRight | Qt::AlignVCenter, QString::number(hour));
+    }
+}
+
+void WeekDrawing::PaintDays(QPainter& painter) const
+{
+    const QRectF grid = Grid();
+    for (int day = 0; day < days_; ++day) {
+        const QRectF column = Column(day);
+        if (day == shaded_) {
+            QColor tint = FilledColour(palette());
+            tint.setAlphaF(0.18F);
+            painter.fillRect(column, tint);
+        }
+        painter.setPen(Hairline(palette()));
+        painter.drawLine(column.topLeft(), column.bottomLeft());
+        if (day >= headings_.size()) continue;
+        const int line = painter.fontMetrics().height();
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(QRectF(column.left(), 0, column.width(), line), Qt::AlignCenter,
+                         headings_[day]);
+    }
+    painter.setPen(Hairline(palette()));
+    painter.drawLine(grid.topRight(), grid.bottomRight());
+}
+
+void WeekDrawing::PaintMark(QPainter& painter, const RingMark& mark, const QRectF& place) const
+{
+    const QColor colour =
+        mark.chosen ? FilledColour(palette()) : palette().color(QPalette::WindowText);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (mark.hollow) {
+        painter.setPen(QPen(colour, 1));
+        painter.setBrush(palette().color(QPalette::Base));
+        painter.drawRect(place.adjusted(0.5, 0.5, -0.5, -0.5));
+    } else {
+        painter.fillRect(place, colour);
+    }
+    if (mark.chosen) {
+        const double x = place.left() - kColumnMargin;
+        const double y = place.center().y();
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colour);
+        painter.drawPolygon(QPolygonF{{x, y - 4}, {x + 4, y}, {x, y + 4}});
+    }
+    painter.restore();
+}
+
+}  // namespace orlo

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "bells/cmd_suonerie.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace orlo::testing
+{
+
+/// A bell window that is open, its controls by their names, and what an operator does to them.
+/// `Main` is a fixture with the main window.
+template <typename Main>
+class BellWindowTest : public Main
+{
+protected:
+    QDialog* bells = nullptr;
+
+    void OpenBells(const char* name)
+    {
+        this->window.show();
+        cmdSuonerie_Click(this->window);
+        bells = this->window.template findChild<QDialog*>(QLatin1String(name));
+        ASSERT_NE(bells, nullptr);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(bells));
+    }
+
+    template <typename Widget = QWidget>
+    Widget& Control(const QString& name) const
+    {
+        auto* found = bells->findChild<Widget*>(name);
+        if (found == nullptr) throw std::invalid_argument("no control " + name.toStdString());
+        return *found;
+    }
+    void Press(const char* name)
+    {
+        QTest::mouseClick(&Control<QAbstractButton>(QString::fromUtf8(name)), Qt::LeftButton, {},
+                          {8, 8});
+    }
+    /// Typed into a field over what it holds, and left by Tab.
+    void Type(const QString& name, const char* text)
+    {
+        auto& field = Control<QLineEdit>(name);
+        field.setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(&field, QString::fromLatin1(text));
+        QTest::keyClick(&field, Qt::Key_Tab);
+    }
+    std::string Text(const QString& name) const
+    {
+        return Control(name).property("text").toString().toStdString();
+    }
+    bool Enabled(const char* name) const { return Control(QString::fromUtf8(name)).isEnabled(); }
+    bool Ticked(const char* name) const
+    {
+        return Control<QAbstractButton>(QString::fromUtf8(name)).isChecked();
+    }
+};
+
+}  // namespace orlo::testing

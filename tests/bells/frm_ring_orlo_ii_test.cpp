@@ -1,0 +1,156 @@
+#include "bells/week_drawing.h"
+#include "tests/bells/ring_orlo_ii_fixture.h"
+
+namespace orlo::testing
+{
+namespace
+{
+
+TEST_F(FrmRingOrloII, ShowsTheRowsOfItsTerminalAndEmptyLinesBehindThem)
+{
+    Open();
+    EXPECT_EQ(bells->windowTitle(), QStringLiteral("Suonerie Terminale n° 4"));
+    EXPECT_EQ(Text(QStringLiteral("LabelTestata")),
+              "Loc   Ora   Tempo  D .  .  .  .  .  .  F   1  2");
+    ASSERT_EQ(List().count(), 32);
+    EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
+    EXPECT_EQ(Line(3), "04   17:35     05     0 1 1 1 1 1 1 0    0 1");
+    EXPECT_EQ(Line(4), "05   00:00     00     0 0 0 0 0 0 0 0    0 0");
+    EXPECT_EQ(Line(31), "32   00:00     00     0 0 0 0 0 0 0 0    0 0");
+    EXPECT_TRUE(pc.com1.sent.empty());
+}
+
+TEST_F(FrmRingOrloII, MakesTheTableThatIsMissing)
+{
+    UseDatabase("nimbo-base-97.mdb");
+    Open();
+    EXPECT_EQ(List().Lines(), RingLines({}));
+    EXPECT_TRUE(LoadBellRows(*state.Database, 4).empty());
+    EXPECT_TRUE(pc.dialog.told.empty());
+}
+
+TEST_F(FrmRingOrloII, AClickedLineIsCopiedIntoTheControls)
+{
+    Open();
+    ClickLine(2);
+    EXPECT_EQ(Text(QStringLiteral("Ring")), "13:35");
+    EXPECT_EQ(Text(QStringLiteral("TempoRings")), "05");
+    EXPECT_EQ(Days(), "01111110");
+    EXPECT_FALSE(Ticked("RelèA"));
+    EXPECT_TRUE(Ticked("RelèB"));
+    EXPECT_EQ(Text(QStringLiteral("LabelSuoneria")), "Suoneria 03");
+    ClickLine(9);
+    EXPECT_EQ(Text(QStringLiteral("Ring")), "00:00");
+    EXPECT_EQ(Days(), "00000000");
+    EXPECT_TRUE(Ticked("RelèA")) << "a new ring has a relay";
+}
+
+TEST_F(FrmRingOrloII, StoringChangesTheRowOfTheClickedLineAndTheLine)
+{
+    Open();
+    ClickLine(1);
+    Type(QStringLiteral("Ring"), "7:5");
+    EXPECT_EQ(Text(QStringLiteral("Ring")), "07:05");
+    Type(QStringLiteral("TempoRings"), "9");
+    EXPECT_EQ(Text(QStringLiteral("TempoRings")), "09");
+    Press("Festivo");
+    Press("RelèA");
+    EXPECT_EQ(Text(QStringLiteral("LabelModifiche")), "Modifiche non salvate");
+    Press("cmdAggiorna");
+    EXPECT_EQ(Line(1), "02   07:05     09     0 1 1 1 1 1 1 1    1 0");
+    EXPECT_EQ(Text(QStringLiteral("LabelModifiche")), "");
+    std::string expected = std::string(kTerminal1) + kTerminal4;
+    const std::string old = "4,2,12,5,\"01111110\",2,5";
+    expected.replace(expected.find(old), old.size(), "4,2,7,5,\"01111111\",1,9");
+    EXPECT_EQ(Exported(), expected);
+    EXPECT_EQ(jet::CheckIntegrity(file), std::vector<std::string>{});
+}
+
+TEST_F(FrmRingOrloII, StoringAddsTheRowThatTheClickedLineHasNone)
+{
+    Open();
+    ClickLine(31);
+    Type(QStringLiteral("Ring"), "23.59");
+    Type(QStringLiteral("TempoRings"), "12");
+    Press("Domenica");
+    Press("cmdAggiorna");
+    EXPECT_EQ(Exported(), std::string(kTerminal1) + kTerminal4 + "4,32,23,59,\"10000000\",1,12\n");
+    Press("cmdUscita");
+    OpenBells("frmRingOrloII");
+    EXPECT_EQ(Line(4), "32   23:59     12     1 0 0 0 0 0 0 0    1 0") << "behind the rows before";
+    EXPECT_EQ(Line(5), "05   00:00     00     0 0 0 0 0 0 0 0    0 0");
+}
+
+TEST_F(FrmRingOrloII, WhatCannotBeStoredIsToldAndTheLineStays)
+{
+    UseDatabase("nimbo-full-2000.mdb", jet::OpenMode::ReadOnly);
+    Open();
+    ClickLine(0);
+    Press("Festivo");
+    const std::string before = Line(0);
+    Press("cmdAggiorna");
+    EXPECT_EQ(Line(0), before);
+    EXPECT_EQ(pc.dialog.told.size(), 1U);
+    EXPECT_EQ(Text(QStringLiteral("LabelModifiche")), "Modifiche non salvate");
+}
+
+TEST_F(FrmRingOrloII, AListThatCouldNotBeLoadedIsNotSent)
+{
+    UseDatabase("nimbo-base-2000.mdb", jet::OpenMode::ReadOnly);
+    Open();
+    EXPECT_EQ(pc.dialog.told.size(), 1U) << "the missing table cannot be made";
+    EXPECT_EQ(List().Lines(), RingLines({}));
+    EXPECT_FALSE(Enabled("cmdTrasmette"));
+    EXPECT_FALSE(Enabled("cmdAggiorna"));
+    EXPECT_TRUE(Enabled("cmdReset"));
+    EXPECT_EQ(Status(), "Errore: la tabella delle suonerie non si può leggere.");
+}
+
+TEST_F(FrmRingOrloII, TheWeekIsDrawnAndAMarkChoosesItsLine)
+{
+    Open();
+    ClickLine(31);
+    auto& drawing = Control<WeekDrawing>(QStringLiteral("DisegnoSettimana"));
+    ASSERT_EQ(drawing.Marks().size(), 24U) << "four rings on six days";
+    std::size_t mark = 0;
+    while (drawing.Marks()[mark].minute != 13 * 60 + 35) ++mark;
+    EXPECT_TRUE(drawing.Marks()[mark].hollow) << "relay B";
+    QTest::mouseClick(&drawing, Qt::LeftButton, {}, drawing.Places()[mark].center().toPoint());
+    EXPECT_EQ(List().currentRow(), 2);
+    EXPECT_TRUE(drawing.Marks()[mark].chosen);
+}
+
+TEST_F(FrmRingOrloII, EveryInputHasANameAndNoTwoMnemonicsAreAlike)
+{
+    Open();
+    QString letters;
+    const auto take = [&letters](const QString& text) {
+        const qsizetype mark = text.indexOf(u'&');
+        if (mark < 0) return;
+        EXPECT_FALSE(letters.contains(text[mark + 1].toUpper())) << text.toStdString();
+        letters += text[mark + 1].toUpper();
+    };
+    for (const QAbstractButton* button : bells->findChildren<QAbstractButton*>()) {
+        take(button->text());
+        EXPECT_FALSE(button->accessibleName().isEmpty()) << button->objectName().toStdString();
+    }
+    for (const QLabel* label : bells->findChildren<QLabel*>())
+        if (label->buddy() != nullptr) take(label->text());
+    EXPECT_EQ(letters.size(), 17);
+    for (const QLineEdit* field : bells->findChildren<QLineEdit*>())
+        EXPECT_FALSE(field->accessibleName().isEmpty()) << field->objectName().toStdString();
+}
+
+TEST_F(FrmRingOrloII, ALineIsReadOutInWords)
+{
+    Open();
+    const auto words = [this](int row) {
+        return List().item(row)->data(Qt::AccessibleTextRole).toString().toStdString();
+    };
+    EXPECT_EQ(words(0),
+              "1: 08:05, durata 5, lunedì martedì mercoledì giovedì venerdì sabato, relè B");
+    EXPECT_EQ(words(4), "5: nessuna suoneria");
+}
+
+}  // namespace
+}  // namespace orlo::testing

@@ -1,0 +1,120 @@
+#include "tests/bells/suonerie_fixture.h"
+
+namespace orlo::testing
+{
+namespace
+{
+
+TEST_F(FrmSuonerie, OpensForTheSelectedTerminalAndAsksItNothing)
+{
+    Open();
+    EXPECT_EQ(bells->windowTitle(), QStringLiteral("Suonerie Terminale n° 4"));
+    EXPECT_EQ(bells->windowModality(), Qt::WindowModal);
+    EXPECT_TRUE(CallsMade().empty());
+    EXPECT_EQ(CheckedDays(), QStringLiteral("0000000"));
+    EXPECT_EQ(Times(2), "00:00 0;00:00 0;");
+    EXPECT_FALSE(Enabled("Ring_0")) << "no day to enter it in";
+}
+
+TEST_F(FrmSuonerie, AnEnteredRingStandsInTheTableAndInTheDrawing)
+{
+    Open();
+    EXPECT_EQ(Primary(), "cmdRiceveSuonerie") << "sending now would empty the terminal";
+    Press("Giorno_3");
+    Type(QStringLiteral("Ring_0"), "7:5");
+    Type(QStringLiteral("TempoRings_0"), "3");
+    EXPECT_TRUE(Entry(3, 1) == kFivePastSeven);
+    EXPECT_EQ(Times(1), "07:05 3;");
+    ASSERT_EQ(Marks().size(), 1U);
+    EXPECT_EQ(Marks()[0].day, 3);
+    EXPECT_EQ(Marks()[0].minute, 425);
+    EXPECT_EQ(Primary(), "cmdTrasmetteSuonerie");
+}
+
+TEST_F(FrmSuonerie, ADurationAbove10BecomesTen)
+{
+    Open();
+    Press("Giorno_0");
+    Type(QStringLiteral("TempoRings_5"), "25");
+    EXPECT_EQ(Text(QStringLiteral("TempoRings_5")), "10");
+    EXPECT_EQ(Entry(0, 6).HowLong, 10);
+}
+
+TEST_F(FrmSuonerie, TabGoesFromTheTimeToTheDurationToTheNextRing)
+{
+    Open();
+    Press("Giorno_0");
+    Type(QStringLiteral("Ring_11"), "8");
+    EXPECT_TRUE(Control(QStringLiteral("TempoRings_11")).hasFocus());
+    Type(QStringLiteral("TempoRings_11"), "1");
+    EXPECT_TRUE(Control(QStringLiteral("Ring_12")).hasFocus());
+}
+
+TEST_F(FrmSuonerie, WhatWasTypedAndNotLeftIsTakenWhereverOneGoes)
+{
+    Open();
+    Press("Giorno_1");
+    auto& field = Control<QLineEdit>(QStringLiteral("Ring_0"));
+    field.setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&field, QStringLiteral("0830"));
+    Press("Giorno_2");
+    EXPECT_EQ(Entry(1, 1).Hour, 8) << "another day";
+    EXPECT_EQ(Entry(2, 1).Hour, 0);
+
+    field.setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&field, QStringLiteral("0930"));
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(rings.week[2][0].Hour, 9) << "sending";
+
+    field.setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&field, QStringLiteral("1015"));
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_FALSE(bells->isVisible());
+    EXPECT_EQ(Entry(2, 1).Hour, 10) << "closing";
+}
+
+TEST_F(FrmSuonerie, TheTableIsKeptWhileTheWindowIsClosed)
+{
+    Open();
+    Press("Giorno_3");
+    Type(QStringLiteral("Ring_0"), "0705");
+    Press("cmdUscita");
+    EXPECT_FALSE(bells->isVisible());
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(Marks().size(), 1U);
+    EXPECT_EQ(Primary(), "cmdTrasmetteSuonerie");
+    Press("Giorno_3");
+    EXPECT_EQ(Times(1), "07:05 0;");
+}
+
+TEST_F(FrmSuonerie, AClickOnAMarkShowsItsDayAndGoesToItsRing)
+{
+    Open();
+    Entry(5, 2) = kNoon;
+    Press("cmdUscita");
+    OpenBells("FrmSuonerie");
+    auto& drawing = Control<WeekDrawing>(QStringLiteral("DisegnoSettimana"));
+    QTest::mouseClick(&drawing, Qt::LeftButton, {}, drawing.Places()[0].center().toPoint());
+    EXPECT_TRUE(Ticked("Giorno_5"));
+    EXPECT_TRUE(Control(QStringLiteral("Ring_1")).hasFocus());
+    EXPECT_TRUE(Marks()[0].chosen);
+}
+
+TEST_F(FrmSuonerie, EveryInputHasANameAndNoTwoMnemonicsAreAlike)
+{
+    Open();
+    QStringList letters;
+    for (const QAbstractButton* button : bells->findChildren<QAbstractButton*>()) {
+        const qsizetype mark = button->text().indexOf(u'&');
+        EXPECT_GE(mark, 0) << button->objectName().toStdString();
+        letters << button->text().mid(mark + 1, 1).toUpper();
+        EXPECT_FALSE(button->accessibleName().isEmpty()) << button->objectName().toStdString();
+    }
+    EXPECT_EQ(letters.removeDuplicates(), 0) << letters.join(u' ').toStdString();
+    for (const QLineEdit* field : bells->findChildren<QLineEdit*>())
+        EXPECT_FALSE(field->accessibleName().isEmpty()) << field->objectName().toStdString();
+    EXPECT_EQ(Control(Cell("Ring", 2)).accessibleName(), QStringLiteral("Suoneria 3: ora"));
+}
+
+}  // namespace
+}  // namespace orlo::testing

@@ -1,0 +1,210 @@
+#include "tests/bells/suonerie_fixture.h"
+
+namespace orlo::testing
+{
+namespace
+{
+
+TEST_F(FrmSuonerie, AWeekIsReadDayByDayAndShownSorted)
+{
+    rings.week[0][23] = kMorning;
+    rings.week[6] = {kNoon, RingEntry{}, kMorning};
+    Open();
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(CallsMade(), (Calls{"OpenComunication(1, 38400)", "Rings.Receive(4, 7, day 0)",
+                                  "Rings.Receive(4, 7, day 1)", "Rings.Receive(4, 7, day 2)",
+                                  "Rings.Receive(4, 7, day 3)", "Rings.Receive(4, 7, day 4)",
+                                  "Rings.Receive(4, 7, day 5)", "Rings.Receive(4, 7, day 6)",
+                                  "DTR(false)", "DTR(true)"}));
+    EXPECT_EQ(Told(DialogIcon::Information), QStringLiteral("Ricezione dati OK"));
+    EXPECT_TRUE(Entry(0, 1) == kMorning);
+    EXPECT_EQ(CheckedDays(), QStringLiteral("0000000")) << "no day is shown";
+    Press("Giorno_6");
+    EXPECT_EQ(Times(3), "08:30 5;12:00 10;00:00 0;");
+    EXPECT_EQ(Text(QStringLiteral("LabelGiorno")), "Suonerie di sabato");
+}
+
+TEST_F(FrmSuonerie, ASipasLineIsNotReset)
+{
+    Open("Sipa");
+    Press("cmdRiceveSuonerie");
+    EXPECT_TRUE(terminal.component.CallsOf("DTR").empty());
+    EXPECT_EQ(terminal.component.CallsOf("Rings.Receive").size(), 7U);
+}
+
+TEST_F(FrmSuonerie, AReadClearsTheTableOfAllTerminals)
+{
+    Open();
+    RingOf(state.RingTable, 9, 3, 3) = kNoon;
+    Entry(2, 2) = kNoon;
+    Press("cmdRiceveSuonerie");
+    EXPECT_TRUE(state.RingTable == RingTable{});
+}
+
+TEST_F(FrmSuonerie, ASilentTerminalIsAskedAsOftenAsItHasAttempts)
+{
+    rings.silent = true;
+    Open();
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(terminal.component.CallsOf("Rings.Receive"), Calls(3, "Rings.Receive(4, 7, day 0)"));
+    EXPECT_EQ(Told(DialogIcon::Critical), QStringLiteral("Errore nella ricezione dei dati"));
+    EXPECT_EQ(pc.dialog.told.front().informative,
+              QStringLiteral("Da domenica in poi non è stato letto niente: 99,Time Out."));
+    EXPECT_EQ(Controls().PannelloTentativi->text(), QStringLiteral("Tentativi3/3"));
+    EXPECT_EQ(Text(QStringLiteral("LabelTentativi")), "Tentativi3/3");
+    EXPECT_EQ(Text(QStringLiteral("Esito")), "Errore nella ricezione dei dati");
+    EXPECT_EQ(terminal.component.CallsOf("DTR").size(), 2U) << "also behind a failure";
+}
+
+TEST_F(FrmSuonerie, FailuresAreCountedForEachDay)
+{
+    rings.failures = {"ER", "ER", "", "ER", "ER", ""};
+    Open();
+    QStringList shown;
+    QObject::connect(Controls().PannelloTentativi, &TextPanel::TextChanged, bells,
+                     [&shown](const QString& text) { shown << text; });
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(Told(DialogIcon::Information), QStringLiteral("Ricezione dati OK"));
+    EXPECT_EQ(shown.join(u' ').toStdString(),
+              "Tentativi2/3 Tentativi3/3 Tentativi2/3 Tentativi3/3");
+}
+
+TEST_F(FrmSuonerie, WithoutAttemptsEachDayIsAskedForOnce)
+{
+    rings.silent = true;
+    Connect();
+    Controls().Tentativi->setText(QStringLiteral("0"));
+    state.Component->RingsObject = rings.Make();
+    OpenBells("FrmSuonerie");
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(terminal.component.CallsOf("Rings.Receive").size(), 1U);
+}
+
+TEST_F(FrmSuonerie, APartlyReadWeekStaysAndTheOperatorIsWarned)
+{
+    rings.week[0][0] = kNoon;
+    rings.failures = {"", "ER", "ER", "ER"};
+    Open();
+    Press("cmdRiceveSuonerie");
+    EXPECT_TRUE(Entry(0, 1) == kNoon);
+    EXPECT_EQ(pc.dialog.told.front().informative,
+              QStringLiteral("Da lunedì in poi non è stato letto niente: ER."));
+    EXPECT_EQ(Primary(), "cmdRiceveSuonerie");
+    EXPECT_TRUE(Control<OutcomePanel>(QStringLiteral("Esito"))
+                    .Remark()
+                    .contains(QStringLiteral("solo in parte")));
+}
+
+TEST_F(FrmSuonerie, All168RingsAreSentSortedEmptyOnesToo)
+{
+    Open();
+    Entry(1, 1) = kNoon;
+    Entry(1, 3) = kMorning;
+    Press("cmdTrasmetteSuonerie");
+    const Calls sent = terminal.component.CallsOf("Rings.Send");
+    ASSERT_EQ(sent.size(), 168U);
+    EXPECT_EQ(sent[0], "Rings.Send(4, 7) 0/1 00:00 0");
+    EXPECT_EQ(sent[24], "Rings.Send(4, 7) 1/1 08:30 5");
+    EXPECT_EQ(sent[25], "Rings.Send(4, 7) 1/2 12:00 10");
+    EXPECT_EQ(sent[26], "Rings.Send(4, 7) 1/3 00:00 0");
+    EXPECT_EQ(sent[167], "Rings.Send(4, 7) 6/24 00:00 0");
+    EXPECT_EQ(Told(DialogIcon::Information), QStringLiteral("Spedizione dati OK"));
+    EXPECT_EQ(CallsMade().back(), "DTR(true)");
+    EXPECT_EQ(Text(QStringLiteral("Esito")), "Comunicazione OK");
+}
+
+TEST_F(FrmSuonerie, ARingThatStillFailsEndsTheSending)
+{
+    Open();
+    rings.failures = {"", "ER", "", "ER", "ER", "ER"};
+    Press("cmdTrasmetteSuonerie");
+    const Calls sent = terminal.component.CallsOf("Rings.Send");
+    ASSERT_EQ(sent.size(), 6U);
+    EXPECT_EQ(sent[2], "Rings.Send(4, 7) 0/2 00:00 0");
+    EXPECT_EQ(sent[5], "Rings.Send(4, 7) 0/3 00:00 0");
+    EXPECT_EQ(Told(DialogIcon::Critical), QStringLiteral("Errore nella spedizione dei dati"));
+    EXPECT_EQ(pc.dialog.told.front().informative,
+              QStringLiteral("Dalla suoneria 3 di domenica in poi il terminale ha ancora le "
+                             "suonerie di prima: ER."));
+}
+
+TEST_F(FrmSuonerie, ThePercentageRisesAndIsBackAt0)
+{
+    Open();
+    std::vector<int> percentages;
+    QObject::connect(&Control<QProgressBar>(QStringLiteral("Percentuale")),
+                     &QProgressBar::valueChanged, bells,
+                     [&percentages](int value) { percentages.push_back(value); });
+    QString caption;
+    terminal.component.on_call = [&](const std::string& call) {
+        if (call.starts_with("Rings.Send")) caption = Controls().LabelPercentuale->text();
+    };
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(caption, QStringLiteral("Completato:"));
+    ASSERT_FALSE(percentages.empty());
+    EXPECT_EQ(percentages.front(), 1);
+    EXPECT_TRUE(std::is_sorted(percentages.begin(), percentages.end() - 1));
+    EXPECT_EQ(percentages.end()[-2], 100);
+    EXPECT_EQ(percentages.back(), 0);
+    EXPECT_EQ(Controls().PannelloPercentuale->text(), QStringLiteral("0%"));
+    EXPECT_EQ(Controls().LabelPercentuale->text(), QStringLiteral("Restano:"));
+}
+
+TEST_F(FrmSuonerie, TheTerminalsDelayComesBeforeACommandAndBeforeEachRepetition)
+{
+    Connect("Orlo", /*delay=*/2);
+    state.Component->RingsObject = rings.Make();
+    OpenBells("FrmSuonerie");
+    rings.failures = {"ER", ""};
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(std::chrono::round<std::chrono::seconds>(pc.clock.Passed()).count(), 4);
+}
+
+TEST_F(FrmSuonerie, WhatTheComponentThrowsEndsTheCommandNotTheProgram)
+{
+    Open();
+    LetThrow("Rings.Receive(4, 7, day 2)");
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(Told(DialogIcon::Critical), QStringLiteral("Errore nella ricezione dei dati"));
+    EXPECT_EQ(pc.dialog.told.front().informative, QStringLiteral("Errore del componente: guasto"));
+    EXPECT_EQ(Text(QStringLiteral("Esito")), "Errore del componente: guasto");
+    EXPECT_EQ(Controls().PannelloPercentuale->value(), 0);
+    EXPECT_TRUE(Enabled("cmdRiceveSuonerie"));
+}
+
+TEST_F(FrmSuonerie, WithoutAComponentNothingIsCleared)
+{
+    Open();
+    Entry(0, 1) = kNoon;
+    state.Component.reset();
+    Press("cmdRiceveSuonerie");
+    EXPECT_TRUE(Entry(0, 1) == kNoon);
+    EXPECT_EQ(Text(QStringLiteral("Esito")), "Errore: il componente per Orlo non è disponibile.");
+    EXPECT_TRUE(pc.dialog.told.empty());
+}
+
+TEST_F(FrmSuonerie, NothingReactsWhileACommandRunsAndACloseFollowsIt)
+{
+    Open();
+    bool inert = true;
+    terminal.component.on_call = [&](const std::string& call) {
+        if (call != "Rings.Receive(4, 7, day 3)") return;
+        for (const char* button : {"cmdRiceveSuonerie", "cmdTrasmetteSuonerie", "cmdUscita"})
+            inert = inert && !Enabled(button);
+        QTest::keyClick(bells, Qt::Key_Escape);
+        inert = inert && bells->isVisible();
+        Press("Giorno_1");
+        inert = inert && CheckedDays() == QStringLiteral("0000000");
+        bells->close();
+        inert = inert && bells->isVisible();
+    };
+    Press("cmdRiceveSuonerie");
+    EXPECT_TRUE(inert);
+    EXPECT_EQ(terminal.component.CallsOf("Rings.Receive").size(), 7U);
+    EXPECT_FALSE(bells->isVisible());
+    EXPECT_EQ(Controls().LabelUltimoComando->text().section(u' ', 1),
+              QStringLiteral("Lettura suonerie, terminale 4: Ricezione dati OK"));
+}
+
+}  // namespace
+}  // namespace orlo::testing

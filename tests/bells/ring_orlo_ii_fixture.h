@@ -1,0 +1,72 @@
+#pragma once
+
+#include "bells/ring_line.h"
+#include "bells/ring_list.h"
+#include "jet/integrity_check.h"
+#include "tests/bells/bell_window_fixture.h"
+#include "tests/end_to_end/child_process.h"
+#include "tests/jet/sample_files.h"
+#include "tests/support/connected_window.h"
+
+namespace orlo::testing
+{
+
+inline const char kTerminal1[] =
+    "1,1,8,0,\"01111100\",1,3\n"
+    "1,2,12,0,\"10000011\",2,4\n"
+    "1,3,13,30,\"01111100\",1,5\n"
+    "1,4,17,30,\"10000011\",2,6\n"
+    "1,5,18,0,\"01111100\",1,7\n"
+    "1,6,6,5,\"10000011\",2,8\n";
+inline const char kTerminal4[] =
+    "4,1,8,5,\"01111110\",2,5\n"
+    "4,2,12,5,\"01111110\",2,5\n"
+    "4,3,13,35,\"01111110\",2,5\n"
+    "4,4,17,35,\"01111110\",2,5\n";
+
+/// Terminal 4, which has four rings in the full sample and none in the older one.
+class FrmRingOrloII : public BellWindowTest<ConnectedWindow>
+{
+protected:
+    const jet::test::ScratchFolder folder;
+    std::filesystem::path file;
+
+    void UseDatabase(const char* sample, jet::OpenMode mode = jet::OpenMode::ReadWrite)
+    {
+        state.Database.reset();
+        file = folder.Write("nimbo.mdb", jet::test::ReadFile(jet::test::Sample(sample)));
+        state.Database = jet::Database::Open(file, mode);
+    }
+    void Open(const char* model = "Orlo II", const std::vector<std::string>& faults = {})
+    {
+        if (state.Database == nullptr) UseDatabase("nimbo-full-2000.mdb");
+        Connect(QString::fromLatin1(model), {}, faults);
+        OpenBells("frmRingOrloII");
+    }
+    RingList& List() const { return Control<RingList>(QStringLiteral("ListaSuonerie")); }
+    void ClickLine(int row)
+    {
+        List().scrollToItem(List().item(row));
+        QTest::mouseClick(List().viewport(), Qt::LeftButton, {},
+                          List().visualItemRect(List().item(row)).center());
+    }
+    std::string Line(int row) const { return List().item(row)->text().toStdString(); }
+    std::string Days() const
+    {
+        std::string days;
+        for (const char* day : {"Domenica", "Lunedi", "Martedi", "Mercoledi", "Giovedi", "Venerdi",
+                                "Sabato", "Festivo"})
+            days += Ticked(day) ? '1' : '0';
+        return days;
+    }
+    std::string Status() const { return Text(QStringLiteral("PannelloSuonerie")); }
+    std::string Exported() const
+    {
+        return end_to_end::ChildProcess(ORLO_MDB_EXPORT, {"-H", file.string(), "Suonerie"},
+                                        {folder.Path().string(), {"LC_ALL=C.UTF-8"}, {}})
+            .Wait()
+            .output;
+    }
+};
+
+}  // namespace orlo::testing

@@ -1,0 +1,215 @@
+#include "tests/bells/ring_orlo_ii_fixture.h"
+
+namespace orlo::testing
+{
+namespace
+{
+
+TEST_F(FrmRingOrloII, EveryLineIsSentToTheFirstFourModels)
+{
+    for (const char* model : {"Orlo II", "Strale", "Strale N", "Lumo"}) {
+        Controls().ListaTerminali->clear();
+        commands.clear();
+        const int opened = pc.com1.times_opened;
+        Open(model);
+        Press("cmdTrasmette");
+        ASSERT_EQ(commands.size(), 32) << model;
+        EXPECT_EQ(commands[0].toStdString(), "13 01 08 05 01111110 2 05");
+        EXPECT_EQ(commands[3].toStdString(), "13 04 17 35 01111110 2 05");
+        EXPECT_EQ(commands[4].toStdString(), "13 05 00 00 00000000 0 00");
+        EXPECT_EQ(commands[31].toStdString(), "13 32 00 00 00000000 0 00");
+        EXPECT_EQ(Terminal().Bells().Rings().size(), 4U);
+        EXPECT_EQ(Status(), "Comunicazione OK");
+        EXPECT_EQ(Outcome().toStdString(), "32/32 Comunicazione OK");
+        EXPECT_EQ(pc.com1.times_opened - opened, 32) << "once for each telegram";
+        EXPECT_FALSE(pc.com1.PortOpen());
+        Press("cmdUscita");
+    }
+}
+
+TEST_F(FrmRingOrloII, TelegramsAreSentByteForByte)
+{
+    Open();
+    Press("cmdTrasmette");
+    pc.dialog.answer_yes = true;
+    Press("cmdReset");
+    // STX, 128 + terminal, text, 128 + the 7-bit sum of all these, CR.
+    EXPECT_EQ(pc.com1.sent.front(),
+              "\x02\x84"
+              "13 01 08 05 01111110 2 05\xF5\r");
+    EXPECT_EQ(pc.com1.sent.back(),
+              "\x02\x84"
+              "14CLEAR\xD2\r");
+    Press("cmdUscita");
+    Controls().ListaTerminali->clear();
+    pc.com1.sent.clear();
+    Open("OrloTre");
+    Press("cmdTrasmette");
+    EXPECT_EQ(pc.com1.sent.front(),
+              "\x02\x84"
+              "1301 08 05 01111110 2 005\x85\r");
+}
+
+TEST_F(FrmRingOrloII, LinesOnNoDayAreNotSentToOrloTreAndSuperStrale)
+{
+    for (const char* model : {"OrloTre", "SuperStrale"}) {
+        Controls().ListaTerminali->clear();
+        commands.clear();
+        Open(model);
+        // A ring with a time and on no day.
+        ClickLine(10);
+        Type(QStringLiteral("Ring"), "1000");
+        Press("cmdAggiorna");
+        Press("cmdTrasmette");
+        EXPECT_EQ(commands.join(u'|').toStdString(),
+                  "1301 08 05 01111110 2 005|1302 12 05 01111110 2 005|"
+                  "1303 13 35 01111110 2 005|1304 17 35 01111110 2 005")
+            << model;
+        EXPECT_EQ(Terminal().Bells().Rings().size(), 4U);
+        EXPECT_EQ(Outcome().toStdString(), "4/32 Comunicazione OK");
+        EXPECT_EQ(Status(), "Comunicazione OK");
+        Press("cmdUscita");
+    }
+}
+
+TEST_F(FrmRingOrloII, WithoutRowsOrloIISends32TelegramsAndOrloTreNone)
+{
+    UseDatabase("nimbo-base-2000.mdb");
+    Open("Orlo II");
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 32);
+    Press("cmdUscita");
+    Controls().ListaTerminali->clear();
+    commands.clear();
+    Open("OrloTre");
+    Press("cmdTrasmette");
+    EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(Status(), "Comunicazione OK");
+}
+
+TEST_F(FrmRingOrloII, SendingStopsAtTheFirstTimeout)
+{
+    Open("Orlo II", {"3:silenzio"});
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 3);
+    EXPECT_EQ(Status(), "Timeout");
+    EXPECT_EQ(Outcome(), QStringLiteral("Timeout"));
+    EXPECT_FALSE(pc.com1.PortOpen());
+    EXPECT_EQ(Terminal().Bells().Rings().count(1), 1U) << "what was sent stays";
+}
+
+TEST_F(FrmRingOrloII, ABadFrameIsNotExaminedButToldBeside)
+{
+    Open("Orlo II", {"3:checksum-errato"});
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 32);
+    EXPECT_EQ(Status(), "Comunicazione OK");
+    EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(QStringLiteral("risposte 31 su 32")))
+        << Controls().LabelUltimoComando->text().toStdString();
+}
+
+TEST_F(FrmRingOrloII, APortThatDoesNotOpenIsSaid)
+{
+    Open();
+    pc.com1.device_missing = true;
+    for (const char* button : {"cmdTrasmette", "cmdReset"}) {
+        pc.dialog.answer_yes = true;
+        Press(button);
+        EXPECT_EQ(Status(), "Errore aprendo la COM") << button;
+        EXPECT_EQ(Outcome(), QStringLiteral("Errore aprendo la COM")) << button;
+        EXPECT_TRUE(commands.isEmpty()) << button;
+    }
+    EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
+}
+
+TEST_F(FrmRingOrloII, AnOpenLineIsUsedAndLeftOpen)
+{
+    Open();
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 32);
+    EXPECT_EQ(pc.com1.times_opened, 1);
+    EXPECT_TRUE(pc.com1.PortOpen());
+}
+
+TEST_F(FrmRingOrloII, TheLineOfAnotherPortIsNotUsed)
+{
+    Open();
+    state.SessionPort = 2;
+    Controls().Verde->show();
+    Press("cmdTrasmette");
+    EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(Status(),
+              "Errore: è collegata la linea della COM 2, non quella di questo terminale.");
+}
+
+TEST_F(FrmRingOrloII, ResetClearsTheTerminalAndTheListAndNotTheTable)
+{
+    Open();
+    Press("cmdTrasmette");
+    commands.clear();
+    pc.dialog.answer_yes = true;
+    Press("cmdReset");
+    ASSERT_EQ(pc.dialog.asked.size(), 1U);
+    EXPECT_EQ(pc.dialog.asked[0].icon, DialogIcon::Critical);
+    EXPECT_EQ(pc.dialog.asked[0].title, QStringLiteral("Attenzione"));
+    EXPECT_EQ(pc.dialog.asked[0].text, QStringLiteral("Si desidera azzerare le suonerie?"));
+    EXPECT_EQ(commands.join(u'|'), QStringLiteral("14CLEAR"));
+    EXPECT_TRUE(Terminal().Bells().Rings().empty());
+    EXPECT_EQ(Status(), "Comunicazione OK");
+    EXPECT_EQ(List().Lines(), RingLines({}));
+    EXPECT_EQ(Exported(), std::string(kTerminal1) + kTerminal4);
+}
+
+TEST_F(FrmRingOrloII, ResetThatIsNotConfirmedDoesNothing)
+{
+    Open();
+    Press("cmdReset");
+    EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(Status(), "");
+    EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
+}
+
+TEST_F(FrmRingOrloII, ResetWithoutAnAnswerLeavesTheList)
+{
+    Open("Orlo II", {"14*:richiesta-persa"});
+    pc.dialog.answer_yes = true;
+    Press("cmdReset");
+    EXPECT_EQ(Status(), "Timeout");
+    EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
+}
+
+TEST_F(FrmRingOrloII, NothingReactsWhileRingsAreSentAndACloseFollows)
+{
+    Open();
+    bool inert = true;
+    const auto carry = pc.com1.answer_to;
+    pc.com1.answer_to = [&](std::string_view request) {
+        for (const char* button : {"cmdAggiorna", "cmdTrasmette", "cmdReset", "cmdUscita"})
+            inert = inert && !Enabled(button);
+        QTest::keyClick(bells, Qt::Key_Escape);
+        const int row = List().currentRow();
+        QTest::keyClick(&List(), Qt::Key_Down);
+        inert = inert && List().currentRow() == row;
+        bells->close();
+        inert = inert && bells->isVisible();
+        return carry(request);
+    };
+    Press("cmdTrasmette");
+    EXPECT_TRUE(inert);
+    EXPECT_EQ(commands.size(), 32);
+    EXPECT_FALSE(bells->isVisible());
+}
+
+TEST_F(FrmRingOrloII, EscapeClosesAndNoPortIsHeld)
+{
+    Open();
+    QTest::keyClick(bells, Qt::Key_Escape);
+    EXPECT_FALSE(bells->isVisible());
+    EXPECT_FALSE(pc.com1.PortOpen());
+}
+
+}  // namespace
+}  // namespace orlo::testing

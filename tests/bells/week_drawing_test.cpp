@@ -1,0 +1,98 @@
+#include "bells/week_drawing.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace orlo
+{
+namespace
+{
+
+TEST(MarkLength, IsInProportionToTheDuration)
+{
+    EXPECT_DOUBLE_EQ(MarkLength(10, 10, 60), 60);
+    EXPECT_DOUBLE_EQ(MarkLength(5, 10, 60), 30);
+    EXPECT_DOUBLE_EQ(MarkLength(99, 99, 60), 60);
+    EXPECT_DOUBLE_EQ(MarkLength(0, 10, 60), 2) << "a ring that does not sound is there";
+}
+
+TEST(MovedApart, LeavesAGapAndMovesAsLittleAsThatTakes)
+{
+    using Places = std::vector<double>;
+    const std::pair<Places, Places> cases[] = {
+        {{}, {}},
+        {{10, 20}, {10, 20}},
+        {{10, 16}, {10, 16}},
+        {{10, 12}, {8, 14}},
+        {{10, 10, 10}, {4, 10, 16}},
+        {{10, 12, 17}, {7, 13, 19}},
+        {{10, 12, 30}, {8, 14, 30}},
+    };
+    for (const auto& [places, moved] : cases) EXPECT_EQ(MovedApart(places, 6), moved);
+}
+
+class WeekDrawingTest : public testing::Test
+{
+protected:
+    WeekDrawing drawing;
+
+    void SetUp() override
+    {
+        drawing.resize(800, 600);
+        drawing.Show({{.day = 1, .ring = 4, .minute = 8 * 60, .duration = 10},
+                      {.day = 1, .ring = 9, .minute = 8 * 60 + 5, .duration = 5},
+                      {.day = 6, .ring = 2, .minute = 24 * 60 - 1, .duration = 0}});
+    }
+    void Click(const QPointF& place)
+    {
+        QTest::mouseClick(&drawing, Qt::LeftButton, {}, place.toPoint());
+    }
+};
+
+TEST_F(WeekDrawingTest, DaysGoAcrossAndHoursDown)
+{
+    const std::vector<QRectF> places = drawing.Places();
+    EXPECT_LT(places[0].left(), places[2].left());
+    EXPECT_LT(places[0].center().y(), places[2].center().y());
+    EXPECT_NEAR(places[0].width(), 2 * places[1].width(), 0.01);
+    EXPECT_DOUBLE_EQ(places[0].left(), places[1].left());
+    EXPECT_GE(places[1].top(), places[0].bottom()) << "five minutes apart, and both to be seen";
+}
+
+TEST_F(WeekDrawingTest, AClickOnAMarkChoosesItsRing)
+{
+    const QSignalSpy marks(&drawing, &WeekDrawing::MarkChosen);
+    const QSignalSpy days(&drawing, &WeekDrawing::DayChosen);
+    for (const QRectF& place : drawing.Places()) Click(place.center());
+    ASSERT_EQ(marks.size(), 3);
+    EXPECT_EQ(marks[0], (QList<QVariant>{1, 4}));
+    EXPECT_EQ(marks[1], (QList<QVariant>{1, 9}));
+    EXPECT_EQ(marks[2], (QList<QVariant>{6, 2}));
+    EXPECT_TRUE(days.empty());
+}
+
+TEST_F(WeekDrawingTest, AClickBesideAllMarksChoosesTheDay)
+{
+    const QSignalSpy marks(&drawing, &WeekDrawing::MarkChosen);
+    const QSignalSpy days(&drawing, &WeekDrawing::DayChosen);
+    Click(drawing.Places()[0].center() + QPointF(0, 40));
+    ASSERT_EQ(days.size(), 1);
+    EXPECT_EQ(days[0], QList<QVariant>{1});
+    Click({2, 300});
+    EXPECT_EQ(days.size(), 1) << "the hours are no day";
+    EXPECT_TRUE(marks.empty());
+}
+
+TEST_F(WeekDrawingTest, SaysItsRingsInWords)
+{
+    EXPECT_EQ(drawing.accessibleDescription(),
+              QStringLiteral("lunedì 08:00, durata 10; lunedì 08:05, durata 5; sabato 23:59, "
+                             "durata 0"));
+    drawing.Show({});
+    EXPECT_EQ(drawing.accessibleDescription(), QStringLiteral("Nessuna suoneria"));
+}
+
+}  // namespace
+}  // namespace orlo
