@@ -102,12 +102,20 @@ QString Objection(const Contenitore& window)
         return QStringLiteral("Mancano dei dati necessari riguardanti il numero badge.");
     for (const LayoutField field : kLayoutFields) {
         const int width = WidthOf(window, field, kSentWidth);
-        if (WithoutBlanksAround(Control(window, field).text()).size() > width)
+        const QString value = WithoutBlanksAround(Control(window, field).text());
+        const QString name = Control(window, field).accessibleName();
+        if (value.size() > width)
             return QStringLiteral(
                        "Il campo «%1» ha più cifre di quante ne prende il terminale "
                        "(%2): il formato badge non è stato inviato.")
-                .arg(Control(window, field).accessibleName())
+                .arg(name)
                 .arg(width);
+        // A CR, which another program may have put into the register, would end the telegram.
+        if (std::any_of(value.begin(), value.end(), [](QChar c) { return c < u' '; }))
+            return QStringLiteral(
+                       "Il campo «%1» contiene caratteri che non si possono inviare: "
+                       "il formato badge non è stato inviato.")
+                .arg(name);
     }
     return {};
 }

@@ -2,8 +2,8 @@
 
 #include "link/exchange.h"
 #include "link/telegram.h"
+#include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
-#include "registry/windows_1252.h"
 
 namespace orlo
 {
@@ -22,8 +22,7 @@ std::string AskTerminal(Contenitore& window, SerialPortControl& port, std::strin
 
 QString AnswerText(std::string_view answer)
 {
-    return FromWindows1252(
-        QByteArray(answer.data(), static_cast<QByteArray::size_type>(answer.size())));
+    return ComponentText(std::string(answer));
 }
 
 }  // namespace orlo

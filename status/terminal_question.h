@@ -13,7 +13,7 @@ namespace orlo
 /// the exchange returned.
 std::string AskTerminal(Contenitore& window, SerialPortControl& port, std::string_view command);
 
-/// A terminal's answer as it is shown.
+/// A terminal's answer as it is shown: like the component's texts.
 QString AnswerText(std::string_view answer);
 
 }  // namespace orlo

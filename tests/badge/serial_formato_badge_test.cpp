@@ -196,6 +196,19 @@ TEST_F(SerialBadgeFormat, ValueWiderThanItsFieldIsNamedAndNothingIsSent)
     }
 }
 
+TEST_F(SerialBadgeFormat, ValueThatWouldEndItsTelegramIsNamedAndNothingIsSent)
+{
+    Connect(QStringLiteral("Strale"));
+    Enter(Of("1", "5", "6", "6", "1\r2"));
+    Send();
+    ASSERT_EQ(pc.dialog.told.size(), 1U);
+    EXPECT_EQ(pc.dialog.told[0].text,
+              QStringLiteral("Il campo «%1» contiene caratteri che non si possono inviare: il "
+                             "formato badge non è stato inviato.")
+                  .arg(Controls().NomeCard->accessibleName()));
+    EXPECT_EQ(pc.com1.times_opened, 0);
+}
+
 TEST_F(SerialBadgeFormat, PortThatDoesNotOpenIsTheOutcomeAndNothingIsSent)
 {
     Connect(QStringLiteral("Strale"));

@@ -67,6 +67,19 @@ TEST_F(LinkTest, AsksWith03AndThenForTheMemory)
     EXPECT_EQ(pc.clock.Passed().count(), 0) << "no terminal delay";
 }
 
+TEST_F(LinkTest, ControlCharacterInTheAnswerIsShownAsABlank)
+{
+    Connect(QStringLiteral("Strale"));
+    pc.com1.answer_to = [](std::string_view) {
+        return std::vector<Arrival>{{{},
+                                     "\x01\x84"
+                                     "AB\nDEFGHIJK\xCE\r"}};
+    };
+    cmdTest_Click(window);
+    EXPECT_EQ(State(), QStringLiteral("AB DEFGHI"));
+    EXPECT_EQ(Version(), QStringLiteral("IJK"));
+}
+
 TEST_F(LinkTest, BadFrameIsShownAsAnAnswer)
 {
     Connect(QStringLiteral("Strale"), {}, {"03*:checksum-errato"});
