@@ -22,7 +22,7 @@ protected:
     testing::TestWorkstation pc;
     testing::ScriptedPort& port = pc.com1;
 
-    void LineAnswers(std::vector<Arrival> arrivals)
+    void LineAnswers(const std::vector<Arrival>& arrivals)
     {
         port.answer_to = [arrivals](std::string_view) { return arrivals; };
     }
