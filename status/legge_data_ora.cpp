@@ -88,9 +88,6 @@ void Timer1_Timer(Contenitore& window)
     // Without a call the modem would take the telegram for a command, and the caption of the dial
     // or of the log-off would be gone within a second.
     if (window.State().CurrentModem && !window.LineIsOpen()) return;
-    // Without a call the modem would take the telegram for a command, and the caption of the dial
-    // or of the log-off would be gone within a second.
-    if (window.State().CurrentModem && !window.LineIsOpen()) return;
     // A wait that spans midnight lasts until the next day, and nobody has asked for this one.
     if (window.Station().clock.SecondsSinceMidnight() >= kDaySeconds - kTickSeconds) return;
     ReadSerialClock(window, *model);
