@@ -1,5 +1,7 @@
 #include "bells/week_drawing.h"
 
+#include "bells/mark_places.h"
+
 #include <QSignalSpy>
 #include <QTest>
 
