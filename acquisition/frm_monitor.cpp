@@ -45,7 +45,6 @@ FrmMonitor::~FrmMonitor() = default;
 
 void FrmMonitor::Form_Load()
 {
-    setWindowTitle(QStringLiteral("Monitor Terminale n° %1").arg(Desk().SelectedTerminal()));
     const TerminalModel* const model = Desk().ShownModel();
     const bool object_driven = model != nullptr && model->family == LinkFamily::Object;
     ui_->ChkTuttaMemoria->setVisible(object_driven);

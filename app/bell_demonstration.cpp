@@ -1,10 +1,10 @@
 #include "app/bell_demonstration.h"
 
+#include "app/demonstrated_window.h"
 #include "registry/contenitore_controls.h"
 #include "registry/terminal_lines.h"
 
 #include <QAbstractButton>
-#include <QDialog>
 #include <QLineEdit>
 #include <QListWidget>
 
@@ -34,39 +34,7 @@ constexpr std::array<Bell, 9> kDay = {{{"07:55", 5, true},
                                        {"17:00", 8, false}}};
 constexpr int kSaturday = 6;
 
-/// A bell window with its controls by their names.
-class BellControls
-{
-public:
-    BellControls(Desk& desk, int terminal, const char* window)
-    {
-        if (!SelectTerminal(desk.Window(), terminal)) return;
-        desk.Window().Controls().cmdSuonerie->click();
-        window_ = desk.Window().findChild<QDialog*>(QLatin1String(window));
-    }
-
-    bool IsOpen() const { return window_ != nullptr; }
-    QDialog& Window() const { return *window_; }
-    void Close() const { window_->close(); }
-    void Press(const QString& button) const
-    {
-        window_->findChild<QAbstractButton*>(button)->click();
-    }
-    /// As typed over what the field holds.
-    void Enter(const QString& field, const QString& text) const
-    {
-        auto* const edit = window_->findChild<QLineEdit*>(field);
-        edit->setFocus();
-        edit->selectAll();
-        edit->insert(text);
-    }
-    QString Text(const QString& label) const { return window_->findChild<QLabel*>(label)->text(); }
-
-private:
-    QDialog* window_ = nullptr;
-};
-
-void EnterWeek(const BellControls& bells)
+void EnterWeek(const DemonstratedWindow& bells)
 {
     for (int day = 1; day <= kSaturday; ++day) {
         bells.Press(QStringLiteral("Giorno_%1").arg(day));
@@ -80,53 +48,49 @@ void EnterWeek(const BellControls& bells)
     }
 }
 
-void EnterTable(const BellControls& bells)
+void EnterTable(const DemonstratedWindow& bells)
 {
-    auto* const list = bells.Window().findChild<QListWidget*>(QStringLiteral("ListaSuonerie"));
+    auto& list = bells.Find<QListWidget>("ListaSuonerie");
     int line = 0;
     for (const Bell& bell : kDay) {
-        list->setCurrentRow(line++);
-        bells.Enter(QStringLiteral("Ring"), QLatin1String(bell.time));
-        bells.Enter(QStringLiteral("TempoRings"), QString::number(bell.duration));
-        bells.Press(bell.duration == 2 ? QStringLiteral("RelèB") : QStringLiteral("RelèA"));
-        for (const char* day : {"Lunedi", "Martedi", "Mercoledi", "Giovedi", "Venerdi", "Sabato"}) {
-            auto* const box = bells.Window().findChild<QAbstractButton*>(QLatin1String(day));
-            box->setChecked(bell.saturday || QLatin1String(day) != QLatin1String("Sabato"));
-        }
-        bells.Press(QStringLiteral("cmdAggiorna"));
+        list.setCurrentRow(line++);
+        bells.Enter("Ring", QLatin1String(bell.time));
+        bells.Enter("TempoRings", QString::number(bell.duration));
+        bells.Press(bell.duration == 2 ? "RelèB" : "RelèA");
+        for (const char* day : {"Lunedi", "Martedi", "Mercoledi", "Giovedi", "Venerdi"})
+            bells.Find<QAbstractButton>(day).setChecked(true);
+        bells.Find<QAbstractButton>("Sabato").setChecked(bell.saturday);
+        bells.Press("cmdAggiorna");
     }
     constexpr int kNoon = 4;
-    list->setCurrentRow(kNoon);
+    list.setCurrentRow(kNoon);
 }
 
 bool ShowObjectBells(Desk& desk, int terminal, const QString& suffix,
                      const PictureTaker& take_picture)
 {
-    const BellControls bells(desk, terminal, "FrmSuonerie");
-    if (!bells.IsOpen()) return false;
+    if (!SelectTerminal(desk.Window(), terminal)) return false;
+    const DemonstratedWindow bells(desk.Window(), desk.Window().Controls().cmdSuonerie,
+                                   "FrmSuonerie");
     EnterWeek(bells);
-    bells.Press(QStringLiteral("cmdTrasmetteSuonerie"));
-    bells.Press(QStringLiteral("cmdRiceveSuonerie"));
-    bells.Press(QStringLiteral("Giorno_2"));
-    bells.Window().findChild<QLineEdit*>(QStringLiteral("Ring_2"))->setFocus();
+    bells.Press("cmdTrasmetteSuonerie");
+    bells.Press("cmdRiceveSuonerie");
+    bells.Press("Giorno_2");
+    bells.Find<QLineEdit>("Ring_2").setFocus();
     take_picture(bells.Window(), QStringLiteral("FrmSuonerie-") + suffix);
-    const bool done = bells.Text(QStringLiteral("Esito")) == QStringLiteral("Comunicazione OK");
-    bells.Close();
-    return done;
+    return bells.Text("Esito") == QStringLiteral("Comunicazione OK");
 }
 
 bool ShowSerialBells(Desk& desk, int terminal, const QString& suffix,
                      const PictureTaker& take_picture)
 {
-    const BellControls bells(desk, terminal, "frmRingOrloII");
-    if (!bells.IsOpen()) return false;
+    if (!SelectTerminal(desk.Window(), terminal)) return false;
+    const DemonstratedWindow bells(desk.Window(), desk.Window().Controls().cmdSuonerie,
+                                   "frmRingOrloII");
     EnterTable(bells);
-    bells.Press(QStringLiteral("cmdTrasmette"));
+    bells.Press("cmdTrasmette");
     take_picture(bells.Window(), QStringLiteral("frmRingOrloII-") + suffix);
-    const bool done =
-        bells.Text(QStringLiteral("PannelloSuonerie")) == QStringLiteral("Comunicazione OK");
-    bells.Close();
-    return done;
+    return bells.Text("PannelloSuonerie") == QStringLiteral("Comunicazione OK");
 }
 
 }  // namespace

@@ -1,33 +1,15 @@
 #include "app/demonstration.h"
 
+#include "app/demonstrated_window.h"
 #include "registry/contenitore_controls.h"
 #include "registry/terminal_lines.h"
 
-#include <QDialog>
 #include <QPixmap>
 
 #include <cstdio>
 
 namespace orlo
 {
-
-namespace
-{
-
-template <typename Control>
-Control& Child(QWidget& window, const char* name)
-{
-    return *window.findChild<Control*>(QLatin1String(name));
-}
-
-/// The window of that name, opened by its button.
-QDialog& Open(Contenitore& window, QPushButton* button, const char* name)
-{
-    button->click();
-    return Child<QDialog>(window, name);
-}
-
-}  // namespace
 
 Demonstration::Demonstration(Desk& desk, const QDir& pictures)
     : window_(desk.Window()), pictures_(pictures)
@@ -113,36 +95,31 @@ bool Demonstration::Press(QPushButton* button)
 
 bool Demonstration::ShowMonitorAndConsole(int terminal, const QString& suffix)
 {
-    const Ui::Contenitore& controls = window_.Controls();
     if (!SelectTerminal(window_, terminal)) return false;
-    QDialog& monitor = Open(window_, controls.cmdMonitorTimbrature, "FrmMonitor");
-    bool done = ReadMonitor(monitor);
-    TakePicture(monitor, QStringLiteral("FrmMonitor-") + suffix);
-    monitor.close();
-    QDialog& console = Open(window_, controls.cmdComandi, "FrmComandi");
-    done = SendCommand(console) && done;
-    TakePicture(console, QStringLiteral("FrmComandi-") + suffix);
-    console.close();
-    return done;
+    const bool read = ReadMonitor(suffix);
+    return SendCommand(suffix) && read;
 }
 
-bool Demonstration::ReadMonitor(QDialog& monitor)
+bool Demonstration::ReadMonitor(const QString& suffix)
 {
-    Child<QCheckBox>(monitor, "CheckMemo").setChecked(true);
-    Child<QPushButton>(monitor, "cmdMonitor").click();
-    const auto& list = Child<QListWidget>(monitor, "ListaMonitor");
-    Say(QStringLiteral("monitor, %1 timbrature in lista e in MONITOR.TXT").arg(list.count()));
-    return list.count() > 0 &&
-           Child<QLabel>(monitor, "EsitoMonitor").text() == QStringLiteral("Comunicazione OK");
+    const DemonstratedWindow monitor(window_, window_.Controls().cmdMonitorTimbrature,
+                                     "FrmMonitor");
+    monitor.Find<QCheckBox>("CheckMemo").setChecked(true);
+    monitor.Press("cmdMonitor");
+    const int listed = monitor.Find<QListWidget>("ListaMonitor").count();
+    Say(QStringLiteral("monitor, %1 timbrature in lista e in MONITOR.TXT").arg(listed));
+    TakePicture(monitor.Window(), QStringLiteral("FrmMonitor-") + suffix);
+    return listed > 0 && monitor.Text("EsitoMonitor") == QStringLiteral("Comunicazione OK");
 }
 
-bool Demonstration::SendCommand(QDialog& console)
+bool Demonstration::SendCommand(const QString& suffix)
 {
-    Child<QLineEdit>(console, "CommandField").setText(QStringLiteral("950006"));
-    Child<QPushButton>(console, "cmdTrasmetteComando").click();
-    const QString answer = Child<QLabel>(console, "ReceivedDataLabel").text();
-    Say(QStringLiteral("console, risposta \"%1\"").arg(answer));
-    return Child<QLabel>(console, "EsitoComando").text() == QStringLiteral("Comunicazione OK");
+    const DemonstratedWindow console(window_, window_.Controls().cmdComandi, "FrmComandi");
+    console.Find<QLineEdit>("CommandField").setText(QStringLiteral("950006"));
+    console.Press("cmdTrasmetteComando");
+    Say(QStringLiteral("console, risposta \"%1\"").arg(console.Text("ReceivedDataLabel")));
+    TakePicture(console.Window(), QStringLiteral("FrmComandi-") + suffix);
+    return console.Text("EsitoComando") == QStringLiteral("Comunicazione OK");
 }
 
 void Demonstration::Say(const QString& deed) const

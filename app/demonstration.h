@@ -4,8 +4,6 @@
 
 #include <QDir>
 
-class QDialog;
-
 namespace orlo
 {
 
@@ -41,8 +39,8 @@ private:
     bool HangUp();
     bool AcquireSelected();
     bool Press(QPushButton* button);
-    bool ReadMonitor(QDialog& monitor);
-    bool SendCommand(QDialog& console);
+    bool ReadMonitor(const QString& suffix);
+    bool SendCommand(const QString& suffix);
     void Say(const QString& deed) const;
     void TakePicture(QWidget& window, const QString& name);
     void TakePictureInTheMiddle();

@@ -66,9 +66,9 @@ void Desk::WireCommands()
     Wire(controls.cmdLogIn, QStringLiteral("Collegamento in corso…"), EscapeUse::Heeded,
          [this] { LogIn_Click(window_); });
     Wire(controls.cmdLogOff, kLoggingOff, EscapeUse::Ignored, [this] { LogOff_Click(window_); });
-    WireWindow(controls.cmdMonitorTimbrature, [this] { OpenTerminalWindow<FrmMonitor>(window_); });
-    WireWindow(controls.cmdComandi, [this] { OpenTerminalWindow<FrmComandi>(window_); });
-    WireWindow(controls.cmdSuonerie, [this] { cmdSuonerie_Click(window_); });
+    WireWindow(controls.cmdMonitorTimbrature, OpenTerminalWindow<FrmMonitor>);
+    WireWindow(controls.cmdComandi, OpenTerminalWindow<FrmComandi>);
+    WireWindow(controls.cmdSuonerie, cmdSuonerie_Click);
     window_.SetPeriodicRead([this] { Timer1_Timer(window_); });
 }
 
@@ -82,10 +82,10 @@ void Desk::Wire(QPushButton* button, const QString& task, EscapeUse escape,
                      });
 }
 
-void Desk::WireWindow(QPushButton* button, const std::function<void()>& open)
+void Desk::WireWindow(QPushButton* button, void (*open)(Contenitore& window))
 {
     window_.SetFeatureAvailable(button, true);
-    QObject::connect(button, &QPushButton::clicked, &window_, open);
+    QObject::connect(button, &QPushButton::clicked, &window_, [this, open] { open(window_); });
 }
 
 void Desk::HangUp()

@@ -35,7 +35,7 @@ private:
     void Wire(QPushButton* button, const QString& task, EscapeUse escape,
               const std::function<void()>& command);
     /// A button that opens a window, whose own commands run one by one.
-    void WireWindow(QPushButton* button, const std::function<void()>& open);
+    void WireWindow(QPushButton* button, void (*open)(Contenitore& window));
 
     PortDevices devices_;
     QString component_file_;

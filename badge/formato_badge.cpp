@@ -3,7 +3,6 @@
 #include "badge/object_formato_badge.h"
 #include "badge/serial_formato_badge.h"
 #include "registry/component_call.h"
-#include "registry/reset_object_line.h"
 
 namespace orlo
 {
@@ -18,7 +17,7 @@ void DoBadgeCommand(Contenitore& window, const std::function<void()>& work)
     GuardComponentCalls(window, [&] {
         if (window.PrepareCurrentTerminal()) work();
     });
-    GuardComponentCalls(window, [&window] { ResetObjectLine(window); });
+    window.ResetLineBehindCommand();
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QRegularExpressionValidator>
 
+#include <utility>
+
 namespace orlo
 {
 
@@ -29,9 +31,16 @@ bool EndsAnHour(const QString& typed)
 
 }  // namespace
 
-CellField::CellField(QWidget* parent) : QLineEdit(parent)
+CellField::CellField(QString longest, QWidget* parent)
+    : QLineEdit(parent), longest_(std::move(longest))
 {
     connect(this, &QLineEdit::returnPressed, this, &CellField::Left);
+}
+
+void CellField::DeriveRoom()
+{
+    const QFontMetrics metrics(font());
+    setFixedWidth(metrics.horizontalAdvance(longest_) + metrics.height() + 6);
 }
 
 void CellField::focusInEvent(QFocusEvent* event)
@@ -49,7 +58,7 @@ void CellField::focusOutEvent(QFocusEvent* event)
     if (event->reason() != Qt::PopupFocusReason) emit Left();
 }
 
-TimeField::TimeField(QWidget* parent) : CellField(parent)
+TimeField::TimeField(QWidget* parent) : CellField(QStringLiteral("00:00"), parent)
 {
     setInputMask(QStringLiteral("00:00"));
     setValidator(MakeTimeValidator(this));
@@ -91,7 +100,7 @@ void TimeField::TakeDigit(QChar digit)
     setCursorPosition(place == 1 ? kMinutes : place + 1);
 }
 
-DurationField::DurationField(QWidget* parent) : CellField(parent)
+DurationField::DurationField(QWidget* parent) : CellField(QStringLiteral("000"), parent)
 {
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     SetDigits(3);

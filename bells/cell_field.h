@@ -11,7 +11,11 @@ class CellField : public QLineEdit
     Q_OBJECT
 
 public:
-    explicit CellField(QWidget* parent = nullptr);
+    /// `longest` is the longest text that it has to show.
+    CellField(QString longest, QWidget* parent);
+
+    /// Takes its width from the font.
+    void DeriveRoom();
 
 signals:
     void Entered();
@@ -20,6 +24,9 @@ signals:
 protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    QString longest_;
 };
 
 /// A time of the day behind the mask hh:mm. What can be no time cannot be typed; an hour of one

@@ -6,29 +6,15 @@
 namespace orlo
 {
 
-namespace
-{
-
-/// The window that is kept from the last time, or a new one.
-template <typename Window>
-Window& KeptWindow(Contenitore& main)
-{
-    auto* const kept = main.findChild<Window*>(QString(), Qt::FindDirectChildrenOnly);
-    return kept != nullptr ? *kept : *new Window(main);
-}
-
-}  // namespace
-
 void cmdSuonerie_Click(Contenitore& window)
 {
     const TerminalModel* const model = window.ShownModel();
     const int terminal = window.SelectedTerminal();
-    if (model == nullptr || terminal < 1 || terminal > kTerminalSlots || window.CommandRunning())
-        return;
+    if (model == nullptr || terminal < 1 || terminal > kTerminalSlots) return;
     if (model->family == LinkFamily::Object)
-        KeptWindow<FrmSuonerie>(window).OpenForSelected();
+        OpenTerminalWindow<FrmSuonerie>(window);
     else
-        KeptWindow<frmRingOrloII>(window).OpenForSelected();
+        OpenTerminalWindow<frmRingOrloII>(window);
 }
 
 }  // namespace orlo

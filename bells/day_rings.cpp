@@ -77,12 +77,9 @@ void DayRings::ShowDuration(int index, const RingEntry& entry)
 
 void DayRings::DeriveRoom()
 {
-    const QFontMetrics metrics(font());
     for (const Cells& cells : rings_) {
-        cells.time->setFixedWidth(metrics.horizontalAdvance(QStringLiteral("00:00")) +
-                                  metrics.height() + 6);
-        cells.duration->setFixedWidth(metrics.horizontalAdvance(QStringLiteral("000")) +
-                                      metrics.height() + 6);
+        cells.time->DeriveRoom();
+        cells.duration->DeriveRoom();
     }
 }
 

@@ -1,6 +1,7 @@
 #include "bells/frm_ring_orlo_ii.h"
 
 #include "bells/ring_line.h"
+#include "bells/ring_marks.h"
 #include "bells/ring_text.h"
 #include "bells/serial_rings.h"
 #include "bells/week_days.h"
@@ -33,8 +34,8 @@ void Set(QRadioButton& button, bool checked)
 
 }  // namespace
 
-frmRingOrloII::frmRingOrloII(Contenitore& main)
-    : BellWindow(main), ui_(std::make_unique<Ui::frmRingOrloII>())
+frmRingOrloII::frmRingOrloII(Contenitore& desk)
+    : TerminalWindow(desk, *desk.Controls().cmdSuonerie), ui_(std::make_unique<Ui::frmRingOrloII>())
 {
     ui_->setupUi(this);
     days_ = {ui_->Domenica, ui_->Lunedi,  ui_->Martedi, ui_->Mercoledi,
@@ -63,67 +64,52 @@ frmRingOrloII::frmRingOrloII(Contenitore& main)
     connect(ui_->cmdReset, &QPushButton::clicked, this, &frmRingOrloII::cmdReset_Click);
     connect(ui_->cmdTrasmette, &QPushButton::clicked, this, &frmRingOrloII::cmdTrasmette_Click);
     connect(ui_->cmdUscita, &QPushButton::clicked, this, &QWidget::close);
-    connect(main.Controls().PannelloComunicazione, &TextPanel::TextChanged, this,
-            [this](const QString& caption) {
-                if (isVisible() && Main().CommandRunning()) ui_->PannelloSuonerie->setText(caption);
-            });
+    ShowOutcomeIn(*ui_->PannelloSuonerie);
 }
 
-frmRingOrloII::~frmRingOrloII()
-{
-    Silence();
-}
+frmRingOrloII::~frmRingOrloII() = default;
 
 void frmRingOrloII::Form_Load()
 {
     ui_->PannelloSuonerie->clear();
-    loaded_ = false;
-    try {
-        CaricaSuonerie();
-    } catch (const jet::Error& error) {
-        ui_->PannelloSuonerie->setText(tr("Errore: la tabella delle suonerie non si può leggere."));
-        ShowDatabaseError(Main().Station().dialog, error);
-    }
-    if (!loaded_) ui_->ListaSuonerie->SetLines(RingLines({}));
+    const bool loaded = CaricaSuonerie();
+    // Behind a list that could not be loaded every ring of the terminal would be overwritten by an
+    // empty one.
+    for (QPushButton* button : {ui_->cmdAggiorna, ui_->cmdTrasmette}) button->setEnabled(loaded);
     ui_->ListaSuonerie->setCurrentRow(0);
     ListaSuonerie_Click();
     ui_->ListaSuonerie->setFocus();
 }
 
-void frmRingOrloII::CaricaSuonerie()
+/// Whether the list shows what the table holds; else the window says why, and no line has a ring.
+bool frmRingOrloII::CaricaSuonerie()
 {
-    jet::Database* const database = Main().State().Database.get();
+    ui_->ListaSuonerie->SetLines(RingLines({}));
+    jet::Database* const database = Desk().State().Database.get();
     if (database == nullptr) {
         ui_->PannelloSuonerie->setText(tr("Errore: il database non è aperto."));
-        return;
+        return false;
     }
-    CreaTabellaSuonerie(*database);
-    ui_->ListaSuonerie->SetLines(RingLines(LoadBellRows(*database, Terminal())));
-    loaded_ = true;
-}
-
-/// Behind a list that could not be loaded every ring of the terminal would be overwritten by an
-/// empty one.
-void frmRingOrloII::RefreshAvailability()
-{
-    const bool idle = !Main().CommandRunning();
-    for (QPushButton* button : {ui_->cmdReset, ui_->cmdUscita}) button->setEnabled(idle);
-    for (QPushButton* button : {ui_->cmdAggiorna, ui_->cmdTrasmette})
-        button->setEnabled(idle && loaded_);
+    try {
+        CreaTabellaSuonerie(*database);
+        ui_->ListaSuonerie->SetLines(RingLines(LoadBellRows(*database, Terminal())));
+        return true;
+    } catch (const jet::Error& error) {
+        ui_->PannelloSuonerie->setText(tr("Errore: la tabella delle suonerie non si può leggere."));
+        ShowDatabaseError(Desk().Station().dialog, error);
+        return false;
+    }
 }
 
 void frmRingOrloII::DeriveLook()
 {
-    StyleControls();
-    const QFontMetrics metrics(font());
-    ui_->Ring->setFixedWidth(metrics.horizontalAdvance(QStringLiteral("00:00")) + metrics.height() +
-                             6);
-    ui_->TempoRings->setFixedWidth(metrics.horizontalAdvance(QStringLiteral("000")) +
-                                   metrics.height() + 6);
+    TerminalWindow::DeriveLook();
+    ui_->Ring->DeriveRoom();
+    ui_->TempoRings->DeriveRoom();
     ui_->ListaSuonerie->setFixedWidth(ui_->ListaSuonerie->sizeHint().width());
     // A label asks for a little more than its words.
     ui_->LabelModifiche->setMinimumWidth(
-        metrics.horizontalAdvance(QStringLiteral("Modifiche non salvate")) + 2);
+        fontMetrics().horizontalAdvance(QStringLiteral("Modifiche non salvate")) + 2);
 }
 
 void frmRingOrloII::ListaSuonerie_Click()
@@ -187,28 +173,26 @@ void frmRingOrloII::ShowWhetherModified()
 
 void frmRingOrloII::ShowWeek()
 {
-    std::vector<RingMark> marks;
-    const QStringList lines = ui_->ListaSuonerie->Lines();
-    for (int line = 0; line < lines.size(); ++line) {
-        const BellRow row = CutRingLine(lines[line]);
-        for (int day = 0; day < row.Giorni.size(); ++day)
-            if (row.Giorni[day] == u'1')
-                marks.push_back({day, line, MinuteOfDay({row.Ora, row.Minuti}),
-                                 row.NumeroRele == 0 ? 0 : row.TempoRele, row.NumeroRele == 2,
-                                 line == ui_->ListaSuonerie->currentRow()});
-    }
-    ui_->DisegnoSettimana->Show(std::move(marks));
+    ui_->DisegnoSettimana->Show(
+        MarksOfLines(ui_->ListaSuonerie->Lines(), ui_->ListaSuonerie->currentRow()));
+}
+
+void frmRingOrloII::RunBehind(QPushButton* button, const QString& task,
+                              const std::function<void()>& work)
+{
+    button->setFocus();
+    Run(task, EscapeUse::Ignored, *ui_->DisegnoSettimana, work);
 }
 
 void frmRingOrloII::cmdAggiorna_Click()
 {
-    Run(ui_->cmdAggiorna, *ui_->DisegnoSettimana, tr("Salvataggio in corso…"), [this] {
+    RunBehind(ui_->cmdAggiorna, tr("Salvataggio in corso…"), [this] {
         CompleteFields();
         const BellRow row = Entered();
         try {
-            StoreBellRow(*Main().State().Database, row);
+            StoreBellRow(*Desk().State().Database, row);
         } catch (const jet::Error& error) {
-            ShowDatabaseError(Main().Station().dialog, error);
+            ShowDatabaseError(Desk().Station().dialog, error);
             return;
         }
         // Sending reads the list.
@@ -219,10 +203,10 @@ void frmRingOrloII::cmdAggiorna_Click()
 
 void frmRingOrloII::cmdTrasmette_Click()
 {
-    Run(ui_->cmdTrasmette, *ui_->DisegnoSettimana, tr("Invio suonerie in corso…"), [this] {
-        const TerminalModel* const model = Main().ShownModel();
-        if (model == nullptr || !Main().PrepareCurrentTerminal()) return;
-        const QString status = SendRings(Main(), model->bell_telegram, ui_->ListaSuonerie->Lines());
+    RunBehind(ui_->cmdTrasmette, tr("Invio suonerie in corso…"), [this] {
+        const TerminalModel* const model = Desk().ShownModel();
+        if (model == nullptr || !Desk().PrepareCurrentTerminal()) return;
+        const QString status = SendRings(Desk(), model->bell_telegram, ui_->ListaSuonerie->Lines());
         ui_->PannelloSuonerie->setText(status);
     });
 }
@@ -230,13 +214,13 @@ void frmRingOrloII::cmdTrasmette_Click()
 /// The rows of the table stay: the window shows them again when it is opened.
 void frmRingOrloII::cmdReset_Click()
 {
-    Run(ui_->cmdReset, *ui_->DisegnoSettimana, tr("Azzeramento suonerie in corso…"), [this] {
-        if (!Main().Station().dialog.AskYesNo(
+    RunBehind(ui_->cmdReset, tr("Azzeramento suonerie in corso…"), [this] {
+        if (!Desk().Station().dialog.AskYesNo(
                 DialogIcon::Critical, QStringLiteral("Attenzione"),
                 QStringLiteral("Si desidera azzerare le suonerie?")) ||
-            !Main().PrepareCurrentTerminal())
+            !Desk().PrepareCurrentTerminal())
             return;
-        const QString status = ClearRings(Main());
+        const QString status = ClearRings(Desk());
         ui_->PannelloSuonerie->setText(status);
         // A terminal that did not answer still has its rings, and the list shows them.
         if (status != QLatin1String("Comunicazione OK")) return;

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "bells/bell_window.h"
 #include "bells/suonerie.h"
+#include "registry/terminal_window.h"
 
 #include <array>
 #include <memory>
 
 class QCheckBox;
+class QPushButton;
 
 namespace Ui
 {
@@ -18,26 +19,26 @@ namespace orlo
 
 /// The bells of a serial terminal: 32 positions, kept in table Suonerie, sent as the list shows
 /// them.
-class frmRingOrloII : public BellWindow
+class frmRingOrloII : public TerminalWindow
 {
     Q_OBJECT
 
 public:
-    explicit frmRingOrloII(Contenitore& main);
+    explicit frmRingOrloII(Contenitore& desk);
     ~frmRingOrloII() override;
 
 protected:
     void Form_Load() override;
     void DeriveLook() override;
-    void RefreshAvailability() override;
 
 private:
-    void CaricaSuonerie();
+    bool CaricaSuonerie();
     void ListaSuonerie_Click();
     void cmdAggiorna_Click();
     void cmdReset_Click();
     void cmdTrasmette_Click();
 
+    void RunBehind(QPushButton* button, const QString& task, const std::function<void()>& work);
     /// What the edit controls hold, as the row of the chosen line.
     BellRow Entered() const;
     void SetRelay(int number);
@@ -47,8 +48,6 @@ private:
 
     std::unique_ptr<Ui::frmRingOrloII> ui_;
     std::array<QCheckBox*, 8> days_;
-    /// The list shows what the table holds.
-    bool loaded_ = false;
 };
 
 }  // namespace orlo

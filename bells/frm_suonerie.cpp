@@ -1,12 +1,11 @@
 #include "bells/frm_suonerie.h"
 
 #include "bells/object_rings.h"
+#include "bells/ring_marks.h"
 #include "bells/ring_text.h"
 #include "bells/sort_suonerie.h"
 #include "bells/week_days.h"
-#include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
-#include "registry/reset_object_line.h"
 
 #include "ui_frm_suonerie.h"
 
@@ -15,8 +14,10 @@
 namespace orlo
 {
 
-FrmSuonerie::FrmSuonerie(Contenitore& main)
-    : BellWindow(main), ui_(std::make_unique<Ui::FrmSuonerie>()), days_(new QButtonGroup(this))
+FrmSuonerie::FrmSuonerie(Contenitore& desk)
+    : TerminalWindow(desk, *desk.Controls().cmdSuonerie),
+      ui_(std::make_unique<Ui::FrmSuonerie>()),
+      days_(new QButtonGroup(this))
 {
     ui_->setupUi(this);
     int day = 0;
@@ -44,20 +45,17 @@ FrmSuonerie::FrmSuonerie(Contenitore& main)
         days_->button(chosen)->setChecked(true);
         ChooseRing(ring);
     });
-    connect(main.Controls().PannelloPercentuale, &QProgressBar::valueChanged, ui_->Percentuale,
+    connect(desk.Controls().PannelloPercentuale, &QProgressBar::valueChanged, ui_->Percentuale,
             &QProgressBar::setValue);
     // The days appear as they are read.
-    connect(main.Controls().PannelloPercentuale, &QProgressBar::valueChanged, this, [this] {
+    connect(desk.Controls().PannelloPercentuale, &QProgressBar::valueChanged, this, [this] {
         if (isVisible()) ShowWeek();
     });
-    connect(main.Controls().PannelloTentativi, &TextPanel::TextChanged, ui_->LabelTentativi,
+    connect(desk.Controls().PannelloTentativi, &TextPanel::TextChanged, ui_->LabelTentativi,
             &TextPanel::setText);
 }
 
-FrmSuonerie::~FrmSuonerie()
-{
-    Silence();
-}
+FrmSuonerie::~FrmSuonerie() = default;
 
 void FrmSuonerie::Form_Load()
 {
@@ -73,37 +71,35 @@ void FrmSuonerie::Form_Load()
 
 void FrmSuonerie::DeriveLook()
 {
-    StyleControls();
+    TerminalWindow::DeriveLook();
     ui_->SuonerieDelGiorno->DeriveRoom();
     ui_->LabelTentativi->SetRoom(QStringLiteral("Tentativi00/00"));
     ui_->TestataGiorni->setContentsMargins(ui_->DisegnoSettimana->HoursRoom(), 0, 0, 0);
 }
 
-void FrmSuonerie::RefreshAvailability()
+void FrmSuonerie::done(int result)
 {
-    const bool idle = !Main().CommandRunning();
-    for (QPushButton* button : {ui_->cmdRiceveSuonerie, ui_->cmdTrasmetteSuonerie, ui_->cmdUscita})
-        button->setEnabled(idle);
-    ui_->SuonerieDelGiorno->setEnabled(shown_day_ >= 0);
+    TakePending();
+    TerminalWindow::done(result);
 }
 
 /// The frame of both commands: true when the work was done to its end.
 bool FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QString& failed,
                            const std::function<bool()>& work)
 {
+    button->setFocus();
     bool done = false;
-    Run(button, *ui_->DisegnoSettimana, task, [&] {
-        const TextPanel& caption = *Main().Controls().PannelloComunicazione;
-        Main().Controls().PannelloComunicazione->clear();
-        ui_->Esito->clear();
+    Run(task, EscapeUse::Ignored, *ui_->DisegnoSettimana, [&] {
+        const TextPanel& caption = *Desk().Controls().PannelloComunicazione;
+        ClearOutcome(*ui_->Esito);
         ui_->Esito->SetRemark(QString());
-        done = Main().PrepareCurrentTerminal() && work();
+        done = Desk().PrepareCurrentTerminal() && work();
         const bool said = caption.text().startsWith(QLatin1String("Errore"));
         ui_->Esito->setText(done   ? QStringLiteral("Comunicazione OK")
                             : said ? caption.text()
                                    : failed);
         ShowWarning();
-        GuardComponentCalls(Main(), [this] { ResetObjectLine(Main()); });
+        Desk().ResetLineBehindCommand();
     });
     return done;
 }
@@ -116,10 +112,10 @@ void FrmSuonerie::cmdRiceveSuonerie_Click()
                                tr("Errore nella ricezione dei dati"), [&] {
                                    asked = true;
                                    ForgetDay();
-                                   return LeggeSuonerie(Main());
+                                   return LeggeSuonerie(Desk());
                                });
     if (!asked) return;
-    SortSuonerie(Main().State().RingTable, Terminal());
+    SortSuonerie(Desk().State().RingTable, Terminal());
     ShowWeek();
     SetWeek(done ? Week::Ready : Week::Partial);
 }
@@ -129,9 +125,9 @@ void FrmSuonerie::cmdTrasmetteSuonerie_Click()
     TakePending();
     Transfer(ui_->cmdTrasmetteSuonerie, tr("Invio suonerie in corso…"),
              tr("Errore nella spedizione dei dati"), [this] {
-                 SortSuonerie(Main().State().RingTable, Terminal());
+                 SortSuonerie(Desk().State().RingTable, Terminal());
                  ShowDay();
-                 return TrasmetteSuonerie(Main());
+                 return TrasmetteSuonerie(Desk());
              });
 }
 
@@ -141,7 +137,6 @@ void FrmSuonerie::Giorno_Click(int day)
     shown_day_ = day;
     entered_ring_ = -1;
     ShowDay();
-    RefreshAvailability();
 }
 
 void FrmSuonerie::Ring_LostFocus(int index)
@@ -174,7 +169,7 @@ void FrmSuonerie::TakePending()
 
 RingEntry& FrmSuonerie::Entry(int index)
 {
-    return RingOf(Main().State().RingTable, Main().SelectedTerminal(), shown_day_, index + 1);
+    return RingOf(Desk().State().RingTable, Terminal(), shown_day_, index + 1);
 }
 
 void FrmSuonerie::ChooseRing(int index)
@@ -195,6 +190,7 @@ void FrmSuonerie::ForgetDay()
 
 void FrmSuonerie::ShowDay()
 {
+    ui_->SuonerieDelGiorno->setEnabled(shown_day_ >= 0);
     for (int index = 0; index < kRingsOfDay; ++index) {
         const RingEntry entry = shown_day_ < 0 ? RingEntry{} : Entry(index);
         ui_->SuonerieDelGiorno->ShowTime(index, entry);
@@ -207,17 +203,8 @@ void FrmSuonerie::ShowDay()
 
 void FrmSuonerie::ShowWeek()
 {
-    std::vector<RingMark> marks;
-    for (int day = 0; day < kRingDays; ++day)
-        for (int ring = 1; ring <= kRingsOfDay; ++ring) {
-            const RingEntry& entry = RingOf(Main().State().RingTable, Terminal(), day, ring);
-            const int minute = MinuteOfDay({entry.Hour, entry.Minute});
-            if (minute == 0) continue;
-            const int index = ring - 1;
-            marks.push_back({day, index, minute, entry.HowLong, /*hollow=*/false,
-                             day == shown_day_ && index == entered_ring_});
-        }
-    ui_->DisegnoSettimana->Show(std::move(marks));
+    ui_->DisegnoSettimana->Show(
+        MarksOfWeek(Desk().State().RingTable, Terminal(), shown_day_, entered_ring_));
     ui_->DisegnoSettimana->ShadeDay(shown_day_);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bells/bell_window.h"
+#include "registry/terminal_window.h"
 
 #include <memory>
 
@@ -16,19 +16,20 @@ namespace orlo
 {
 
 /// The bells of an Orlo or a Sipa: seven days of 24 rings in RingTable, read, edited, sent.
-class FrmSuonerie : public BellWindow
+class FrmSuonerie : public TerminalWindow
 {
     Q_OBJECT
 
 public:
-    explicit FrmSuonerie(Contenitore& main);
+    explicit FrmSuonerie(Contenitore& desk);
     ~FrmSuonerie() override;
+
+    /// Takes what was typed and not left yet, and closes.
+    void done(int result) override;
 
 protected:
     void Form_Load() override;
-    void TakePending() override;
     void DeriveLook() override;
-    void RefreshAvailability() override;
 
 private:
     /// Whether sending would leave the terminal with a week that somebody has seen.
@@ -44,6 +45,7 @@ private:
                   const std::function<bool()>& work);
     RingEntry& Entry(int index);
     void ChooseRing(int index);
+    void TakePending();
     void ForgetDay();
     void ShowDay();
     void ShowWeek();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "bells/ring_marks.h"
+
 #include <QStringList>
 #include <QWidget>
 
@@ -7,18 +9,6 @@
 
 namespace orlo
 {
-
-/// A ring in the drawn week.
-struct RingMark {
-    int day = 0;     ///< column, from 0
-    int ring = 0;    ///< what a click on it chooses
-    int minute = 0;  ///< of the day, 0..1439
-    int duration = 0;
-    bool hollow = false;
-    bool chosen = false;
-
-    bool operator==(const RingMark&) const = default;
-};
 
 /// The week as a timetable: a column a day, the hours downwards, a mark for each ring whose length
 /// is in proportion to its duration. The marks of the chosen ring are coloured and have a triangle.
@@ -71,11 +61,5 @@ private:
     std::vector<RingMark> marks_;
     int shaded_ = -1;
 };
-
-/// Length of a mark in a room: the whole of it for the longest ring of the week, or of 10.
-double MarkLength(int duration, int longest, double room);
-
-/// Places along a line, in ascending order, moved as little as leaves `gap` between each two.
-std::vector<double> MovedApart(const std::vector<double>& places, double gap);
 
 }  // namespace orlo

@@ -33,7 +33,6 @@ FrmComandi::~FrmComandi() = default;
 
 void FrmComandi::Form_Load()
 {
-    setWindowTitle(QStringLiteral("Comandi Terminale n° %1").arg(Desk().SelectedTerminal()));
     const TerminalModel* const model = Desk().ShownModel();
     const bool object_driven = model != nullptr && model->family == LinkFamily::Object;
     for (QWidget* control : std::initializer_list<QWidget*>{

@@ -81,6 +81,10 @@ public:
     /// not pulsed. False like PulseModemLine.
     bool HangUpBehindCommand();
 
+    /// Behind a command of the badge layout or of the bells: DTR falls and rises on the line of an
+    /// Orlo, modem or not; that of a Sipa stays. The caption says when the component failed.
+    void ResetLineBehindCommand();
+
     /// Says above the clock displays which terminal's clock they show; 0 = they are empty. It
     /// stands out while another terminal is selected.
     void NameClockTerminal(int terminal);

@@ -55,8 +55,8 @@ private:
         window_.RefreshNotice();
     }
 
-    // Fields have a pointer of their own. The strip keeps the arrow: there the pointer clears
-    // captions.
+    // Fields, those of the windows over this one too, have a pointer of their own. The strip keeps
+    // the arrow: there the pointer clears captions.
     void PointTo(Qt::CursorShape shape, Qt::CursorShape over_fields)
     {
         window_.setCursor(shape);

@@ -14,6 +14,21 @@ namespace orlo
 namespace
 {
 
+/// Does that with the component's line, if it is open. False when the component failed.
+bool UseOpenLink(Contenitore& window,
+                 const std::function<void(component::TelegramComunication&)>& deed)
+{
+    const ProgramState& state = window.State();
+    if (state.Component == nullptr || !state.TelegramLinkOpen) return true;
+    return GuardComponentCalls(window, [&] { deed(*state.Component->TelegramObject); }).isEmpty();
+}
+
+bool ShowsOrlo(const Contenitore& window)
+{
+    const TerminalModel* const model = window.ShownModel();
+    return model != nullptr && model->type == TerminalType::Orlo;
+}
+
 std::string Bytes(const QString& text)
 {
     return ToWindows1252(text).toStdString();
@@ -65,17 +80,24 @@ bool Contenitore::PrepareComponent(const TerminalModel& model)
 
 bool Contenitore::PulseModemLine()
 {
-    if (state_.Component == nullptr || !state_.TelegramLinkOpen) return true;
-    const QString failure = GuardComponentCalls(*this, [this] {
-        ObjectPulseDtr(workstation_, *state_.Component->TelegramObject, state_.CurrentModem);
+    return UseOpenLink(*this, [this](component::TelegramComunication& line) {
+        ObjectPulseDtr(workstation_, line, state_.CurrentModem);
     });
-    return failure.isEmpty();
 }
 
 bool Contenitore::HangUpBehindCommand()
 {
-    const TerminalModel* const model = ShownModel();
-    return model == nullptr || model->type != TerminalType::Orlo || PulseModemLine();
+    return !ShowsOrlo(*this) || PulseModemLine();
+}
+
+void Contenitore::ResetLineBehindCommand()
+{
+    if (!ShowsOrlo(*this)) return;
+    UseOpenLink(*this, [this](component::TelegramComunication& line) {
+        line.DTR(false);
+        line.DTR(true);
+        workstation_.clock.ProcessPendingEvents();
+    });
 }
 
 }  // namespace orlo

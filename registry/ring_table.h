@@ -37,5 +37,9 @@ inline RingEntry& RingOf(RingTable& table, int terminal, int day, int ring)
 {
     return table.at(RingSlot(day, ring)).at(static_cast<std::size_t>(terminal - 1));
 }
+inline const RingEntry& RingOf(const RingTable& table, int terminal, int day, int ring)
+{
+    return table.at(RingSlot(day, ring)).at(static_cast<std::size_t>(terminal - 1));
+}
 
 }  // namespace orlo

@@ -10,13 +10,15 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
 namespace orlo
 {
 
-/// The window while its command runs.
+/// The window while its command runs. It stands around the main window's command, which lets events
+/// in at its begin and its end: what was pressed meanwhile falls on the shield.
 class TerminalWindow::Busy
 {
 public:
@@ -27,14 +29,10 @@ public:
             if (button->isEnabled()) disabled_.push_back(button);
         for (QPushButton* button : disabled_) button->setEnabled(false);
         window.setCursor(Qt::WaitCursor);
-        // The window shows that it is busy before the first exchange sleeps.
-        LetEventsIn();
     }
 
     ~Busy()
     {
-        // What was pressed while an exchange waited falls on the shield.
-        LetEventsIn();
         for (QPushButton* button : disabled_) button->setEnabled(true);
         window_.unsetCursor();
         if (focus_ != nullptr) focus_->setFocus();
@@ -44,8 +42,6 @@ public:
     Busy& operator=(const Busy&) = delete;
 
 private:
-    void LetEventsIn() { window_.desk_.Station().clock.ProcessPendingEvents(); }
-
     TerminalWindow& window_;
     QPointer<QWidget> focus_;
     InputShield shield_;
@@ -55,6 +51,14 @@ private:
 TerminalWindow::TerminalWindow(Contenitore& desk, QAbstractButton& opener)
     : QDialog(&desk), desk_(desk), opener_(opener)
 {
+    // A command parks the focus of the main window in its list.
+    connect(this, &QDialog::finished, &opener, qOverload<>(&QWidget::setFocus));
+}
+
+// A control that loses the focus because the window goes away would speak to what is gone.
+TerminalWindow::~TerminalWindow()
+{
+    for (QObject* control : findChildren<QObject*>()) control->disconnect(this);
 }
 
 void TerminalWindow::open()
@@ -64,6 +68,9 @@ void TerminalWindow::open()
         activateWindow();
         return;
     }
+    if (title_.isEmpty()) title_ = windowTitle();
+    terminal_ = desk_.SelectedTerminal();
+    setWindowTitle(title_ + QString::number(terminal_));
     DeriveLook();
     Form_Load();
     QDialog::open();
@@ -93,12 +100,23 @@ void TerminalWindow::changeEvent(QEvent* event)
 void TerminalWindow::DeriveLook()
 {
     StyleForm(*this);
+    QFont bold = font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
+    // Room beside the words, for any of the buttons to be the filled one.
+    for (QPushButton* button : findChildren<QPushButton*>()) {
+        const int words = metrics.size(Qt::TextShowMnemonic, button->text()).width();
+        button->setMinimumWidth(std::max(button->minimumWidth(), words + 2 * metrics.height()));
+    }
 }
 
 void TerminalWindow::ShowOutcomeIn(TextPanel& panel)
 {
+    // A panel that nobody sees would announce the outcome to assistive programs once more.
     connect(desk_.Controls().PannelloComunicazione, &TextPanel::TextChanged, &panel,
-            &TextPanel::setText);
+            [this, &panel](const QString& outcome) {
+                if (isVisible()) panel.setText(outcome);
+            });
 }
 
 void TerminalWindow::ClearOutcome(TextPanel& panel)
@@ -110,10 +128,11 @@ void TerminalWindow::ClearOutcome(TextPanel& panel)
 void TerminalWindow::Run(const QString& task, EscapeUse escape, QWidget& parking,
                          const std::function<void()>& command)
 {
-    desk_.RunCommand(&opener_, task, escape, [this, &parking, &command] {
+    if (desk_.CommandRunning()) return;
+    {
         const Busy busy(*this, parking);
-        command();
-    });
+        desk_.RunCommand(&opener_, task, escape, command);
+    }
     if (std::exchange(close_after_command_, false)) close();
 }
 

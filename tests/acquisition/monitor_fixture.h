@@ -2,16 +2,14 @@
 
 #include "acquisition/frm_monitor.h"
 #include "acquisition/punch_list.h"
-#include "tests/support/connected_window.h"
+#include "tests/support/terminal_window_test.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
-#include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -20,28 +18,16 @@ namespace orlo::testing
 {
 
 /// The monitor window over a connected main window, in a working directory of its own.
-class MonitorTest : public ConnectedWindow
+class MonitorTest : public TerminalWindowTest<FrmMonitor>
 {
 protected:
-    FrmMonitor form{window};
-
     void SetUp() override
     {
-        ConnectedWindow::SetUp();
+        TerminalWindowTest::SetUp();
         QDir::setCurrent(folder_.path());
-        window.show();
     }
     void TearDown() override { QDir::setCurrent(before_); }
 
-    template <typename Control>
-    Control& Find(const char* name) const
-    {
-        auto* control = form.findChild<Control*>(QLatin1String(name));
-        EXPECT_NE(control, nullptr) << name;
-        return *control;
-    }
-    QPushButton& Button(const char* name) const { return Find<QPushButton>(name); }
-    QString Label(const char* name) const { return Find<QLabel>(name).text(); }
     PunchList& List() const { return Find<PunchList>("ListaMonitor"); }
 
     /// Opens the window and has it read.

@@ -16,21 +16,12 @@ protected:
     {
         MonitorTest::SetUp();
         state.Component = component.Make();
-        Connect("Orlo");
+        RegisterObject("Orlo");
     }
     void TearDown() override
     {
         state.Component.reset();
         MonitorTest::TearDown();
-    }
-
-    void Connect(const char* model)
-    {
-        TerminalRecord& slot = state.TerminalTable[kTerminal - 1];
-        slot.Priorita = 7;
-        slot.PrioritaSecondaria = 6;
-        Register(kTerminal, QString::fromLatin1(model));
-        window.SelectTerminalLine(Controls().ListaTerminali->count() - 1);
     }
     void Punches(int count) { component.records.resize(static_cast<std::size_t>(count)); }
     void WholeMemory() { Find<QCheckBox>("ChkTuttaMemoria").setChecked(true); }
@@ -66,7 +57,7 @@ TEST_F(ObjectMonitor, ReadsAsManyRecordsAsTheTerminalReports)
 
 TEST_F(ObjectMonitor, SipaIsReadLikeAnOrlo)
 {
-    Connect("Sipa");
+    RegisterObject("Sipa");
     Punches(2);
     Read();
     EXPECT_EQ(Lines().size(), 2);
@@ -204,7 +195,7 @@ TEST_F(ObjectMonitor, ThrowingComponentEndsTheReadingNotTheProgram)
 TEST_F(ObjectMonitor, EveryCallWaitsForTheTerminalsDelay)
 {
     state.TerminalTable[kTerminal - 1].Ritardo = 0.9F;
-    Connect("Orlo");
+    RegisterObject("Orlo");
     Punches(2);
     std::vector<long> at;
     component.on_call = [&](const std::string&) {

@@ -20,16 +20,7 @@ protected:
     {
         AcquisitionTest::SetUp();
         state.Component = component.Make();
-        Connect("Orlo");
-    }
-
-    void Connect(const char* model)
-    {
-        TerminalRecord& slot = state.TerminalTable[kTerminal - 1];
-        slot.Priorita = 7;
-        slot.PrioritaSecondaria = 6;
-        Register(kTerminal, QString::fromLatin1(model));
-        window.SelectTerminalLine(window.Controls().ListaTerminali->count() - 1);
+        RegisterObject("Orlo");
     }
 
     /// The component as after a restart of the program; the terminal keeps its memory.

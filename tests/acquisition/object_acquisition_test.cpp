@@ -33,7 +33,7 @@ class ObjectModel : public ObjectAcquisition, public ::testing::WithParamInterfa
 
 TEST_P(ObjectModel, CallsTheComponentInThisOrder)
 {
-    Connect(GetParam());
+    RegisterObject(GetParam());
     Punches({"11", "22"});
     EXPECT_TRUE(Acquire().done);
     EXPECT_THAT(component.calls, ElementsAre("OpenComunication(1, 9600)", "GetRecordsInfo(4, 7)",
@@ -225,7 +225,7 @@ TEST_F(ObjectAcquisition, ModemOfAnOrloIsDialledAndHungUp)
 
 TEST_F(ObjectAcquisition, ModemOfASipaIsNotPulsed)
 {
-    Connect("Sipa");
+    RegisterObject("Sipa");
     Punches({"1"});
     component.received_texts = {"CONNECT"};
     Controls().CheckModem->setChecked(true);

@@ -1,15 +1,14 @@
 #pragma once
 
 #include "bells/cmd_suonerie.h"
+#include "tests/support/window_controls.h"
 
-#include <QAbstractButton>
 #include <QDialog>
 #include <QLineEdit>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
 #include <string>
 
 namespace orlo::testing
@@ -33,34 +32,28 @@ protected:
     }
 
     template <typename Widget = QWidget>
-    Widget& Control(const QString& name) const
+    Widget& Control(QAnyStringView name) const
     {
-        auto* found = bells->findChild<Widget*>(name);
-        if (found == nullptr) throw std::invalid_argument("no control " + name.toStdString());
-        return *found;
+        return ControlOf<Widget>(*bells, name);
     }
     void Press(const char* name)
     {
-        QTest::mouseClick(&Control<QAbstractButton>(QString::fromUtf8(name)), Qt::LeftButton, {},
-                          {8, 8});
+        QTest::mouseClick(&Control<QAbstractButton>(name), Qt::LeftButton, {}, {8, 8});
     }
     /// Typed into a field over what it holds, and left by Tab.
-    void Type(const QString& name, const char* text)
+    void Type(QAnyStringView name, const char* text)
     {
         auto& field = Control<QLineEdit>(name);
         field.setFocus(Qt::TabFocusReason);
         QTest::keyClicks(&field, QString::fromLatin1(text));
         QTest::keyClick(&field, Qt::Key_Tab);
     }
-    std::string Text(const QString& name) const
+    std::string Text(QAnyStringView name) const
     {
         return Control(name).property("text").toString().toStdString();
     }
-    bool Enabled(const char* name) const { return Control(QString::fromUtf8(name)).isEnabled(); }
-    bool Ticked(const char* name) const
-    {
-        return Control<QAbstractButton>(QString::fromUtf8(name)).isChecked();
-    }
+    bool Enabled(const char* name) const { return Control(name).isEnabled(); }
+    bool Ticked(const char* name) const { return Control<QAbstractButton>(name).isChecked(); }
 };
 
 }  // namespace orlo::testing

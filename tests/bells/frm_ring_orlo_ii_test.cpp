@@ -10,8 +10,7 @@ TEST_F(FrmRingOrloII, ShowsTheRowsOfItsTerminalAndEmptyLinesBehindThem)
 {
     Open();
     EXPECT_EQ(bells->windowTitle(), QStringLiteral("Suonerie Terminale n° 4"));
-    EXPECT_EQ(Text(QStringLiteral("LabelTestata")),
-              "Loc   Ora   Tempo  D .  .  .  .  .  .  F   1  2");
+    EXPECT_EQ(Text("LabelTestata"), "Loc   Ora   Tempo  D .  .  .  .  .  .  F   1  2");
     ASSERT_EQ(List().count(), 32);
     EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
     EXPECT_EQ(Line(3), "04   17:35     05     0 1 1 1 1 1 1 0    0 1");
@@ -33,14 +32,14 @@ TEST_F(FrmRingOrloII, AClickedLineIsCopiedIntoTheControls)
 {
     Open();
     ClickLine(2);
-    EXPECT_EQ(Text(QStringLiteral("Ring")), "13:35");
-    EXPECT_EQ(Text(QStringLiteral("TempoRings")), "05");
+    EXPECT_EQ(Text("Ring"), "13:35");
+    EXPECT_EQ(Text("TempoRings"), "05");
     EXPECT_EQ(Days(), "01111110");
     EXPECT_FALSE(Ticked("RelèA"));
     EXPECT_TRUE(Ticked("RelèB"));
-    EXPECT_EQ(Text(QStringLiteral("LabelSuoneria")), "Suoneria 03");
+    EXPECT_EQ(Text("LabelSuoneria"), "Suoneria 03");
     ClickLine(9);
-    EXPECT_EQ(Text(QStringLiteral("Ring")), "00:00");
+    EXPECT_EQ(Text("Ring"), "00:00");
     EXPECT_EQ(Days(), "00000000");
     EXPECT_TRUE(Ticked("RelèA")) << "a new ring has a relay";
 }
@@ -49,16 +48,16 @@ TEST_F(FrmRingOrloII, StoringChangesTheRowOfTheClickedLineAndTheLine)
 {
     Open();
     ClickLine(1);
-    Type(QStringLiteral("Ring"), "7:5");
-    EXPECT_EQ(Text(QStringLiteral("Ring")), "07:05");
-    Type(QStringLiteral("TempoRings"), "9");
-    EXPECT_EQ(Text(QStringLiteral("TempoRings")), "09");
+    Type("Ring", "7:5");
+    EXPECT_EQ(Text("Ring"), "07:05");
+    Type("TempoRings", "9");
+    EXPECT_EQ(Text("TempoRings"), "09");
     Press("Festivo");
     Press("RelèA");
-    EXPECT_EQ(Text(QStringLiteral("LabelModifiche")), "Modifiche non salvate");
+    EXPECT_EQ(Text("LabelModifiche"), "Modifiche non salvate");
     Press("cmdAggiorna");
     EXPECT_EQ(Line(1), "02   07:05     09     0 1 1 1 1 1 1 1    1 0");
-    EXPECT_EQ(Text(QStringLiteral("LabelModifiche")), "");
+    EXPECT_EQ(Text("LabelModifiche"), "");
     std::string expected = std::string(kTerminal1) + kTerminal4;
     const std::string old = "4,2,12,5,\"01111110\",2,5";
     expected.replace(expected.find(old), old.size(), "4,2,7,5,\"01111111\",1,9");
@@ -70,8 +69,8 @@ TEST_F(FrmRingOrloII, StoringAddsTheRowThatTheClickedLineHasNone)
 {
     Open();
     ClickLine(31);
-    Type(QStringLiteral("Ring"), "23.59");
-    Type(QStringLiteral("TempoRings"), "12");
+    Type("Ring", "23.59");
+    Type("TempoRings", "12");
     Press("Domenica");
     Press("cmdAggiorna");
     EXPECT_EQ(Exported(), std::string(kTerminal1) + kTerminal4 + "4,32,23,59,\"10000000\",1,12\n");
@@ -91,7 +90,7 @@ TEST_F(FrmRingOrloII, WhatCannotBeStoredIsToldAndTheLineStays)
     Press("cmdAggiorna");
     EXPECT_EQ(Line(0), before);
     EXPECT_EQ(pc.dialog.told.size(), 1U);
-    EXPECT_EQ(Text(QStringLiteral("LabelModifiche")), "Modifiche non salvate");
+    EXPECT_EQ(Text("LabelModifiche"), "Modifiche non salvate");
 }
 
 TEST_F(FrmRingOrloII, AListThatCouldNotBeLoadedIsNotSent)
@@ -110,7 +109,7 @@ TEST_F(FrmRingOrloII, TheWeekIsDrawnAndAMarkChoosesItsLine)
 {
     Open();
     ClickLine(31);
-    auto& drawing = Control<WeekDrawing>(QStringLiteral("DisegnoSettimana"));
+    auto& drawing = Control<WeekDrawing>("DisegnoSettimana");
     ASSERT_EQ(drawing.Marks().size(), 24U) << "four rings on six days";
     std::size_t mark = 0;
     while (drawing.Marks()[mark].minute != 13 * 60 + 35) ++mark;
@@ -123,20 +122,10 @@ TEST_F(FrmRingOrloII, TheWeekIsDrawnAndAMarkChoosesItsLine)
 TEST_F(FrmRingOrloII, EveryInputHasANameAndNoTwoMnemonicsAreAlike)
 {
     Open();
-    QString letters;
-    const auto take = [&letters](const QString& text) {
-        const qsizetype mark = text.indexOf(u'&');
-        if (mark < 0) return;
-        EXPECT_FALSE(letters.contains(text[mark + 1].toUpper())) << text.toStdString();
-        letters += text[mark + 1].toUpper();
-    };
-    for (const QAbstractButton* button : bells->findChildren<QAbstractButton*>()) {
-        take(button->text());
+    for (const QAbstractButton* button : bells->findChildren<QAbstractButton*>())
         EXPECT_FALSE(button->accessibleName().isEmpty()) << button->objectName().toStdString();
-    }
-    for (const QLabel* label : bells->findChildren<QLabel*>())
-        if (label->buddy() != nullptr) take(label->text());
-    EXPECT_EQ(letters.size(), 17);
+    EXPECT_EQ(MnemonicsOf(*bells).size(), 17);
+    EXPECT_PRED1(AllDifferent, MnemonicsOf(*bells));
     for (const QLineEdit* field : bells->findChildren<QLineEdit*>())
         EXPECT_FALSE(field->accessibleName().isEmpty()) << field->objectName().toStdString();
 }

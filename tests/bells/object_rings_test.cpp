@@ -21,7 +21,7 @@ TEST_F(FrmSuonerie, AWeekIsReadDayByDayAndShownSorted)
     EXPECT_EQ(CheckedDays(), QStringLiteral("0000000")) << "no day is shown";
     Press("Giorno_6");
     EXPECT_EQ(Times(3), "08:30 5;12:00 10;00:00 0;");
-    EXPECT_EQ(Text(QStringLiteral("LabelGiorno")), "Suonerie di sabato");
+    EXPECT_EQ(Text("LabelGiorno"), "Suonerie di sabato");
 }
 
 TEST_F(FrmSuonerie, ASipasLineIsNotReset)
@@ -51,8 +51,8 @@ TEST_F(FrmSuonerie, ASilentTerminalIsAskedAsOftenAsItHasAttempts)
     EXPECT_EQ(pc.dialog.told.front().informative,
               QStringLiteral("Da domenica in poi non è stato letto niente: 99,Time Out."));
     EXPECT_EQ(Controls().PannelloTentativi->text(), QStringLiteral("Tentativi3/3"));
-    EXPECT_EQ(Text(QStringLiteral("LabelTentativi")), "Tentativi3/3");
-    EXPECT_EQ(Text(QStringLiteral("Esito")), "Errore nella ricezione dei dati");
+    EXPECT_EQ(Text("LabelTentativi"), "Tentativi3/3");
+    EXPECT_EQ(Text("Esito"), "Errore nella ricezione dei dati");
     EXPECT_EQ(terminal.component.CallsOf("DTR").size(), 2U) << "also behind a failure";
 }
 
@@ -90,9 +90,7 @@ TEST_F(FrmSuonerie, APartlyReadWeekStaysAndTheOperatorIsWarned)
     EXPECT_EQ(pc.dialog.told.front().informative,
               QStringLiteral("Da lunedì in poi non è stato letto niente: ER."));
     EXPECT_EQ(Primary(), "cmdRiceveSuonerie");
-    EXPECT_TRUE(Control<OutcomePanel>(QStringLiteral("Esito"))
-                    .Remark()
-                    .contains(QStringLiteral("solo in parte")));
+    EXPECT_TRUE(Control<OutcomePanel>("Esito").Remark().contains(QStringLiteral("solo in parte")));
 }
 
 TEST_F(FrmSuonerie, All168RingsAreSentSortedEmptyOnesToo)
@@ -110,7 +108,7 @@ TEST_F(FrmSuonerie, All168RingsAreSentSortedEmptyOnesToo)
     EXPECT_EQ(sent[167], "Rings.Send(4, 7) 6/24 00:00 0");
     EXPECT_EQ(Told(DialogIcon::Information), QStringLiteral("Spedizione dati OK"));
     EXPECT_EQ(CallsMade().back(), "DTR(true)");
-    EXPECT_EQ(Text(QStringLiteral("Esito")), "Comunicazione OK");
+    EXPECT_EQ(Text("Esito"), "Comunicazione OK");
 }
 
 TEST_F(FrmSuonerie, ARingThatStillFailsEndsTheSending)
@@ -132,8 +130,7 @@ TEST_F(FrmSuonerie, ThePercentageRisesAndIsBackAt0)
 {
     Open();
     std::vector<int> percentages;
-    QObject::connect(&Control<QProgressBar>(QStringLiteral("Percentuale")),
-                     &QProgressBar::valueChanged, bells,
+    QObject::connect(&Control<QProgressBar>("Percentuale"), &QProgressBar::valueChanged, bells,
                      [&percentages](int value) { percentages.push_back(value); });
     QString caption;
     terminal.component.on_call = [&](const std::string& call) {
@@ -167,7 +164,7 @@ TEST_F(FrmSuonerie, WhatTheComponentThrowsEndsTheCommandNotTheProgram)
     Press("cmdRiceveSuonerie");
     EXPECT_EQ(Told(DialogIcon::Critical), QStringLiteral("Errore nella ricezione dei dati"));
     EXPECT_EQ(pc.dialog.told.front().informative, QStringLiteral("Errore del componente: guasto"));
-    EXPECT_EQ(Text(QStringLiteral("Esito")), "Errore del componente: guasto");
+    EXPECT_EQ(Text("Esito"), "Errore del componente: guasto");
     EXPECT_EQ(Controls().PannelloPercentuale->value(), 0);
     EXPECT_TRUE(Enabled("cmdRiceveSuonerie"));
 }
@@ -179,7 +176,7 @@ TEST_F(FrmSuonerie, WithoutAComponentNothingIsCleared)
     state.Component.reset();
     Press("cmdRiceveSuonerie");
     EXPECT_TRUE(Entry(0, 1) == kNoon);
-    EXPECT_EQ(Text(QStringLiteral("Esito")), "Errore: il componente per Orlo non è disponibile.");
+    EXPECT_EQ(Text("Esito"), "Errore: il componente per Orlo non è disponibile.");
     EXPECT_TRUE(pc.dialog.told.empty());
 }
 

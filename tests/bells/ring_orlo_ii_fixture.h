@@ -43,7 +43,7 @@ protected:
         Connect(QString::fromLatin1(model), {}, faults);
         OpenBells("frmRingOrloII");
     }
-    RingList& List() const { return Control<RingList>(QStringLiteral("ListaSuonerie")); }
+    RingList& List() const { return Control<RingList>("ListaSuonerie"); }
     void ClickLine(int row)
     {
         List().scrollToItem(List().item(row));
@@ -59,7 +59,7 @@ protected:
             days += Ticked(day) ? '1' : '0';
         return days;
     }
-    std::string Status() const { return Text(QStringLiteral("PannelloSuonerie")); }
+    std::string Status() const { return Text("PannelloSuonerie"); }
     std::string Exported() const
     {
         return end_to_end::ChildProcess(ORLO_MDB_EXPORT, {"-H", file.string(), "Suonerie"},

@@ -58,7 +58,7 @@ TEST_F(FrmRingOrloII, LinesOnNoDayAreNotSentToOrloTreAndSuperStrale)
         Open(model);
         // A ring with a time and on no day.
         ClickLine(10);
-        Type(QStringLiteral("Ring"), "1000");
+        Type("Ring", "1000");
         Press("cmdAggiorna");
         Press("cmdTrasmette");
         EXPECT_EQ(commands.join(u'|').toStdString(),

@@ -55,7 +55,7 @@ protected:
     }
     const std::vector<RingMark>& Marks() const
     {
-        return Control<WeekDrawing>(QStringLiteral("DisegnoSettimana")).Marks();
+        return Control<WeekDrawing>("DisegnoSettimana").Marks();
     }
 };
 

@@ -15,10 +15,8 @@ protected:
     void Connect(const char* model = "Orlo", bool by_modem = false)
     {
         state.Component = component.Make();
-        TerminalRecord& slot = state.TerminalTable[kTerminal - 1];
-        slot.Priorita = 7;
-        slot.AbilitazioneModem = by_modem ? kTrue : kFalse;
-        Register(kTerminal, QString::fromLatin1(model));
+        state.TerminalTable[kTerminal - 1].AbilitazioneModem = by_modem ? kTrue : kFalse;
+        RegisterObject(model);
         form.open();
     }
     void TearDown() override { state.Component.reset(); }

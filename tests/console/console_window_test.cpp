@@ -4,8 +4,6 @@
 #include <QClipboard>
 #include <QPlainTextEdit>
 
-#include <set>
-
 namespace orlo::testing
 {
 namespace
@@ -175,17 +173,8 @@ TEST_F(ConsoleWindow, EscapeClosesUnlessACommandRuns)
 
 TEST_F(ConsoleWindow, NoTwoMnemonicsAreAlikeAndEveryInputHasAName)
 {
-    std::set<QChar> letters;
-    const auto take = [&letters](const QString& text) {
-        const qsizetype mark = text.indexOf(u'&');
-        if (mark >= 0) {
-            EXPECT_TRUE(letters.insert(text[mark + 1].toUpper()).second) << text.toStdString();
-        }
-    };
-    for (const auto* button : form.findChildren<QAbstractButton*>()) take(button->text());
-    for (const auto* label : form.findChildren<QLabel*>())
-        if (label->buddy() != nullptr) take(label->text());
-    EXPECT_EQ(letters.size(), 5U);
+    EXPECT_EQ(MnemonicsOf(form).size(), 5);
+    EXPECT_PRED1(AllDifferent, MnemonicsOf(form));
     for (const char* name : {"CommandField", "DataField", "cmdTrasmetteComando", "cmdUscita",
                              "cmdCopia", "ReceivedDataLabel", "ReceveidCommand", "EsitoComando"})
         EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;

@@ -1,104 +1,28 @@
-#include "app/desk.h"
-#include "registry/contenitore_controls.h"
-#include "registry/start_up.h"
-#include "registry/terminal_lines.h"
 #include "tests/end_to_end/exported_table.h"
-#include "tests/end_to_end/installation.h"
-#include "tests/support/test_workstation.h"
+#include "tests/end_to_end/opened_window.h"
 
-#include <QDialog>
+#include <QLineEdit>
 #include <QListWidget>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace orlo::end_to_end
 {
 namespace
 {
 
-struct Model {
-    const char* name;
-    int type;
-};
-
-void PrintTo(const Model& model, std::ostream* out)
-{
-    *out << model.name;
-}
-
-std::string TestName(const ::testing::TestParamInfo<Model>& model)
-{
-    std::string name = model.param.name;
-    std::erase(name, ' ');
-    return name;
-}
-
-/// The program with terminal 7 on a simulated line, started, left and started again.
-class BellsOnALine : public ::testing::TestWithParam<Model>
+class BellsOnALine : public OpenedWindow
 {
 protected:
-    const Installation installation;
-    std::unique_ptr<SimulatedLine> line;
-    orlo::testing::FakeDialog dialog;
-    NoTrace trace;
-    std::unique_ptr<Desk> desk;
-    QDialog* bells = nullptr;
-
-    ~BellsOnALine() override { End(); }
-
-    /// The simulated terminal, with these faults, and the program.
-    void SetOut(const std::vector<std::string>& faults = {})
+    void OpenBells(const char* name) { Open(Controls().cmdSuonerie, name); }
+    void Type(QAnyStringView name, const QString& text)
     {
-        std::vector<std::string> arguments = {"--terminale",
-                                              std::string("numero=7,modello=") + GetParam().name};
-        for (const std::string& fault : faults)
-            arguments.insert(arguments.end(), {"--guasto", fault});
-        line = installation.Simulate(arguments);
-        installation.Register({{.terminal = 7, .type = GetParam().type}});
-        Start();
+        auto& field = Find<QLineEdit>(name);
+        field.setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(&field, text);
+        QTest::keyClick(&field, Qt::Key_Tab);
     }
-    void Start()
+    QString Text(QAnyStringView name) const
     {
-        CommandLine command_line;
-        command_line.configuration_file = Path("Configurazione.ini");
-        command_line.devices[0] = Path("com1");
-        command_line.component_file = QStringLiteral(ORLO_COMPONENT_PATH);
-        desk = std::make_unique<Desk>(command_line, dialog, trace);
-        const StartUpOutcome start_up =
-            StartUp(desk->Window(), command_line.configuration_file, desk->Component());
-        ASSERT_EQ(start_up.end, StartUpOutcome::End::Complete) << start_up.reason.toStdString();
-        ASSERT_TRUE(SelectTerminal(desk->Window(), 7));
-        desk->Window().show();
-    }
-    void End()
-    {
-        if (desk) CloseRegister(desk->State());
-        desk.reset();
-    }
-    QString Path(const char* name) const
-    {
-        return QString::fromStdString(installation.PathOf(name));
-    }
-
-    void OpenBells(const char* name)
-    {
-        desk->Window().Controls().cmdSuonerie->click();
-        bells = desk->Window().findChild<QDialog*>(QLatin1String(name));
-        ASSERT_NE(bells, nullptr);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(bells));
-    }
-    void Press(const QString& button) { bells->findChild<QAbstractButton*>(button)->click(); }
-    void Type(const QString& name, const QString& text)
-    {
-        auto* const field = bells->findChild<QLineEdit*>(name);
-        field->setFocus(Qt::TabFocusReason);
-        QTest::keyClicks(field, text);
-        QTest::keyClick(field, Qt::Key_Tab);
-    }
-    QString Text(const QString& name)
-    {
-        return bells->findChild<QWidget*>(name)->property("text").toString();
+        return Find<QWidget>(name).property("text").toString();
     }
 };
 
@@ -114,15 +38,15 @@ protected:
 
 TEST_P(ObjectBells, AWeekSentIsReadBackEqualByAnotherStartOfTheProgram)
 {
-    SetOut();
+    Start("");
     OpenBells("FrmSuonerie");
-    Press(QStringLiteral("Giorno_0"));
+    Press("Giorno_0");
     EnterRing(0, "1200", 4);
     EnterRing(2, "8:30", 2);
-    Press(QStringLiteral("Giorno_6"));
+    Press("Giorno_6");
     for (int ring = 0; ring < kRingsOfDay; ++ring)
         EnterRing(ring, qPrintable(QStringLiteral("%1:59").arg(23 - ring)), ring % 11);
-    Press(QStringLiteral("cmdTrasmetteSuonerie"));
+    Press("cmdTrasmetteSuonerie");
     ASSERT_EQ(dialog.told.size(), 1U);
     EXPECT_EQ(dialog.told[0].text, QStringLiteral("Spedizione dati OK"));
     EXPECT_EQ(line->State("7.suoneria_0_01"), "08:30 2");
@@ -130,52 +54,51 @@ TEST_P(ObjectBells, AWeekSentIsReadBackEqualByAnotherStartOfTheProgram)
     EXPECT_EQ(line->State("7.suoneria_6_01"), "00:59 1");
     EXPECT_EQ(line->State("7.suoneria_6_23"), "22:59 1");
     const RingTable sent = desk->State().RingTable;
-    End();
+    EndProgram();
 
-    Start();
+    StartProgram();
     EXPECT_FALSE(desk->State().RingTable == sent);
     OpenBells("FrmSuonerie");
-    Press(QStringLiteral("cmdRiceveSuonerie"));
+    Press("cmdRiceveSuonerie");
     EXPECT_EQ(dialog.told.back().text, QStringLiteral("Ricezione dati OK"));
     EXPECT_TRUE(desk->State().RingTable == sent);
-    Press(QStringLiteral("Giorno_0"));
-    EXPECT_EQ(Text(QStringLiteral("Ring_0")), QStringLiteral("08:30"));
-    EXPECT_EQ(Text(QStringLiteral("TempoRings_1")), QStringLiteral("4"));
+    Press("Giorno_0");
+    EXPECT_EQ(Text("Ring_0"), QStringLiteral("08:30"));
+    EXPECT_EQ(Text("TempoRings_1"), QStringLiteral("4"));
 }
 
 TEST_P(ObjectBells, AWindowThatIsClosedHoldsNothingBack)
 {
-    SetOut();
+    Start("");
     OpenBells("FrmSuonerie");
-    QTest::keyClick(bells, Qt::Key_Escape);
-    EXPECT_FALSE(bells->isVisible());
-    desk->Window().Controls().cmdTest->click();
-    EXPECT_TRUE(desk->Window().Controls().LabelUltimoComando->text().endsWith(
-        QStringLiteral("Comunicazione OK")));
+    QTest::keyClick(form, Qt::Key_Escape);
+    EXPECT_FALSE(form->isVisible());
+    Controls().cmdTest->click();
+    EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(QStringLiteral("Comunicazione OK")));
 }
 
 TEST_P(ObjectBells, ARefusedTransferIsRepeated)
 {
-    SetOut({"3:esito=ER"});
+    Start("", {"--guasto", "3:esito=ER"});
     OpenBells("FrmSuonerie");
-    Press(QStringLiteral("cmdRiceveSuonerie"));
+    Press("cmdRiceveSuonerie");
     ASSERT_EQ(dialog.told.size(), 1U);
     EXPECT_EQ(dialog.told[0].text, QStringLiteral("Ricezione dati OK"));
-    EXPECT_EQ(Text(QStringLiteral("LabelTentativi")), QStringLiteral("Tentativi2/3"));
+    EXPECT_EQ(Text("LabelTentativi"), QStringLiteral("Tentativi2/3"));
 }
 
 TEST_P(ObjectBells, ATerminalThatRefusesThreeTimesEndsTheSending)
 {
-    SetOut({"2:esito=ER", "3:esito=ER", "4:esito=ER"});
+    Start("", {"--guasto", "2:esito=ER", "--guasto", "3:esito=ER", "--guasto", "4:esito=ER"});
     OpenBells("FrmSuonerie");
-    Press(QStringLiteral("cmdTrasmetteSuonerie"));
+    Press("cmdTrasmetteSuonerie");
     ASSERT_EQ(dialog.told.size(), 1U);
     EXPECT_EQ(dialog.told[0].text, QStringLiteral("Errore nella spedizione dei dati"));
-    EXPECT_EQ(Text(QStringLiteral("LabelTentativi")), QStringLiteral("Tentativi3/3"));
+    EXPECT_EQ(Text("LabelTentativi"), QStringLiteral("Tentativi3/3"));
 }
 
-INSTANTIATE_TEST_SUITE_P(EndToEnd, ObjectBells,
-                         ::testing::Values(Model{"Orlo", 1}, Model{"Sipa", 2}), TestName);
+INSTANTIATE_TEST_SUITE_P(EndToEnd, ObjectBells, ::testing::ValuesIn(ModelsOnLine(/*serial=*/false)),
+                         [](const auto& model) { return model.param.test_name; });
 
 class SerialBells : public BellsOnALine
 {
@@ -183,24 +106,23 @@ protected:
     void Store(int line_of_list, const char* time, int duration, const char* relay,
                std::initializer_list<const char*> days)
     {
-        bells->findChild<QListWidget*>(QStringLiteral("ListaSuonerie"))
-            ->setCurrentRow(line_of_list);
-        Type(QStringLiteral("Ring"), QString::fromLatin1(time));
-        Type(QStringLiteral("TempoRings"), QString::number(duration));
-        Press(QString::fromUtf8(relay));
-        for (const char* day : days) Press(QString::fromLatin1(day));
-        Press(QStringLiteral("cmdAggiorna"));
+        Find<QListWidget>("ListaSuonerie").setCurrentRow(line_of_list);
+        Type("Ring", QString::fromLatin1(time));
+        Type("TempoRings", QString::number(duration));
+        Press(relay);
+        for (const char* day : days) Press(day);
+        Press("cmdAggiorna");
     }
 };
 
 TEST_P(SerialBells, RingsAreStoredSentAndThereAtTheNextStart)
 {
-    SetOut();
+    Start("");
     OpenBells("frmRingOrloII");
     Store(0, "8:30", 5, "RelèA", {"Lunedi", "Martedi", "Mercoledi", "Giovedi", "Venerdi"});
     Store(31, "2359", 99, "RelèB", {"Domenica", "Festivo"});
-    Press(QStringLiteral("cmdTrasmette"));
-    EXPECT_EQ(Text(QStringLiteral("PannelloSuonerie")), QStringLiteral("Comunicazione OK"));
+    Press("cmdTrasmette");
+    EXPECT_EQ(Text("PannelloSuonerie"), QStringLiteral("Comunicazione OK"));
     EXPECT_EQ(line->State("7.suoneria_01"), "08:30 01111100 1 5");
     EXPECT_EQ(line->State("7.suoneria_32"), "23:59 10000001 2 99");
     EXPECT_TRUE(dialog.told.empty());
@@ -208,38 +130,35 @@ TEST_P(SerialBells, RingsAreStoredSentAndThereAtTheNextStart)
     ASSERT_GE(rows.size(), 2U);
     EXPECT_EQ(rows[rows.size() - 2], "7,1,8,30,\"01111100\",1,5");
     EXPECT_EQ(rows.back(), "7,32,23,59,\"10000001\",2,99");
-    End();
+    EndProgram();
 
-    Start();
+    StartProgram();
     OpenBells("frmRingOrloII");
-    const auto* list = bells->findChild<QListWidget*>(QStringLiteral("ListaSuonerie"));
-    EXPECT_EQ(list->item(1)->text().toStdString(), "32   23:59     99     1 0 0 0 0 0 0 1    0 1");
+    EXPECT_EQ(Find<QListWidget>("ListaSuonerie").item(1)->text().toStdString(),
+              "32   23:59     99     1 0 0 0 0 0 0 1    0 1");
     dialog.answer_yes = true;
-    Press(QStringLiteral("cmdReset"));
-    EXPECT_EQ(Text(QStringLiteral("PannelloSuonerie")), QStringLiteral("Comunicazione OK"));
+    Press("cmdReset");
+    EXPECT_EQ(Text("PannelloSuonerie"), QStringLiteral("Comunicazione OK"));
     EXPECT_EQ(line->Commands("14"), "14CLEAR");
     EXPECT_EQ(Exported(installation, "Suonerie"), rows);
 }
 
 TEST_P(SerialBells, SendingStopsAtTheRingThatIsNotAnswered)
 {
-    SetOut({"13#2:silenzio"});
+    Start("", {"--guasto", "13#2:silenzio"});
     OpenBells("frmRingOrloII");
     for (const int line_of_list : {0, 1, 2}) Store(line_of_list, "8:30", 5, "RelèA", {"Lunedi"});
-    Press(QStringLiteral("cmdTrasmette"));
-    EXPECT_EQ(Text(QStringLiteral("PannelloSuonerie")), QStringLiteral("Timeout"));
+    Press("cmdTrasmette");
+    EXPECT_EQ(Text("PannelloSuonerie"), QStringLiteral("Timeout"));
     EXPECT_EQ(line->State("7.suoneria_02"), "08:30 01000000 1 5") << "its answer was lost";
     EXPECT_EQ(line->State("7.suoneria_03"), "");
-    Press(QStringLiteral("cmdTrasmette"));
-    EXPECT_EQ(Text(QStringLiteral("PannelloSuonerie")), QStringLiteral("Comunicazione OK"));
+    Press("cmdTrasmette");
+    EXPECT_EQ(Text("PannelloSuonerie"), QStringLiteral("Comunicazione OK"));
     EXPECT_EQ(line->State("7.suoneria_03"), "08:30 01000000 1 5");
 }
 
-INSTANTIATE_TEST_SUITE_P(EndToEnd, SerialBells,
-                         ::testing::Values(Model{"Orlo II", 3}, Model{"Strale", 4},
-                                           Model{"Strale N", 5}, Model{"Lumo", 6},
-                                           Model{"OrloTre", 7}, Model{"SuperStrale", 8}),
-                         TestName);
+INSTANTIATE_TEST_SUITE_P(EndToEnd, SerialBells, ::testing::ValuesIn(ModelsOnLine(/*serial=*/true)),
+                         [](const auto& model) { return model.param.test_name; });
 
 }  // namespace
 }  // namespace orlo::end_to_end

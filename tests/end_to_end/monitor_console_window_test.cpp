@@ -1,52 +1,32 @@
-#include "tests/end_to_end/window_on_a_line.h"
+#include "tests/end_to_end/opened_window.h"
 
 #include <QCheckBox>
-#include <QDialog>
 #include <QDir>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
-#include <QPushButton>
 
 namespace orlo::end_to_end
 {
 namespace
 {
 
-/// A window opened by its button of the main window, in the folder of the installation.
-class MonitorAndConsole : public WindowOnALine
+/// In the folder of the installation.
+class MonitorAndConsole : public OpenedWindow
 {
 protected:
-    QDialog* form = nullptr;
-
     void SetUp() override { QDir::setCurrent(QString::fromStdString(installation.PathOf(""))); }
     void TearDown() override { QDir::setCurrent(before_); }
 
     /// Without the delay that the register holds for terminal 7, which makes every record a wait.
     void Start(const std::string& settings, std::vector<std::string> more = {})
     {
-        WindowOnALine::Start(settings, std::move(more));
+        OpenedWindow::Start(settings, std::move(more));
         desk->State().TerminalTable.at(6).Ritardo = 0;
     }
 
-    void Open(QPushButton* button, const char* name)
-    {
-        button->click();
-        form = desk->Window().findChild<QDialog*>(QLatin1String(name));
-        ASSERT_NE(form, nullptr);
-        ASSERT_TRUE(form->isVisible());
-    }
     void OpenMonitor() { Open(Controls().cmdMonitorTimbrature, "FrmMonitor"); }
     void OpenConsole() { Open(Controls().cmdComandi, "FrmComandi"); }
-
-    template <typename Control>
-    Control& Find(const char* name) const
-    {
-        return *form->findChild<Control*>(QLatin1String(name));
-    }
-    void Press(const char* button) const { Find<QPushButton>(button).click(); }
-    QString Label(const char* name) const { return Find<QLabel>(name).text(); }
 
     /// Has the monitor read, with its listing.
     void Read() const

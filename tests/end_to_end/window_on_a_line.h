@@ -11,6 +11,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
 namespace orlo::end_to_end
 {
 
@@ -33,6 +37,15 @@ inline const Model kModels[] = {
     {"OrloTre", "OrloTre", 7, true},  {"SuperStrale", "SuperStrale", 8, true},
 };
 
+/// The models that are reached by telegrams, or those behind the component.
+inline std::vector<Model> ModelsOnLine(bool serial)
+{
+    std::vector<Model> models;
+    std::ranges::copy_if(kModels, std::back_inserter(models),
+                         [serial](const Model& model) { return model.serial == serial; });
+    return models;
+}
+
 /// The program's own window, with its buttons wired, over a simulated line with terminal 7.
 class WindowOnALine : public ::testing::TestWithParam<Model>
 {
@@ -43,11 +56,9 @@ protected:
     NoTrace trace;
     std::unique_ptr<Desk> desk;
 
-    ~WindowOnALine() override
-    {
-        if (desk) CloseRegister(desk->State());
-    }
+    ~WindowOnALine() override { EndProgram(); }
 
+    /// The simulated terminal, with these settings and these arguments behind it, and the program.
     void Start(const std::string& settings, std::vector<std::string> more = {})
     {
         std::vector<std::string> arguments = {
@@ -55,6 +66,10 @@ protected:
         arguments.insert(arguments.end(), more.begin(), more.end());
         line = installation.Simulate(arguments);
         installation.Register({{.terminal = 7, .type = GetParam().type}});
+        StartProgram();
+    }
+    void StartProgram()
+    {
         CommandLine command_line;
         command_line.configuration_file = Path("Configurazione.ini");
         command_line.devices[0] = Path("com1");
@@ -65,6 +80,11 @@ protected:
         ASSERT_EQ(start_up.end, StartUpOutcome::End::Complete) << start_up.reason.toStdString();
         ASSERT_TRUE(SelectTerminal(desk->Window(), 7));
         desk->Window().show();
+    }
+    void EndProgram()
+    {
+        if (desk) CloseRegister(desk->State());
+        desk.reset();
     }
 
     QString Path(const char* name) const

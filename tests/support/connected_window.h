@@ -75,6 +75,16 @@ protected:
         window.SelectTerminalLine(0);
     }
 
+    /// Terminal 4 as an Orlo or a Sipa of priorities 7 and 6, selected.
+    void RegisterObject(const char* model)
+    {
+        TerminalRecord& slot = state.TerminalTable.at(kTerminal - 1);
+        slot.Priorita = 7;
+        slot.PrioritaSecondaria = 6;
+        Register(kTerminal, QString::fromLatin1(model));
+        window.SelectTerminalLine(Controls().ListaTerminali->count() - 1);
+    }
+
     const simulator::Terminal& Terminal() const { return line->Terminals()[0]; }
     QString Outcome() const { return Controls().PannelloComunicazione->text(); }
 

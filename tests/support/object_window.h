@@ -15,11 +15,9 @@ protected:
     void Connect(const char* model = "Orlo", float delay = 0)
     {
         state.Component = terminal.Make();
-        Register(kTerminal, QString::fromLatin1(model));
+        RegisterObject(model);
         TerminalRecord& slot = state.TerminalTable.at(kTerminal - 1);
         slot.Velocita = 38400;
-        slot.Priorita = 7;
-        slot.PrioritaSecondaria = 6;
         slot.Ritardo = delay;
         window.SelectTerminalLine(Controls().ListaTerminali->count() - 1);
     }
