@@ -92,13 +92,11 @@ bool FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QStri
     Run(task, EscapeUse::Ignored, *ui_->DisegnoSettimana, [&] {
         const TextPanel& caption = *Desk().Controls().PannelloComunicazione;
         ClearOutcome(*ui_->Esito);
-        ui_->Esito->SetRemark(QString());
         done = Desk().PrepareCurrentTerminal() && work();
         const bool said = caption.text().startsWith(QLatin1String("Errore"));
         ui_->Esito->setText(done   ? QStringLiteral("Comunicazione OK")
                             : said ? caption.text()
                                    : failed);
-        ShowWarning();
         Desk().ResetLineBehindCommand();
     });
     return done;
@@ -230,14 +228,14 @@ void FrmSuonerie::ShowWarning()
 {
     switch (week_) {
         case Week::Unread:
-            return ui_->Esito->SetRemark(
+            return ui_->Avviso->SetRemark(
                 tr("La settimana non è stata letta: inviandola ora si svuota quella del "
                    "terminale."));
         case Week::Partial:
-            return ui_->Esito->SetRemark(
+            return ui_->Avviso->SetRemark(
                 tr("La settimana è stata letta solo in parte: inviandola si perde il resto."));
         case Week::Ready:
-            return ui_->Esito->SetRemark(QString());
+            return ui_->Avviso->SetRemark(QString());
     }
 }
 

@@ -31,6 +31,22 @@ TEST_F(FrmSuonerie, AnEnteredRingStandsInTheTableAndInTheDrawing)
     EXPECT_EQ(Primary(), "cmdTrasmetteSuonerie");
 }
 
+TEST_F(FrmSuonerie, TheWarningIsPaintedBesideTheOutcomeAndMovesNothing)
+{
+    Open();
+    auto& panel = Control<OutcomePanel>("Avviso");
+    EXPECT_EQ(Warning(), kUnread);
+    const QRect room = Control("DisegnoSettimana").geometry();
+    const QImage painted = panel.grab().toImage();
+    Control<OutcomePanel>("Esito").setText(QStringLiteral("Errore nella ricezione dei dati"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(panel.grab().toImage(), painted);
+    panel.SetRemark(QString());
+    QCoreApplication::processEvents();
+    EXPECT_NE(panel.grab().toImage(), painted);
+    EXPECT_EQ(Control("DisegnoSettimana").geometry(), room);
+}
+
 TEST_F(FrmSuonerie, ADurationAbove10BecomesTen)
 {
     Open();

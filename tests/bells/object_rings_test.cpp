@@ -90,7 +90,8 @@ TEST_F(FrmSuonerie, APartlyReadWeekStaysAndTheOperatorIsWarned)
     EXPECT_EQ(pc.dialog.told.front().informative,
               QStringLiteral("Da lunedì in poi non è stato letto niente: ER."));
     EXPECT_EQ(Primary(), "cmdRiceveSuonerie");
-    EXPECT_TRUE(Control<OutcomePanel>("Esito").Remark().contains(QStringLiteral("solo in parte")));
+    EXPECT_EQ(Text("Esito"), "Errore nella ricezione dei dati");
+    EXPECT_EQ(Warning(), kPartial);
 }
 
 TEST_F(FrmSuonerie, All168RingsAreSentSortedEmptyOnesToo)
