@@ -11,6 +11,8 @@
 
 #include <QButtonGroup>
 
+#include <optional>
+
 namespace orlo
 {
 
@@ -105,17 +107,16 @@ bool FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QStri
 void FrmSuonerie::cmdRiceveSuonerie_Click()
 {
     TakePending();
-    bool asked = false;
-    const bool done = Transfer(ui_->cmdRiceveSuonerie, tr("Lettura suonerie in corso…"),
-                               tr("Errore nella ricezione dei dati"), [&] {
-                                   asked = true;
-                                   ForgetDay();
-                                   return LeggeSuonerie(Desk());
-                               });
-    if (!asked) return;
+    std::optional<int> rings;
+    Transfer(ui_->cmdRiceveSuonerie, tr("Lettura suonerie in corso…"),
+             tr("Errore nella ricezione dei dati"), [&] {
+                 rings = LeggeSuonerie(Desk(), [this] { ForgetDay(); });
+                 return rings == kRingSlots;
+             });
+    if (!rings) return;
     SortSuonerie(Desk().State().RingTable, Terminal());
     ShowWeek();
-    SetWeek(done ? Week::Ready : Week::Partial);
+    SetWeek(rings == kRingSlots ? Week::Ready : Week::Partial);
 }
 
 void FrmSuonerie::cmdTrasmetteSuonerie_Click()

@@ -56,6 +56,44 @@ TEST_F(FrmSuonerie, ASilentTerminalIsAskedAsOftenAsItHasAttempts)
     EXPECT_EQ(terminal.component.CallsOf("DTR").size(), 2U) << "also behind a failure";
 }
 
+/// Counts how often a control is painted with no marks.
+class PaintedEmpty : public QObject
+{
+public:
+    explicit PaintedEmpty(WeekDrawing& drawing) : drawing_(drawing)
+    {
+        drawing_.installEventFilter(this);
+    }
+    int times = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && drawing_.Marks().empty()) ++times;
+        return false;
+    }
+
+private:
+    WeekDrawing& drawing_;
+};
+
+TEST_F(FrmSuonerie, TheOldWeekIsGoneFromTheDrawingBeforeTheFirstDayIsAskedFor)
+{
+    Open();
+    Entry(2, 2) = kNoon;
+    Press("Giorno_2");
+    ASSERT_EQ(Marks().size(), 1U);
+    rings.silent = true;
+    PaintedEmpty painted(Control<WeekDrawing>("DisegnoSettimana"));
+    std::vector<int> painted_at_requests;
+    terminal.component.on_call = [&](const std::string& call) {
+        if (call.starts_with("Rings.Receive")) painted_at_requests.push_back(painted.times);
+    };
+    Press("cmdRiceveSuonerie");
+    ASSERT_EQ(painted_at_requests.size(), 3U);
+    EXPECT_GT(painted_at_requests[0], 0);
+}
+
 TEST_F(FrmSuonerie, FailuresAreCountedForEachDay)
 {
     rings.failures = {"ER", "ER", "", "ER", "ER", ""};
