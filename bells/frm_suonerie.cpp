@@ -66,9 +66,8 @@ void FrmSuonerie::Form_Load()
     ui_->LabelTentativi->clear();
     ui_->Percentuale->setValue(0);
     ShowWeek();
-    const bool known = !ui_->DisegnoSettimana->Marks().empty();
-    SetWeek(known ? Week::Ready : Week::Unread);
-    (known ? ui_->cmdTrasmetteSuonerie : ui_->cmdRiceveSuonerie)->setFocus();
+    SetWeek(ShownWeek());
+    (ShownWeek() == Week::Ready ? ui_->cmdTrasmetteSuonerie : ui_->cmdRiceveSuonerie)->setFocus();
 }
 
 void FrmSuonerie::DeriveLook()
@@ -116,18 +115,21 @@ void FrmSuonerie::cmdRiceveSuonerie_Click()
     if (!rings) return;
     SortSuonerie(Desk().State().RingTable, Terminal());
     ShowWeek();
-    SetWeek(rings == kRingSlots ? Week::Ready : Week::Partial);
+    weeks_.fill(Week::Unread);  // those of all terminals were cleared
+    SetWeek(rings == kRingSlots ? Week::Ready : rings == 0 ? Week::Unread : Week::Partial);
 }
 
 void FrmSuonerie::cmdTrasmetteSuonerie_Click()
 {
     TakePending();
-    Transfer(ui_->cmdTrasmetteSuonerie, tr("Invio suonerie in corso…"),
-             tr("Errore nella spedizione dei dati"), [this] {
-                 SortSuonerie(Desk().State().RingTable, Terminal());
-                 ShowDay();
-                 return TrasmetteSuonerie(Desk());
-             });
+    const bool sent = Transfer(ui_->cmdTrasmetteSuonerie, tr("Invio suonerie in corso…"),
+                               tr("Errore nella spedizione dei dati"), [this] {
+                                   SortSuonerie(Desk().State().RingTable, Terminal());
+                                   ShowDay();
+                                   return TrasmetteSuonerie(Desk());
+                               });
+    // What stands in the table is the terminal's week now.
+    if (sent) SetWeek(Week::Ready);
 }
 
 void FrmSuonerie::Giorno_Click(int day)
@@ -212,12 +214,13 @@ void FrmSuonerie::TakeChange()
 {
     const std::vector<RingMark> before = ui_->DisegnoSettimana->Marks();
     ShowWeek();
-    if (ui_->DisegnoSettimana->Marks() != before && week_ == Week::Unread) SetWeek(Week::Ready);
+    if (ui_->DisegnoSettimana->Marks() != before && ShownWeek() == Week::Unread)
+        SetWeek(Week::Ready);
 }
 
 void FrmSuonerie::SetWeek(Week week)
 {
-    week_ = week;
+    ShownWeek() = week;
     ui_->cmdTrasmetteSuonerie->setProperty("primario", week == Week::Ready);
     ui_->cmdRiceveSuonerie->setProperty("primario", week != Week::Ready);
     DeriveLook();
@@ -227,7 +230,7 @@ void FrmSuonerie::SetWeek(Week week)
 /// Sending overwrites the terminal's whole week.
 void FrmSuonerie::ShowWarning()
 {
-    switch (week_) {
+    switch (ShownWeek()) {
         case Week::Unread:
             return ui_->Avviso->SetRemark(
                 tr("La settimana non è stata letta: inviandola ora si svuota quella del "

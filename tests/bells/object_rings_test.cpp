@@ -132,6 +132,78 @@ TEST_F(FrmSuonerie, APartlyReadWeekStaysAndTheOperatorIsWarned)
     EXPECT_EQ(Warning(), kPartial);
 }
 
+TEST_F(FrmSuonerie, AWeekReadInPartIsStillThatWhenTheWindowIsOpenedAgain)
+{
+    rings.week[0][0] = kNoon;
+    rings.failures = {"", "ER", "ER", "ER"};
+    Open();
+    Press("cmdRiceveSuonerie");
+    Press("cmdUscita");
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(Warning(), kPartial);
+    EXPECT_EQ(Primary(), "cmdRiceveSuonerie");
+    EXPECT_TRUE(Control("cmdRiceveSuonerie").hasFocus());
+}
+
+TEST_F(FrmSuonerie, AReadThatBringsNothingLeavesTheWeekUnread)
+{
+    rings.silent = true;
+    Open();
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(Warning(), kUnread);
+    EXPECT_EQ(Text("Esito"), "Errore nella ricezione dei dati");
+    EXPECT_TRUE(Marks().empty());
+}
+
+TEST_F(FrmSuonerie, DaysReadWithoutARingAreReadInPart)
+{
+    rings.failures = {"", "", "ER", "ER", "ER"};
+    Open();
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(Warning(), kPartial);
+}
+
+TEST_F(FrmSuonerie, AnEmptyWeekThatWasReadOrSentIsKnown)
+{
+    Open();
+    for (const char* button : {"cmdRiceveSuonerie", "cmdTrasmetteSuonerie"}) {
+        Press(button);
+        Press("cmdUscita");
+        OpenBells("FrmSuonerie");
+        EXPECT_EQ(Warning(), "") << button;
+        EXPECT_TRUE(Control("cmdTrasmetteSuonerie").hasFocus()) << button;
+    }
+}
+
+TEST_F(FrmSuonerie, AWeekReadInPartIsWholeOnceItIsSent)
+{
+    rings.failures = {"", "ER", "ER", "ER"};
+    Open();
+    Press("cmdRiceveSuonerie");
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(Warning(), "");
+    EXPECT_EQ(Primary(), "cmdTrasmetteSuonerie");
+}
+
+TEST_F(FrmSuonerie, ReadingATerminalMakesTheWeeksOfAllOthersUnread)
+{
+    Open();
+    Press("cmdRiceveSuonerie");
+    Press("cmdUscita");
+    Register(9, QStringLiteral("Sipa"));
+    window.SelectTerminalLine(1);
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(bells->windowTitle(), QStringLiteral("Suonerie Terminale n° 9"));
+    EXPECT_EQ(Warning(), kUnread);
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(Warning(), "");
+    Press("cmdUscita");
+    window.SelectTerminalLine(0);
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(bells->windowTitle(), QStringLiteral("Suonerie Terminale n° 4"));
+    EXPECT_EQ(Warning(), kUnread);
+}
+
 TEST_F(FrmSuonerie, All168RingsAreSentSortedEmptyOnesToo)
 {
     Open();
