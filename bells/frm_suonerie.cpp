@@ -125,6 +125,7 @@ void FrmSuonerie::cmdTrasmetteSuonerie_Click()
     const bool sent = Transfer(ui_->cmdTrasmetteSuonerie, tr("Invio suonerie in corso…"),
                                tr("Errore nella spedizione dei dati"), [this] {
                                    SortSuonerie(Desk().State().RingTable, Terminal());
+                                   entered_ring_ = -1;  // sorting has moved it
                                    ShowDay();
                                    return TrasmetteSuonerie(Desk());
                                });

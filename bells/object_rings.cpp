@@ -134,8 +134,9 @@ QString SendWeek(Contenitore& window, RingProgress& progress)
             SelectRing(window, day, ring);
             if (!Attempt(window, [&] { return SendRing(window); }))
                 return WithCode(window,
-                                QStringLiteral("Dalla suoneria %1 di %2 in poi il terminale ha "
-                                               "ancora le suonerie di prima")
+                                QStringLiteral("La suoneria %1 di %2 non è confermata; da "
+                                               "quella dopo in poi il terminale ha ancora le "
+                                               "suonerie di prima")
                                     .arg(ring)
                                     .arg(WeekDay(day)));
             progress.CountRing();

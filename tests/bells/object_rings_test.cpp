@@ -1,5 +1,7 @@
 #include "tests/bells/suonerie_fixture.h"
 
+#include <algorithm>
+
 namespace orlo::testing
 {
 namespace
@@ -222,6 +224,20 @@ TEST_F(FrmSuonerie, All168RingsAreSentSortedEmptyOnesToo)
     EXPECT_EQ(Text("Esito"), "Comunicazione OK");
 }
 
+TEST_F(FrmSuonerie, BehindASendNoRingIsTheChosenOne)
+{
+    Open();
+    Press("Giorno_1");
+    Type("Ring_0", "1200");
+    Type("Ring_1", "0830");
+    Control("Ring_0").setFocus(Qt::TabFocusReason);
+    const auto chosen = [this] { return std::ranges::count(Marks(), true, &RingMark::chosen); };
+    ASSERT_EQ(chosen(), 1);
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(Times(2), "08:30 0;12:00 0;");
+    EXPECT_EQ(chosen(), 0);
+}
+
 TEST_F(FrmSuonerie, ARingThatStillFailsEndsTheSending)
 {
     Open();
@@ -233,8 +249,8 @@ TEST_F(FrmSuonerie, ARingThatStillFailsEndsTheSending)
     EXPECT_EQ(sent[5], "Rings.Send(4, 7) 0/3 00:00 0");
     EXPECT_EQ(Told(DialogIcon::Critical), QStringLiteral("Errore nella spedizione dei dati"));
     EXPECT_EQ(pc.dialog.told.front().informative,
-              QStringLiteral("Dalla suoneria 3 di domenica in poi il terminale ha ancora le "
-                             "suonerie di prima: ER."));
+              QStringLiteral("La suoneria 3 di domenica non è confermata; da quella dopo in "
+                             "poi il terminale ha ancora le suonerie di prima: ER."));
 }
 
 TEST_F(FrmSuonerie, ThePercentageRisesAndIsBackAt0)
