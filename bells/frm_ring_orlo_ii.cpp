@@ -206,8 +206,10 @@ void frmRingOrloII::cmdTrasmette_Click()
     RunBehind(ui_->cmdTrasmette, tr("Invio suonerie in corso…"), [this] {
         const TerminalModel* const model = Desk().ShownModel();
         if (model == nullptr || !Desk().PrepareCurrentTerminal()) return;
-        const QString status = SendRings(Desk(), model->bell_telegram, ui_->ListaSuonerie->Lines());
-        ui_->PannelloSuonerie->setText(status);
+        const SentRings sent =
+            SendRings(Desk(), model->bell_telegram, ui_->ListaSuonerie->Lines());
+        ui_->PannelloSuonerie->setText(sent.status);
+        Desk().NoteOutcome(sent.outcome);
     });
 }
 

@@ -36,16 +36,16 @@ Exchanged Exchange(Contenitore& window, std::string_view command)
     return {answer == kTimeout ? kSilent : kDone, good_frame};
 }
 
-/// How many rings were answered in a good frame. Nobody asks for that; the operator is told it
-/// beside.
-void NoteBadAnswers(Contenitore& window, int sent, int good)
+/// The number of the line that was answered last is no outcome: lines behind it may not have been
+/// for the terminal. How many answers came in a good frame nobody asks; the operator is told it.
+SentRings Finished(int sent, int good)
 {
-    if (good < sent) window.NoteOutcome(QStringLiteral("risposte %1 su %2").arg(good).arg(sent));
+    return {kDone, good == sent ? kDone : QStringLiteral("risposte %1 su %2").arg(good).arg(sent)};
 }
 
 }  // namespace
 
-QString SendRings(Contenitore& window, BellTelegram form, const QStringList& lines)
+SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& lines)
 {
     TextPanel& caption = *window.Controls().PannelloComunicazione;
     caption.clear();
@@ -57,15 +57,14 @@ QString SendRings(Contenitore& window, BellTelegram form, const QStringList& lin
         const Exchanged exchanged = Exchange(window, *telegram);
         if (exchanged.status != kDone) {
             caption.setText(exchanged.status);
-            return exchanged.status;
+            return {exchanged.status, exchanged.status};
         }
         ++sent;
         good += exchanged.good_frame ? 1 : 0;
         caption.setText(QStringLiteral("%1/32 ").arg(line + 1) + kDone);
         window.Station().clock.ProcessPendingEvents();
     }
-    NoteBadAnswers(window, sent, good);
-    return kDone;
+    return Finished(sent, good);
 }
 
 QString ClearRings(Contenitore& window)

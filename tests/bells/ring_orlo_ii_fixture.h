@@ -60,6 +60,11 @@ protected:
         return days;
     }
     std::string Status() const { return Text("PannelloSuonerie"); }
+    /// The line of the last command, behind its time.
+    std::string LastCommand() const
+    {
+        return Controls().LabelUltimoComando->text().section(u' ', 1).toStdString();
+    }
     std::string Exported() const
     {
         return end_to_end::ChildProcess(ORLO_MDB_EXPORT, {"-H", file.string(), "Suonerie"},

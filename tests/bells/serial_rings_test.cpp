@@ -87,6 +87,22 @@ TEST_F(FrmRingOrloII, WithoutRowsOrloIISends32TelegramsAndOrloTreNone)
     EXPECT_EQ(Status(), "Comunicazione OK");
 }
 
+TEST_F(FrmRingOrloII, AFinishedSendIsThatInTheLineOfTheLastCommand)
+{
+    Open("OrloTre");
+    Press("cmdTrasmette");
+    EXPECT_EQ(Outcome().toStdString(), "4/32 Comunicazione OK");
+    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: Comunicazione OK");
+    Press("cmdUscita");
+
+    UseDatabase("nimbo-base-2000.mdb");
+    Controls().LabelUltimoComando->setText(QStringLiteral("08:00 un comando prima"));
+    OpenBells("frmRingOrloII");
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 4) << "nothing more was sent";
+    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: Comunicazione OK");
+}
+
 TEST_F(FrmRingOrloII, SendingStopsAtTheFirstTimeout)
 {
     Open("Orlo II", {"3:silenzio"});
