@@ -219,18 +219,20 @@ void frmRingOrloII::cmdReset_Click()
     RunBehind(ui_->cmdReset, tr("Azzeramento suonerie in corso…"), [this] {
         if (!Desk().Station().dialog.AskYesNo(
                 DialogIcon::Critical, QStringLiteral("Attenzione"),
-                QStringLiteral("Si desidera azzerare le suonerie?")) ||
-            !Desk().PrepareCurrentTerminal())
+                QStringLiteral("Si desidera azzerare le suonerie?")))
             return;
-        const QString status = ClearRings(Desk());
-        ui_->PannelloSuonerie->setText(status);
-        // A terminal that did not answer still has its rings, and the list shows them.
-        if (status != QLatin1String("Comunicazione OK")) return;
-        for (int row = 0; row < ui_->ListaSuonerie->count(); ++row)
-            ui_->ListaSuonerie->SetLine(
-                row, EmptyRingLine(ui_->ListaSuonerie->item(row)->text().left(2).toInt()));
-        ListaSuonerie_Click();
+        if (Desk().PrepareCurrentTerminal()) ui_->PannelloSuonerie->setText(ClearRings(Desk()));
+        // Whatever the terminal answered: an answer may be lost behind a reset that was made.
+        EmptyList();
     });
+}
+
+void frmRingOrloII::EmptyList()
+{
+    for (int row = 0; row < ui_->ListaSuonerie->count(); ++row)
+        ui_->ListaSuonerie->SetLine(
+            row, EmptyRingLine(ui_->ListaSuonerie->item(row)->text().left(2).toInt()));
+    ListaSuonerie_Click();
 }
 
 }  // namespace orlo

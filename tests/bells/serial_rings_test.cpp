@@ -128,13 +128,10 @@ TEST_F(FrmRingOrloII, APortThatDoesNotOpenIsSaid)
 {
     Open();
     pc.com1.device_missing = true;
-    for (const char* button : {"cmdTrasmette", "cmdReset"}) {
-        pc.dialog.answer_yes = true;
-        Press(button);
-        EXPECT_EQ(Status(), "Errore aprendo la COM") << button;
-        EXPECT_EQ(Outcome(), QStringLiteral("Errore aprendo la COM")) << button;
-        EXPECT_TRUE(commands.isEmpty()) << button;
-    }
+    Press("cmdTrasmette");
+    EXPECT_EQ(Status(), "Errore aprendo la COM");
+    EXPECT_EQ(Outcome(), QStringLiteral("Errore aprendo la COM"));
+    EXPECT_TRUE(commands.isEmpty());
     EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
 }
 
@@ -188,13 +185,22 @@ TEST_F(FrmRingOrloII, ResetThatIsNotConfirmedDoesNothing)
     EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
 }
 
-TEST_F(FrmRingOrloII, ResetWithoutAnAnswerLeavesTheList)
+TEST_F(FrmRingOrloII, AConfirmedResetEmptiesTheListWhateverTheTerminalAnswers)
 {
-    Open("Orlo II", {"14*:richiesta-persa"});
     pc.dialog.answer_yes = true;
-    Press("cmdReset");
-    EXPECT_EQ(Status(), "Timeout");
-    EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
+    const auto expect_emptied = [this](const char* status) {
+        Press("cmdReset");
+        EXPECT_EQ(Status(), status);
+        EXPECT_EQ(List().Lines(), RingLines({})) << status;
+        EXPECT_EQ(Exported(), std::string(kTerminal1) + kTerminal4) << status;
+        Press("cmdUscita");
+        OpenBells("frmRingOrloII");
+        EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1") << status;
+    };
+    Open("Orlo II", {"14*:richiesta-persa"});
+    expect_emptied("Timeout");
+    pc.com1.device_missing = true;
+    expect_emptied("Errore aprendo la COM");
 }
 
 TEST_F(FrmRingOrloII, NothingReactsWhileRingsAreSentAndACloseFollows)
