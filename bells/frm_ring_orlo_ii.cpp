@@ -136,10 +136,10 @@ void frmRingOrloII::SetRelay(int number)
 
 BellRow frmRingOrloII::Entered() const
 {
-    const RingTime time = RingTimeOf(ui_->Ring->text()).value_or(RingTime{});
-    BellRow row;
+    BellRow row = CutRingLine(ui_->ListaSuonerie->currentItem()->text());
+    // A stored time that is none of a day stays until another one is typed.
+    const RingTime time = RingTimeOf(ui_->Ring->text()).value_or(RingTime{row.Ora, row.Minuti});
     row.Terminale = Terminal();
-    row.Locazione = ui_->ListaSuonerie->currentItem()->text().left(2).toInt();
     row.Ora = time.hour;
     row.Minuti = time.minute;
     row.Giorni.clear();

@@ -65,6 +65,25 @@ TEST_F(FrmRingOrloII, StoringChangesTheRowOfTheClickedLineAndTheLine)
     EXPECT_EQ(jet::CheckIntegrity(file), std::vector<std::string>{});
 }
 
+TEST_F(FrmRingOrloII, AStoredTimeThatIsNoneStaysUntilAnotherIsTyped)
+{
+    UseDatabase("nimbo-full-2000.mdb");
+    StoreBellRow(*state.Database, {4, 1, 24, 60, QStringLiteral("01111110"), 2, 5});
+    Open();
+    Type("Ring", "");
+    Type("TempoRings", "");
+    EXPECT_EQ(Text("Ring"), "24:60");
+    EXPECT_EQ(Text("LabelModifiche"), "");
+    Type("TempoRings", "6");
+    Press("cmdAggiorna");
+    EXPECT_EQ(Line(0), "01   24:60     06     0 1 1 1 1 1 1 0    0 1");
+    Type("Ring", "2400");
+    EXPECT_EQ(Text("Ring"), "24:60") << "refused";
+    Type("Ring", "0830");
+    Press("cmdAggiorna");
+    EXPECT_EQ(Line(0), "01   08:30     06     0 1 1 1 1 1 1 0    0 1");
+}
+
 TEST_F(FrmRingOrloII, StoringAddsTheRowThatTheClickedLineHasNone)
 {
     Open();
