@@ -36,6 +36,13 @@ Exchanged Exchange(Contenitore& window, std::string_view command)
     return {answer == kTimeout ? kSilent : kDone, good_frame};
 }
 
+/// The sending ends before its last line.
+SentRings Ended(TextPanel& caption, const QString& status)
+{
+    caption.setText(status);
+    return {status, status};
+}
+
 /// The number of the line that was answered last is no outcome: lines behind it may not have been
 /// for the terminal. How many answers came in a good frame nobody asks; the operator is told it.
 SentRings Finished(int sent, int good)
@@ -54,11 +61,9 @@ SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& l
     for (qsizetype line = 0; line < lines.size(); ++line) {
         const std::optional<std::string> telegram = RingTelegram(form, lines[line]);
         if (!telegram) continue;
+        if (window.LeaveAsked()) return Ended(caption, QStringLiteral("Invio interrotto."));
         const Exchanged exchanged = Exchange(window, *telegram);
-        if (exchanged.status != kDone) {
-            caption.setText(exchanged.status);
-            return {exchanged.status, exchanged.status};
-        }
+        if (exchanged.status != kDone) return Ended(caption, exchanged.status);
         ++sent;
         good += exchanged.good_frame ? 1 : 0;
         caption.setText(QStringLiteral("%1/32 ").arg(line + 1) + kDone);

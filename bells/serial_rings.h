@@ -19,7 +19,8 @@ struct SentRings {
     QString outcome;
 };
 
-/// Sends the rings of the list's lines, in their order, until one fails. PannelloComunicazione
+/// Sends the rings of the list's lines, in their order, until one fails or the program is to end:
+/// thirty-two answers that are waited for in vain are half a minute. PannelloComunicazione
 /// shows the number of the line that was answered: "5/32 Comunicazione OK".
 SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& lines);
 

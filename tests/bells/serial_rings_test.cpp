@@ -225,6 +225,52 @@ TEST_F(FrmRingOrloII, NothingReactsWhileRingsAreSentAndACloseFollows)
     EXPECT_FALSE(bells->isVisible());
 }
 
+TEST_F(FrmRingOrloII, AProgramThatIsToEndWaitsForTheRunningRingOnly)
+{
+    Open("Orlo II", {"13*:checksum-errato"});
+    DuringTelegram(3, [this] { window.close(); });
+    int asked_to_leave = 0;
+    QObject::connect(&window, &Contenitore::LeaveRequested, bells, [&] { ++asked_to_leave; });
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 3);
+    EXPECT_EQ(Status(), "Invio interrotto.");
+    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: Invio interrotto.");
+    EXPECT_EQ(asked_to_leave, 1);
+    EXPECT_FALSE(pc.com1.PortOpen());
+}
+
+TEST_F(FrmRingOrloII, AnEndAskedForDuringTheLastRingLeavesTheSendDone)
+{
+    Open();
+    DuringTelegram(32, [this] { window.close(); });
+    Press("cmdTrasmette");
+    EXPECT_EQ(Status(), "Comunicazione OK");
+}
+
+TEST_F(FrmRingOrloII, EscapeDoesNotStopASend)
+{
+    Open();
+    DuringTelegram(3, [this] { pc.escape.pressed = true; });
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 32);
+    EXPECT_TRUE(pc.dialog.asked.empty());
+}
+
+TEST_F(FrmRingOrloII, ALineThatDropsEndsTheSendAndIsSaid)
+{
+    Open();
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    DuringTelegram(5, [this] { pc.com1.line_lost = true; });
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 5);
+    EXPECT_EQ(Status(), "Errore: la linea è caduta. Premere Log-off.");
+    EXPECT_EQ(LastCommand(),
+              "Invio suonerie, terminale 4: Errore: la linea è caduta. Premere Log-off.");
+    EXPECT_TRUE(Enabled("cmdTrasmette"));
+}
+
 TEST_F(FrmRingOrloII, EscapeClosesAndNoPortIsHeld)
 {
     Open();
