@@ -109,7 +109,7 @@ void frmRingOrloII::DeriveLook()
     ui_->ListaSuonerie->setFixedWidth(ui_->ListaSuonerie->sizeHint().width());
     // A label asks for a little more than its words.
     ui_->LabelModifiche->setMinimumWidth(
-        fontMetrics().horizontalAdvance(QStringLiteral("Modifiche non salvate")) + 2);
+        fontMetrics().horizontalAdvance(QStringLiteral("Modifiche non salvate, non inviate")) + 2);
 }
 
 void frmRingOrloII::ListaSuonerie_Click()
@@ -195,6 +195,8 @@ void frmRingOrloII::cmdAggiorna_Click()
             ShowDatabaseError(Desk().Station().dialog, error);
             return;
         }
+        // What was sent is no longer what the list shows.
+        ui_->PannelloSuonerie->clear();
         // Sending reads the list.
         ui_->ListaSuonerie->SetLine(ui_->ListaSuonerie->currentRow(), RingLine(row));
         ListaSuonerie_Click();
@@ -206,10 +208,13 @@ void frmRingOrloII::cmdTrasmette_Click()
     RunBehind(ui_->cmdTrasmette, tr("Invio suonerie in corso…"), [this] {
         const TerminalModel* const model = Desk().ShownModel();
         if (model == nullptr || !Desk().PrepareCurrentTerminal()) return;
-        const SentRings sent =
-            SendRings(Desk(), model->bell_telegram, ui_->ListaSuonerie->Lines());
+        const SentRings sent = SendRings(Desk(), model->bell_telegram, ui_->ListaSuonerie->Lines());
         ui_->PannelloSuonerie->setText(sent.status);
-        Desk().NoteOutcome(sent.outcome);
+        const bool unsaved = !ui_->LabelModifiche->text().isEmpty();
+        Desk().NoteOutcome(unsaved ? sent.outcome +
+                                         tr(", le modifiche non salvate non sono state inviate")
+                                   : sent.outcome);
+        if (unsaved) ui_->LabelModifiche->setText(tr("Modifiche non salvate, non inviate"));
     });
 }
 
@@ -217,9 +222,8 @@ void frmRingOrloII::cmdTrasmette_Click()
 void frmRingOrloII::cmdReset_Click()
 {
     RunBehind(ui_->cmdReset, tr("Azzeramento suonerie in corso…"), [this] {
-        if (!Desk().Station().dialog.AskYesNo(
-                DialogIcon::Critical, QStringLiteral("Attenzione"),
-                QStringLiteral("Si desidera azzerare le suonerie?")))
+        if (!Desk().Station().dialog.AskYesNo(DialogIcon::Critical, QStringLiteral("Attenzione"),
+                                              QStringLiteral("Si desidera azzerare le suonerie?")))
             return;
         if (Desk().PrepareCurrentTerminal()) ui_->PannelloSuonerie->setText(ClearRings(Desk()));
         // Whatever the terminal answered: an answer may be lost behind a reset that was made.

@@ -103,6 +103,30 @@ TEST_F(FrmRingOrloII, AFinishedSendIsThatInTheLineOfTheLastCommand)
     EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: Comunicazione OK");
 }
 
+TEST_F(FrmRingOrloII, WhatWasNotSavedIsNotSentAndThatIsSaid)
+{
+    Open();
+    ClickLine(0);
+    Type("Ring", "0915");
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands[0].toStdString(), "13 01 08 05 01111110 2 05");
+    EXPECT_EQ(Status(), "Comunicazione OK");
+    EXPECT_EQ(Text("LabelModifiche"), "Modifiche non salvate, non inviate");
+    EXPECT_EQ(LastCommand(),
+              "Invio suonerie, terminale 4: Comunicazione OK, le modifiche non salvate non sono "
+              "state inviate");
+}
+
+TEST_F(FrmRingOrloII, TheOutcomeOfASendGoesWhenTheListChanges)
+{
+    Open();
+    Press("cmdTrasmette");
+    Press("Festivo");
+    EXPECT_EQ(Status(), "Comunicazione OK") << "the list is still what was sent";
+    Press("cmdAggiorna");
+    EXPECT_EQ(Status(), "");
+}
+
 TEST_F(FrmRingOrloII, SendingStopsAtTheFirstTimeout)
 {
     Open("Orlo II", {"3:silenzio"});
