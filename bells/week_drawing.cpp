@@ -106,7 +106,8 @@ std::vector<QRectF> WeekDrawing::Places() const
         middles.reserve(of_day.size());
         for (const std::size_t i : of_day)
             middles.push_back(column.top() + column.height() * marks_[i].minute / kMinutesOfDay);
-        middles = MovedApart(middles, kBetweenMarks);
+        middles = MovedApart(middles, kBetweenMarks,
+                             {column.top() + kMarkHeight / 2, column.bottom() - kMarkHeight / 2});
         for (std::size_t i = 0; i < of_day.size(); ++i)
             places[of_day[i]] = {column.left(), middles[i] - kMarkHeight / 2,
                                  MarkLength(marks_[of_day[i]].duration, longest, column.width()),

@@ -38,6 +38,15 @@ TEST_F(WeekDrawingTest, DaysGoAcrossAndHoursDown)
     EXPECT_GE(places[1].top(), places[0].bottom()) << "five minutes apart, and both to be seen";
 }
 
+TEST_F(WeekDrawingTest, TheFirstAndTheLastMinuteOfADayLieInTheGrid)
+{
+    drawing.Show({{.day = 0, .minute = 0, .duration = 1}, {.day = 0, .minute = 24 * 60 - 1}});
+    // The grid ends half a line from the edges.
+    const double edge = drawing.fontMetrics().height() / 2;
+    EXPECT_GE(drawing.Places()[0].top(), edge);
+    EXPECT_LE(drawing.Places()[1].bottom(), drawing.height() - edge);
+}
+
 TEST_F(WeekDrawingTest, AClickOnAMarkChoosesItsRing)
 {
     const QSignalSpy marks(&drawing, &WeekDrawing::MarkChosen);
