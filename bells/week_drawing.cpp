@@ -1,5 +1,6 @@
 #include "bells/week_drawing.h"
 
+#include "bells/mark_colours.h"
 #include "bells/mark_places.h"
 #include "bells/ring_text.h"
 #include "bells/week_days.h"
@@ -169,6 +170,7 @@ void WeekDrawing::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(Grid(), palette().color(QPalette::Base));
+    if (shaded_ >= 0) painter.fillRect(Column(shaded_), TintedColumn(palette()));
     PaintHours(painter);
     PaintDays(painter);
     const std::vector<QRectF> places = Places();
@@ -199,11 +201,6 @@ void WeekDrawing::PaintDays(QPainter& painter) const
     const QRectF grid = Grid();
     for (int day = 0; day < days_; ++day) {
         const QRectF column = Column(day);
-        if (day == shaded_) {
-            QColor tint = FilledColour(palette());
-            tint.setAlphaF(0.18F);
-            painter.fillRect(column, tint);
-        }
         painter.setPen(Hairline(palette()));
         painter.drawLine(column.topLeft(), column.bottomLeft());
         if (day >= headings_.size()) continue;
@@ -219,7 +216,7 @@ void WeekDrawing::PaintDays(QPainter& painter) const
 void WeekDrawing::PaintMark(QPainter& painter, const RingMark& mark, const QRectF& place) const
 {
     const QColor colour =
-        mark.chosen ? FilledColour(palette()) : palette().color(QPalette::WindowText);
+        mark.chosen ? ChosenMark(palette()) : palette().color(QPalette::WindowText);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     if (mark.hollow) {

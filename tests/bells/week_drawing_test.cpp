@@ -1,5 +1,9 @@
 #include "bells/week_drawing.h"
 
+#include "registry/widgets/colours.h"
+#include "registry/widgets/theme.h"
+
+#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -69,6 +73,22 @@ TEST_F(WeekDrawingTest, AClickBesideAllMarksChoosesTheDay)
     Click({2, 300});
     EXPECT_EQ(days.size(), 1) << "the hours are no day";
     EXPECT_TRUE(marks.empty());
+}
+
+TEST_F(WeekDrawingTest, TheChosenMarkReadsOnTheTintedColumnInBothThemes)
+{
+    drawing.Show({{.day = 1, .minute = 9 * 60, .duration = 10, .chosen = true}});
+    const QPoint mark = drawing.Places()[0].center().toPoint();
+    for (const Theme theme : {Theme::Dark, Theme::Light}) {
+        ApplyTheme(*qApp, theme);
+        drawing.ShadeDay(-1);
+        const QImage plain = drawing.grab().toImage();
+        drawing.ShadeDay(1);
+        const QImage tinted = drawing.grab().toImage();
+        const QColor ground = tinted.pixelColor(mark + QPoint(0, 8));
+        EXPECT_NE(ground, plain.pixelColor(mark + QPoint(0, 8))) << "tinted";
+        EXPECT_GE(ContrastRatio(tinted.pixelColor(mark), ground), 4.5);
+    }
 }
 
 TEST_F(WeekDrawingTest, SaysItsRingsInWords)
