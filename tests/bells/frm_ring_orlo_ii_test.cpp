@@ -138,6 +138,19 @@ TEST_F(FrmRingOrloII, TheWeekIsDrawnAndAMarkChoosesItsLine)
     EXPECT_TRUE(drawing.Marks()[mark].chosen);
 }
 
+TEST_F(FrmRingOrloII, TheListShowsWholeLinesInEveryHeight)
+{
+    Open();
+    for (const int height : {600, 601, 613, 700}) {
+        bells->resize(920, height);
+        QCoreApplication::processEvents();
+        ASSERT_EQ(bells->height(), height);
+        const int row = List().sizeHintForRow(0);
+        EXPECT_EQ(List().viewport()->height() % row, 0) << height;
+        EXPECT_GT(List().viewport()->height() + row, List().height() - 2 * List().frameWidth());
+    }
+}
+
 TEST_F(FrmRingOrloII, EveryInputHasANameAndNoTwoMnemonicsAreAlike)
 {
     Open();
