@@ -116,6 +116,23 @@ TEST_F(FrmSuonerie, AClickOnAMarkShowsItsDayAndGoesToItsRing)
     EXPECT_TRUE(Marks()[0].chosen);
 }
 
+TEST_F(FrmSuonerie, TheRowsOfTheDayShareTheHeightOfTheDrawing)
+{
+    Open();
+    bells->resize(860, 590);
+    QCoreApplication::processEvents();
+    const auto bottom = [this](QAnyStringView name) {
+        return Control(name).mapTo(bells, Control(name).rect().bottomLeft()).y();
+    };
+    EXPECT_EQ(bottom("LabelRegola"), bottom("DisegnoSettimana"));
+    // A field, the gap, and a part of the height that would be left below.
+    const int step = bottom("Ring_1") - bottom("Ring_0");
+    EXPECT_GT(step, Control("Ring_0").height() + 6 + 3);
+    for (int row = 1; row < kRingsOfDay / 2; ++row)
+        EXPECT_NEAR(bottom(Cell("Ring", row)) - bottom(Cell("Ring", row - 1)), step, 1) << row;
+    EXPECT_LT(bottom("Ring_0") - bottom("LabelGiorno"), 3 * step);
+}
+
 TEST_F(FrmSuonerie, EveryInputHasANameAndNoTwoMnemonicsAreAlike)
 {
     Open();
