@@ -296,6 +296,45 @@ TEST_F(FrmSuonerie, WhatTheComponentThrowsEndsTheCommandNotTheProgram)
     EXPECT_TRUE(Enabled("cmdRiceveSuonerie"));
 }
 
+TEST_F(FrmSuonerie, AnOrloBehindAModemIsDialledAndHungUpBehindEachCommand)
+{
+    Open();
+    Controls().CheckModem->setChecked(true);
+    Controls().NumeroTelefono->setText(QStringLiteral("0112345"));
+    for (const char* button : {"cmdRiceveSuonerie", "cmdTrasmetteSuonerie"}) {
+        terminal.component.calls.clear();
+        terminal.component.received_texts = {"CONNECT"};
+        Press(button);
+        const std::string asked =
+            terminal.component.CallsOf("Rings.Receive").empty() ? "Rings.Send" : "Rings.Receive";
+        const auto first = [this](const std::string& begin) {
+            return std::ranges::find_if(
+                CallsMade(), [&](const std::string& call) { return call.starts_with(begin); });
+        };
+        ASSERT_EQ(terminal.component.CallsOf("SendString").size(), 1U) << button;
+        EXPECT_NE(first("SendString(")->find("0112345"), std::string::npos)
+            << *first("SendString(");
+        EXPECT_LT(first("SendString("), first(asked)) << button;
+        EXPECT_EQ(Calls(CallsMade().end() - 2, CallsMade().end()),
+                  (Calls{"DTR(false)", "DTR(true)"}))
+            << button;
+        EXPECT_EQ(Text("Esito"), "Comunicazione OK") << button;
+    }
+}
+
+TEST_F(FrmSuonerie, AnEndOfTheProgramFollowsTheWholeWeek)
+{
+    Open();
+    int asked_to_leave = 0;
+    QObject::connect(&window, &Contenitore::LeaveRequested, bells, [&] { ++asked_to_leave; });
+    terminal.component.on_call = [this](const std::string& call) {
+        if (call.starts_with("Rings.Send(4, 7) 3/1 ")) window.close();
+    };
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(terminal.component.CallsOf("Rings.Send").size(), 168U);
+    EXPECT_EQ(asked_to_leave, 1);
+}
+
 TEST_F(FrmSuonerie, WithoutAComponentNothingIsCleared)
 {
     Open();
