@@ -1,5 +1,6 @@
 #include "bells/cell_field.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QRegularExpressionValidator>
@@ -27,6 +28,15 @@ bool EndsAnHour(const QString& typed)
 {
     static const QString separators = QStringLiteral(".,; :");
     return typed.size() == 1 && separators.contains(typed);
+}
+
+/// Keys by which somebody corrects what was typed. Not Shift, which some keyboards need for a
+/// colon.
+bool BeginsAnew(int key)
+{
+    static const QList<int> keys = {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left,
+                                    Qt::Key_Right,     Qt::Key_Home,   Qt::Key_End};
+    return keys.contains(key);
 }
 
 }  // namespace
@@ -65,19 +75,44 @@ TimeField::TimeField(QWidget* parent) : CellField(QStringLiteral("00:00"), paren
     setAlignment(Qt::AlignCenter);
 }
 
+void TimeField::focusInEvent(QFocusEvent* event)
+{
+    CellField::focusInEvent(event);
+    refused_ = false;
+    if (!isModified()) before_ = text();
+}
+
+void TimeField::mousePressEvent(QMouseEvent* event)
+{
+    refused_ = false;
+    CellField::mousePressEvent(event);
+}
+
 void TimeField::keyPressEvent(QKeyEvent* event)
 {
+    if (!isModified()) before_ = text();
     const QString typed = event->text();
-    if (EndsAnHour(typed)) {
-        setCursorPosition(kMinutes);
-    } else if (typed.size() == 1 && typed[0].isDigit()) {
+    const bool digit = typed.size() == 1 && typed[0].isDigit();
+    if (!digit && !EndsAnHour(typed)) {
+        refused_ = refused_ && !BeginsAnew(event->key());
+        CellField::keyPressEvent(event);
+    } else if (refused_) {
+        QApplication::beep();
+    } else if (digit) {
         TakeDigit(typed[0]);
     } else {
-        CellField::keyPressEvent(event);
+        EndHour();
     }
 }
 
-// Typed over a whole field or over one digit; what the digit would make no time of gives way.
+void TimeField::EndHour()
+{
+    if (hasSelectedText()) del();
+    setCursorPosition(kMinutes);
+}
+
+// Typed over a whole field or over one digit; what the first of two digits would make no time of
+// gives way.
 void TimeField::TakeDigit(QChar digit)
 {
     if (hasSelectedText()) del();
@@ -91,13 +126,21 @@ void TimeField::TakeDigit(QChar digit)
     };
     const bool first_of_two = place == 0 || place == kMinutes;
     if (!fits(shown, place) && first_of_two) shown[place + 1] = u' ';
-    if (!fits(shown, place) && place == 1) place = kMinutes;
+    if (place == 1 && shown[0] >= u'3') place = kMinutes;
     if (!fits(shown, place) && place == kMinutes) shown[place + 1] = u' ';
-    if (!fits(shown, place)) return;
+    if (!fits(shown, place)) return Refuse();
     shown[place] = digit;
     setSelection(0, static_cast<int>(shown.size()));
     insert(shown);
     setCursorPosition(place == 1 ? kMinutes : place + 1);
+}
+
+void TimeField::Refuse()
+{
+    QApplication::beep();
+    refused_ = true;
+    setText(before_);
+    selectAll();
 }
 
 DurationField::DurationField(QWidget* parent) : CellField(QStringLiteral("000"), parent)

@@ -29,9 +29,12 @@ private:
     QString longest_;
 };
 
-/// A time of the day behind the mask hh:mm. What can be no time cannot be typed; an hour of one
-/// digit ends where the next one would make it no hour, or at a point, comma or blank as at the
-/// colon. Leaving it shows the time with all its digits.
+/// A time of the day behind the mask hh:mm. An hour that begins with 3 to 9 has one digit, any
+/// other two unless a point, comma, blank or colon ends it: 735 is 07:35, 235 is 23:05, 2:35 is
+/// 02:35. A digit that makes no time is refused with a beep, the field shows the time from before,
+/// and what is typed behind it is refused too: the rest of 24:00 would be another time. A key that
+/// deletes or moves, a click or coming anew ends that. Leaving it shows the time with all its
+/// digits.
 class TimeField : public CellField
 {
     Q_OBJECT
@@ -40,10 +43,17 @@ public:
     explicit TimeField(QWidget* parent = nullptr);
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    void EndHour();
     void TakeDigit(QChar digit);
+    void Refuse();
+
+    QString before_;
+    bool refused_ = false;
 };
 
 /// A duration of so many digits at the most.

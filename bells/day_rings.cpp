@@ -35,6 +35,9 @@ DayRings::DayRings(QWidget* parent) : QWidget(parent)
         grid->addWidget(SecondaryLabel(tr("Durata"), Qt::AlignRight), 0, first + 2);
     }
     grid->setColumnMinimumWidth(kGridColumns - 1, 18);
+    // The rows share the height. The fields are aligned in them, else their own height would be
+    // that of the row.
+    for (int row = 1; row <= kRows; ++row) grid->setRowStretch(row, 1);
     for (int index = 0; index < kRingsOfDay; ++index) {
         const int row = 1 + index % kRows;
         const int first = index < kRows ? 0 : kGridColumns;
@@ -43,8 +46,8 @@ DayRings::DayRings(QWidget* parent) : QWidget(parent)
         grid->addWidget(
             SecondaryLabel(QString::number(index + 1), Qt::AlignRight | Qt::AlignVCenter), row,
             first);
-        grid->addWidget(cells.time, row, first + 1);
-        grid->addWidget(cells.duration, row, first + 2);
+        grid->addWidget(cells.time, row, first + 1, Qt::AlignVCenter);
+        grid->addWidget(cells.duration, row, first + 2, Qt::AlignVCenter);
         ShowTime(index, {});
         ShowDuration(index, {});
     }

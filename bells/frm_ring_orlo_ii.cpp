@@ -109,7 +109,7 @@ void frmRingOrloII::DeriveLook()
     ui_->ListaSuonerie->setFixedWidth(ui_->ListaSuonerie->sizeHint().width());
     // A label asks for a little more than its words.
     ui_->LabelModifiche->setMinimumWidth(
-        fontMetrics().horizontalAdvance(QStringLiteral("Modifiche non salvate")) + 2);
+        fontMetrics().horizontalAdvance(QStringLiteral("Modifiche non salvate, non inviate")) + 2);
 }
 
 void frmRingOrloII::ListaSuonerie_Click()
@@ -136,10 +136,10 @@ void frmRingOrloII::SetRelay(int number)
 
 BellRow frmRingOrloII::Entered() const
 {
-    const RingTime time = RingTimeOf(ui_->Ring->text()).value_or(RingTime{});
-    BellRow row;
+    BellRow row = CutRingLine(ui_->ListaSuonerie->currentItem()->text());
+    // A stored time that is none of a day stays until another one is typed.
+    const RingTime time = RingTimeOf(ui_->Ring->text()).value_or(RingTime{row.Ora, row.Minuti});
     row.Terminale = Terminal();
-    row.Locazione = ui_->ListaSuonerie->currentItem()->text().left(2).toInt();
     row.Ora = time.hour;
     row.Minuti = time.minute;
     row.Giorni.clear();
@@ -195,6 +195,8 @@ void frmRingOrloII::cmdAggiorna_Click()
             ShowDatabaseError(Desk().Station().dialog, error);
             return;
         }
+        // What was sent is no longer what the list shows.
+        ui_->PannelloSuonerie->clear();
         // Sending reads the list.
         ui_->ListaSuonerie->SetLine(ui_->ListaSuonerie->currentRow(), RingLine(row));
         ListaSuonerie_Click();
@@ -206,8 +208,13 @@ void frmRingOrloII::cmdTrasmette_Click()
     RunBehind(ui_->cmdTrasmette, tr("Invio suonerie in corso…"), [this] {
         const TerminalModel* const model = Desk().ShownModel();
         if (model == nullptr || !Desk().PrepareCurrentTerminal()) return;
-        const QString status = SendRings(Desk(), model->bell_telegram, ui_->ListaSuonerie->Lines());
-        ui_->PannelloSuonerie->setText(status);
+        const SentRings sent = SendRings(Desk(), model->bell_telegram, ui_->ListaSuonerie->Lines());
+        ui_->PannelloSuonerie->setText(sent.status);
+        const bool unsaved = !ui_->LabelModifiche->text().isEmpty();
+        Desk().NoteOutcome(unsaved ? sent.outcome +
+                                         tr(", le modifiche non salvate non sono state inviate")
+                                   : sent.outcome);
+        if (unsaved) ui_->LabelModifiche->setText(tr("Modifiche non salvate, non inviate"));
     });
 }
 
@@ -215,20 +222,21 @@ void frmRingOrloII::cmdTrasmette_Click()
 void frmRingOrloII::cmdReset_Click()
 {
     RunBehind(ui_->cmdReset, tr("Azzeramento suonerie in corso…"), [this] {
-        if (!Desk().Station().dialog.AskYesNo(
-                DialogIcon::Critical, QStringLiteral("Attenzione"),
-                QStringLiteral("Si desidera azzerare le suonerie?")) ||
-            !Desk().PrepareCurrentTerminal())
+        if (!Desk().Station().dialog.AskYesNo(DialogIcon::Critical, QStringLiteral("Attenzione"),
+                                              QStringLiteral("Si desidera azzerare le suonerie?")))
             return;
-        const QString status = ClearRings(Desk());
-        ui_->PannelloSuonerie->setText(status);
-        // A terminal that did not answer still has its rings, and the list shows them.
-        if (status != QLatin1String("Comunicazione OK")) return;
-        for (int row = 0; row < ui_->ListaSuonerie->count(); ++row)
-            ui_->ListaSuonerie->SetLine(
-                row, EmptyRingLine(ui_->ListaSuonerie->item(row)->text().left(2).toInt()));
-        ListaSuonerie_Click();
+        if (Desk().PrepareCurrentTerminal()) ui_->PannelloSuonerie->setText(ClearRings(Desk()));
+        // Whatever the terminal answered: an answer may be lost behind a reset that was made.
+        EmptyList();
     });
+}
+
+void frmRingOrloII::EmptyList()
+{
+    for (int row = 0; row < ui_->ListaSuonerie->count(); ++row)
+        ui_->ListaSuonerie->SetLine(
+            row, EmptyRingLine(ui_->ListaSuonerie->item(row)->text().left(2).toInt()));
+    ListaSuonerie_Click();
 }
 
 }  // namespace orlo

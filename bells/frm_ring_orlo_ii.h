@@ -41,6 +41,7 @@ private:
     void RunBehind(QPushButton* button, const QString& task, const std::function<void()>& work);
     /// What the edit controls hold, as the row of the chosen line.
     BellRow Entered() const;
+    void EmptyList();
     void SetRelay(int number);
     void CompleteFields();
     void ShowWeek();

@@ -11,6 +11,8 @@
 
 #include <QButtonGroup>
 
+#include <optional>
+
 namespace orlo
 {
 
@@ -64,9 +66,8 @@ void FrmSuonerie::Form_Load()
     ui_->LabelTentativi->clear();
     ui_->Percentuale->setValue(0);
     ShowWeek();
-    const bool known = !ui_->DisegnoSettimana->Marks().empty();
-    SetWeek(known ? Week::Ready : Week::Unread);
-    (known ? ui_->cmdTrasmetteSuonerie : ui_->cmdRiceveSuonerie)->setFocus();
+    SetWeek(ShownWeek());
+    (ShownWeek() == Week::Ready ? ui_->cmdTrasmetteSuonerie : ui_->cmdRiceveSuonerie)->setFocus();
 }
 
 void FrmSuonerie::DeriveLook()
@@ -92,13 +93,11 @@ bool FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QStri
     Run(task, EscapeUse::Ignored, *ui_->DisegnoSettimana, [&] {
         const TextPanel& caption = *Desk().Controls().PannelloComunicazione;
         ClearOutcome(*ui_->Esito);
-        ui_->Esito->SetRemark(QString());
         done = Desk().PrepareCurrentTerminal() && work();
         const bool said = caption.text().startsWith(QLatin1String("Errore"));
         ui_->Esito->setText(done   ? QStringLiteral("Comunicazione OK")
                             : said ? caption.text()
                                    : failed);
-        ShowWarning();
         Desk().ResetLineBehindCommand();
     });
     return done;
@@ -107,28 +106,31 @@ bool FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QStri
 void FrmSuonerie::cmdRiceveSuonerie_Click()
 {
     TakePending();
-    bool asked = false;
-    const bool done = Transfer(ui_->cmdRiceveSuonerie, tr("Lettura suonerie in corso…"),
-                               tr("Errore nella ricezione dei dati"), [&] {
-                                   asked = true;
-                                   ForgetDay();
-                                   return LeggeSuonerie(Desk());
-                               });
-    if (!asked) return;
+    std::optional<int> rings;
+    Transfer(ui_->cmdRiceveSuonerie, tr("Lettura suonerie in corso…"),
+             tr("Errore nella ricezione dei dati"), [&] {
+                 rings = LeggeSuonerie(Desk(), [this] { ForgetDay(); });
+                 return rings == kRingSlots;
+             });
+    if (!rings) return;
     SortSuonerie(Desk().State().RingTable, Terminal());
     ShowWeek();
-    SetWeek(done ? Week::Ready : Week::Partial);
+    weeks_.fill(Week::Unread);  // those of all terminals were cleared
+    SetWeek(rings == kRingSlots ? Week::Ready : rings == 0 ? Week::Unread : Week::Partial);
 }
 
 void FrmSuonerie::cmdTrasmetteSuonerie_Click()
 {
     TakePending();
-    Transfer(ui_->cmdTrasmetteSuonerie, tr("Invio suonerie in corso…"),
-             tr("Errore nella spedizione dei dati"), [this] {
-                 SortSuonerie(Desk().State().RingTable, Terminal());
-                 ShowDay();
-                 return TrasmetteSuonerie(Desk());
-             });
+    const bool sent = Transfer(ui_->cmdTrasmetteSuonerie, tr("Invio suonerie in corso…"),
+                               tr("Errore nella spedizione dei dati"), [this] {
+                                   SortSuonerie(Desk().State().RingTable, Terminal());
+                                   entered_ring_ = -1;  // sorting has moved it
+                                   ShowDay();
+                                   return TrasmetteSuonerie(Desk());
+                               });
+    // What stands in the table is the terminal's week now.
+    if (sent) SetWeek(Week::Ready);
 }
 
 void FrmSuonerie::Giorno_Click(int day)
@@ -213,12 +215,13 @@ void FrmSuonerie::TakeChange()
 {
     const std::vector<RingMark> before = ui_->DisegnoSettimana->Marks();
     ShowWeek();
-    if (ui_->DisegnoSettimana->Marks() != before && week_ == Week::Unread) SetWeek(Week::Ready);
+    if (ui_->DisegnoSettimana->Marks() != before && ShownWeek() == Week::Unread)
+        SetWeek(Week::Ready);
 }
 
 void FrmSuonerie::SetWeek(Week week)
 {
-    week_ = week;
+    ShownWeek() = week;
     ui_->cmdTrasmetteSuonerie->setProperty("primario", week == Week::Ready);
     ui_->cmdRiceveSuonerie->setProperty("primario", week != Week::Ready);
     DeriveLook();
@@ -228,16 +231,16 @@ void FrmSuonerie::SetWeek(Week week)
 /// Sending overwrites the terminal's whole week.
 void FrmSuonerie::ShowWarning()
 {
-    switch (week_) {
+    switch (ShownWeek()) {
         case Week::Unread:
-            return ui_->Esito->SetRemark(
+            return ui_->Avviso->SetRemark(
                 tr("La settimana non è stata letta: inviandola ora si svuota quella del "
                    "terminale."));
         case Week::Partial:
-            return ui_->Esito->SetRemark(
+            return ui_->Avviso->SetRemark(
                 tr("La settimana è stata letta solo in parte: inviandola si perde il resto."));
         case Week::Ready:
-            return ui_->Esito->SetRemark(QString());
+            return ui_->Avviso->SetRemark(QString());
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "registry/terminal_window.h"
 
+#include <array>
 #include <memory>
 
 class QButtonGroup;
@@ -50,6 +51,7 @@ private:
     void ShowDay();
     void ShowWeek();
     void TakeChange();
+    Week& ShownWeek() { return weeks_.at(static_cast<std::size_t>(Terminal() - 1)); }
     void SetWeek(Week week);
     void ShowWarning();
 
@@ -57,7 +59,8 @@ private:
     QButtonGroup* days_;
     int shown_day_ = -1;
     int entered_ring_ = -1;
-    Week week_ = Week::Unread;
+    /// Of each terminal, kept as long as RingTable.
+    std::array<Week, kTerminalSlots> weeks_{};
 };
 
 }  // namespace orlo

@@ -10,7 +10,7 @@ namespace
 {
 
 /// A ring without duration, which does not sound, is still there.
-constexpr double kShortestMark = 2;
+constexpr double kShortestMark = 6;
 
 }  // namespace
 
@@ -20,8 +20,9 @@ double MarkLength(int duration, int longest, double room)
 }
 
 // Places that would be too close form a block around their common middle; a block that reaches into
-// the one before joins it.
-std::vector<double> MovedApart(const std::vector<double>& places, double gap)
+// the one before joins it. Without the gaps the result would ascend, so that the ends of the
+// stretch can be imposed on each place by itself.
+std::vector<double> MovedApart(const std::vector<double>& places, double gap, Stretch stretch)
 {
     struct Block {
         std::size_t size;
@@ -43,10 +44,15 @@ std::vector<double> MovedApart(const std::vector<double>& places, double gap)
             blocks.pop_back();
         }
     }
+    const double gaps = gap * (static_cast<double>(places.size()) - 1);
+    const double last_first = std::max(stretch.from, stretch.to - gaps);
     std::vector<double> moved;
     for (const Block& block : blocks)
-        for (std::size_t member = 0; member < block.size; ++member)
-            moved.push_back(block.first + static_cast<double>(member) * gap);
+        for (std::size_t member = 0; member < block.size; ++member) {
+            const double before = gap * static_cast<double>(moved.size());
+            const double place = block.first + static_cast<double>(member) * gap;
+            moved.push_back(std::clamp(place - before, stretch.from, last_first) + before);
+        }
     return moved;
 }
 

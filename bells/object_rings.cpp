@@ -31,6 +31,8 @@ public:
         window_.Controls().PannelloTentativi->clear();
         window_.Controls().LabelPercentuale->setText(QStringLiteral("Completato:"));
         window_.Controls().PannelloPercentuale->setValue(0);
+        // A silent terminal leaves the window without a turn for long.
+        window_.Station().clock.ProcessPendingEvents();
     }
     ~RingProgress()
     {
@@ -47,6 +49,7 @@ public:
             static_cast<int>(std::lround(100.0 * done_ / kRingSlots)));
         window_.Station().clock.ProcessPendingEvents();
     }
+    int Done() const { return done_; }
 
 private:
     Contenitore& window_;
@@ -131,8 +134,9 @@ QString SendWeek(Contenitore& window, RingProgress& progress)
             SelectRing(window, day, ring);
             if (!Attempt(window, [&] { return SendRing(window); }))
                 return WithCode(window,
-                                QStringLiteral("Dalla suoneria %1 di %2 in poi il terminale ha "
-                                               "ancora le suonerie di prima")
+                                QStringLiteral("La suoneria %1 di %2 non è confermata; da "
+                                               "quella dopo in poi il terminale ha ancora le "
+                                               "suonerie di prima")
                                     .arg(ring)
                                     .arg(WeekDay(day)));
             progress.CountRing();
@@ -142,8 +146,8 @@ QString SendWeek(Contenitore& window, RingProgress& progress)
 
 using Transfer = QString (*)(Contenitore&, RingProgress&);
 
-/// Runs a transfer and tells how it ended.
-bool TellTransfer(Contenitore& window, Transfer transfer, const QString& good, const QString& bad)
+/// Runs a transfer and tells how it ended. How many rings have travelled: all 168 when it is done.
+int TellTransfer(Contenitore& window, Transfer transfer, const QString& good, const QString& bad)
 {
     RingProgress progress(window);
     QString failure;
@@ -154,7 +158,7 @@ bool TellTransfer(Contenitore& window, Transfer transfer, const QString& good, c
     window.NoteOutcome(done ? good : bad);
     window.Station().dialog.Tell(done ? DialogIcon::Information : DialogIcon::Critical, kTitle,
                                  done ? good : bad, failure);
-    return done;
+    return progress.Done();
 }
 
 }  // namespace
@@ -168,9 +172,10 @@ bool GetRings(Contenitore& window, int day)
     return Rings(window).Receive(terminal, priority, asked);
 }
 
-bool LeggeSuonerie(Contenitore& window)
+int LeggeSuonerie(Contenitore& window, const std::function<void()>& cleared)
 {
     window.State().RingTable = {};
+    cleared();
     return TellTransfer(window, ReadWeek, QStringLiteral("Ricezione dati OK"),
                         QStringLiteral("Errore nella ricezione dei dati"));
 }
@@ -178,7 +183,7 @@ bool LeggeSuonerie(Contenitore& window)
 bool TrasmetteSuonerie(Contenitore& window)
 {
     return TellTransfer(window, SendWeek, QStringLiteral("Spedizione dati OK"),
-                        QStringLiteral("Errore nella spedizione dei dati"));
+                        QStringLiteral("Errore nella spedizione dei dati")) == kRingSlots;
 }
 
 }  // namespace orlo

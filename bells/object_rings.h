@@ -12,9 +12,9 @@ namespace orlo
 /// Asks for the rings of one day, 0..6, once. True when they are in the component.
 bool GetRings(Contenitore& window, int day);
 
-/// Clears RingTable, that of all terminals, and reads the seven days into it. False when a day
-/// failed: the days before it are there.
-bool LeggeSuonerie(Contenitore& window);
+/// Clears RingTable, that of all terminals, says so through `cleared` and reads the seven days into
+/// it. The number of rings that are there: kRingSlots, or fewer when a day failed.
+int LeggeSuonerie(Contenitore& window, const std::function<void()>& cleared);
 
 /// Sends the 168 rings, empty slots included, so that the terminal's whole week is overwritten.
 /// False when a ring failed: those before it are in the terminal.

@@ -95,6 +95,9 @@ RingList::RingList(QWidget* parent) : QListWidget(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setEditTriggers(NoEditTriggers);
+    // What is left below the lines is painted by the list itself.
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
 }
 
 void RingList::SetLines(const QStringList& lines)
@@ -122,6 +125,13 @@ QSize RingList::sizeHint() const
     return {RingColumnsWidth(fontMetrics()) + 2 * frameWidth() +
                 verticalScrollBar()->sizeHint().width(),
             12 * fontMetrics().height()};
+}
+
+void RingList::resizeEvent(QResizeEvent* event)
+{
+    QListWidget::resizeEvent(event);
+    const int line = sizeHintForRow(0);
+    if (line > 0) setViewportMargins(0, 0, 0, (height() - 2 * frameWidth()) % line);
 }
 
 QSize RingHeading::sizeHint() const

@@ -20,6 +20,10 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    /// Shows whole lines only; what is left of the height stays empty.
+    void resizeEvent(QResizeEvent* event) override;
 };
 
 /// The heading of the list, whose words are painted over the list's columns.

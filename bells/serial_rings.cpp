@@ -36,16 +36,23 @@ Exchanged Exchange(Contenitore& window, std::string_view command)
     return {answer == kTimeout ? kSilent : kDone, good_frame};
 }
 
-/// How many rings were answered in a good frame. Nobody asks for that; the operator is told it
-/// beside.
-void NoteBadAnswers(Contenitore& window, int sent, int good)
+/// The sending ends before its last line.
+SentRings Ended(TextPanel& caption, const QString& status)
 {
-    if (good < sent) window.NoteOutcome(QStringLiteral("risposte %1 su %2").arg(good).arg(sent));
+    caption.setText(status);
+    return {status, status};
+}
+
+/// The number of the line that was answered last is no outcome: lines behind it may not have been
+/// for the terminal. How many answers came in a good frame nobody asks; the operator is told it.
+SentRings Finished(int sent, int good)
+{
+    return {kDone, good == sent ? kDone : QStringLiteral("risposte %1 su %2").arg(good).arg(sent)};
 }
 
 }  // namespace
 
-QString SendRings(Contenitore& window, BellTelegram form, const QStringList& lines)
+SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& lines)
 {
     TextPanel& caption = *window.Controls().PannelloComunicazione;
     caption.clear();
@@ -54,18 +61,15 @@ QString SendRings(Contenitore& window, BellTelegram form, const QStringList& lin
     for (qsizetype line = 0; line < lines.size(); ++line) {
         const std::optional<std::string> telegram = RingTelegram(form, lines[line]);
         if (!telegram) continue;
+        if (window.LeaveAsked()) return Ended(caption, QStringLiteral("Invio interrotto."));
         const Exchanged exchanged = Exchange(window, *telegram);
-        if (exchanged.status != kDone) {
-            caption.setText(exchanged.status);
-            return exchanged.status;
-        }
+        if (exchanged.status != kDone) return Ended(caption, exchanged.status);
         ++sent;
         good += exchanged.good_frame ? 1 : 0;
         caption.setText(QStringLiteral("%1/32 ").arg(line + 1) + kDone);
         window.Station().clock.ProcessPendingEvents();
     }
-    NoteBadAnswers(window, sent, good);
-    return kDone;
+    return Finished(sent, good);
 }
 
 QString ClearRings(Contenitore& window)

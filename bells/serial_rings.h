@@ -12,9 +12,17 @@ namespace orlo
 // status text: "Comunicazione OK", "Timeout", "Errore aprendo la COM", or why the open line cannot
 // be used. An answer that is none of the two failures is not examined.
 
-/// Sends the rings of the list's lines, in their order, until one fails. PannelloComunicazione
+struct SentRings {
+    QString status;
+    /// What the line of the last command has to say: the status, or how many rings were answered
+    /// well: "risposte 31 su 32".
+    QString outcome;
+};
+
+/// Sends the rings of the list's lines, in their order, until one fails or the program is to end:
+/// thirty-two answers that are waited for in vain are half a minute. PannelloComunicazione
 /// shows the number of the line that was answered: "5/32 Comunicazione OK".
-QString SendRings(Contenitore& window, BellTelegram form, const QStringList& lines);
+SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& lines);
 
 /// Takes all rings out of the terminal.
 QString ClearRings(Contenitore& window);

@@ -1,5 +1,6 @@
 #include "bells/week_drawing.h"
 
+#include "bells/mark_colours.h"
 #include "bells/mark_places.h"
 #include "bells/ring_text.h"
 #include "bells/week_days.h"
@@ -106,7 +107,8 @@ std::vector<QRectF> WeekDrawing::Places() const
         middles.reserve(of_day.size());
         for (const std::size_t i : of_day)
             middles.push_back(column.top() + column.height() * marks_[i].minute / kMinutesOfDay);
-        middles = MovedApart(middles, kBetweenMarks);
+        middles = MovedApart(middles, kBetweenMarks,
+                             {column.top() + kMarkHeight / 2, column.bottom() - kMarkHeight / 2});
         for (std::size_t i = 0; i < of_day.size(); ++i)
             places[of_day[i]] = {column.left(), middles[i] - kMarkHeight / 2,
                                  MarkLength(marks_[of_day[i]].duration, longest, column.width()),
@@ -168,6 +170,7 @@ void WeekDrawing::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(Grid(), palette().color(QPalette::Base));
+    if (shaded_ >= 0) painter.fillRect(Column(shaded_), TintedColumn(palette()));
     PaintHours(painter);
     PaintDays(painter);
     const std::vector<QRectF> places = Places();
@@ -198,11 +201,6 @@ void WeekDrawing::PaintDays(QPainter& painter) const
     const QRectF grid = Grid();
     for (int day = 0; day < days_; ++day) {
         const QRectF column = Column(day);
-        if (day == shaded_) {
-            QColor tint = FilledColour(palette());
-            tint.setAlphaF(0.18F);
-            painter.fillRect(column, tint);
-        }
         painter.setPen(Hairline(palette()));
         painter.drawLine(column.topLeft(), column.bottomLeft());
         if (day >= headings_.size()) continue;
@@ -218,7 +216,7 @@ void WeekDrawing::PaintDays(QPainter& painter) const
 void WeekDrawing::PaintMark(QPainter& painter, const RingMark& mark, const QRectF& place) const
 {
     const QColor colour =
-        mark.chosen ? FilledColour(palette()) : palette().color(QPalette::WindowText);
+        mark.chosen ? ChosenMark(palette()) : palette().color(QPalette::WindowText);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     if (mark.hollow) {

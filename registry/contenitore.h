@@ -104,6 +104,8 @@ public:
     void RunCommand(QAbstractButton* button, const QString& task, EscapeUse escape,
                     const std::function<void()>& command);
     bool CommandRunning() const { return running_; }
+    /// Whether the program is to end behind the running command.
+    bool LeaveAsked() const { return leave_after_command_; }
 
     /// Says in a line of its own how the running command ended, with its name, terminal and time:
     /// captions are written over by what follows. Without it that is the command's last caption.

@@ -20,21 +20,58 @@ TEST(TimeField, TakesOnlyTimes)
     const Case cases[] = {
         {"00:00", "0705", "07:05"},  {"12:30", "7:5", "7 :5 "},  {"12:30", "8", "8 :  "},
         {"00:00", "830", "8 :30"},   {"00:00", "8.30", "8 :30"}, {"00:00", "9,5", "9 :5 "},
-        {"00:00", "17 45", "17:45"}, {"00:00", "2359", "23:59"}, {"00:00", "24", "2 :4 "},
-        {"00:00", "1275", "12:7 "},  {"00:00", "ab7c", "7 :  "}, {"00:00", "12345", "12:34"},
-        {"00:00", "99", "9 :9 "},    {"23:59", ":1", "23:19"},
+        {"00:00", "17 45", "17:45"}, {"00:00", "2359", "23:59"}, {"00:00", "235", "23:5 "},
+        {"00:00", "2:35", "2 :35"},  {"00:00", "ab7c", "7 :  "}, {"00:00", "12345", "12:34"},
+        {"00:00", "99", "9 :9 "},    {"12:06", ":5", "  :5 "},
     };
     for (const Case& test : cases) {
         TimeField field;
         field.setText(QString::fromLatin1(test.before));
-        if (test.typed[0] == ':')
-            field.setCursorPosition(0);
-        else
-            field.selectAll();
+        field.selectAll();
         QTest::keyClicks(&field, QString::fromLatin1(test.typed));
         EXPECT_EQ(field.displayText().toStdString(), test.shown) << test.typed;
         EXPECT_TRUE(field.isModified()) << test.typed;
     }
+}
+
+TEST(TimeField, WhatIsNoTimeLeavesTheOneFromBefore)
+{
+    for (const char* typed : {"24", "24:00", "2400", "25.30", "1260", "12:60", "999", "7:60"}) {
+        TimeField field;
+        field.setText(QStringLiteral("12:06"));
+        field.selectAll();
+        QTest::keyClicks(&field, QString::fromLatin1(typed));
+        EXPECT_EQ(field.text(), QStringLiteral("12:06")) << typed;
+        EXPECT_FALSE(field.isModified()) << typed;
+        QTest::keyClick(&field, Qt::Key_Delete);
+        QTest::keyClicks(&field, QStringLiteral("2359"));
+        EXPECT_EQ(field.text(), QStringLiteral("23:59")) << typed;
+    }
+}
+
+TEST(TimeField, ShiftForAColonIsNoNewBeginningAndAClickIsOne)
+{
+    TimeField field;
+    field.setText(QStringLiteral("12:06"));
+    field.selectAll();
+    QTest::keyClicks(&field, QStringLiteral("24"));
+    QTest::keyClick(&field, Qt::Key_Shift);
+    QTest::keyClick(&field, ':', Qt::ShiftModifier);
+    QTest::keyClicks(&field, QStringLiteral("00"));
+    EXPECT_EQ(field.text(), QStringLiteral("12:06"));
+    QTest::mouseClick(&field, Qt::LeftButton);
+    field.selectAll();
+    QTest::keyClicks(&field, QStringLiteral("0830"));
+    EXPECT_EQ(field.text(), QStringLiteral("08:30"));
+}
+
+TEST(TimeField, AColonBehindAPlacedCursorGoesToTheMinutes)
+{
+    TimeField field;
+    field.setText(QStringLiteral("23:59"));
+    field.setCursorPosition(0);
+    QTest::keyClicks(&field, QStringLiteral(":1"));
+    EXPECT_EQ(field.displayText(), QStringLiteral("23:19"));
 }
 
 TEST(TimeField, AnHourThatBecomesNoHourGivesItsSecondDigitUp)

@@ -65,6 +65,25 @@ TEST_F(FrmRingOrloII, StoringChangesTheRowOfTheClickedLineAndTheLine)
     EXPECT_EQ(jet::CheckIntegrity(file), std::vector<std::string>{});
 }
 
+TEST_F(FrmRingOrloII, AStoredTimeThatIsNoneStaysUntilAnotherIsTyped)
+{
+    UseDatabase("nimbo-full-2000.mdb");
+    StoreBellRow(*state.Database, {4, 1, 24, 60, QStringLiteral("01111110"), 2, 5});
+    Open();
+    Type("Ring", "");
+    Type("TempoRings", "");
+    EXPECT_EQ(Text("Ring"), "24:60");
+    EXPECT_EQ(Text("LabelModifiche"), "");
+    Type("TempoRings", "6");
+    Press("cmdAggiorna");
+    EXPECT_EQ(Line(0), "01   24:60     06     0 1 1 1 1 1 1 0    0 1");
+    Type("Ring", "2400");
+    EXPECT_EQ(Text("Ring"), "24:60") << "refused";
+    Type("Ring", "0830");
+    Press("cmdAggiorna");
+    EXPECT_EQ(Line(0), "01   08:30     06     0 1 1 1 1 1 1 0    0 1");
+}
+
 TEST_F(FrmRingOrloII, StoringAddsTheRowThatTheClickedLineHasNone)
 {
     Open();
@@ -117,6 +136,19 @@ TEST_F(FrmRingOrloII, TheWeekIsDrawnAndAMarkChoosesItsLine)
     QTest::mouseClick(&drawing, Qt::LeftButton, {}, drawing.Places()[mark].center().toPoint());
     EXPECT_EQ(List().currentRow(), 2);
     EXPECT_TRUE(drawing.Marks()[mark].chosen);
+}
+
+TEST_F(FrmRingOrloII, TheListShowsWholeLinesInEveryHeight)
+{
+    Open();
+    for (const int height : {600, 601, 613, 700}) {
+        bells->resize(920, height);
+        QCoreApplication::processEvents();
+        ASSERT_EQ(bells->height(), height);
+        const int row = List().sizeHintForRow(0);
+        EXPECT_EQ(List().viewport()->height() % row, 0) << height;
+        EXPECT_GT(List().viewport()->height() + row, List().height() - 2 * List().frameWidth());
+    }
 }
 
 TEST_F(FrmRingOrloII, EveryInputHasANameAndNoTwoMnemonicsAreAlike)

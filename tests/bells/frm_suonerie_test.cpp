@@ -31,6 +31,22 @@ TEST_F(FrmSuonerie, AnEnteredRingStandsInTheTableAndInTheDrawing)
     EXPECT_EQ(Primary(), "cmdTrasmetteSuonerie");
 }
 
+TEST_F(FrmSuonerie, TheWarningIsPaintedBesideTheOutcomeAndMovesNothing)
+{
+    Open();
+    auto& panel = Control<OutcomePanel>("Avviso");
+    EXPECT_EQ(Warning(), kUnread);
+    const QRect room = Control("DisegnoSettimana").geometry();
+    const QImage painted = panel.grab().toImage();
+    Control<OutcomePanel>("Esito").setText(QStringLiteral("Errore nella ricezione dei dati"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(panel.grab().toImage(), painted);
+    panel.SetRemark(QString());
+    QCoreApplication::processEvents();
+    EXPECT_NE(panel.grab().toImage(), painted);
+    EXPECT_EQ(Control("DisegnoSettimana").geometry(), room);
+}
+
 TEST_F(FrmSuonerie, ADurationAbove10BecomesTen)
 {
     Open();
@@ -98,6 +114,23 @@ TEST_F(FrmSuonerie, AClickOnAMarkShowsItsDayAndGoesToItsRing)
     EXPECT_TRUE(Ticked("Giorno_5"));
     EXPECT_TRUE(Control("Ring_1").hasFocus());
     EXPECT_TRUE(Marks()[0].chosen);
+}
+
+TEST_F(FrmSuonerie, TheRowsOfTheDayShareTheHeightOfTheDrawing)
+{
+    Open();
+    bells->resize(860, 590);
+    QCoreApplication::processEvents();
+    const auto bottom = [this](QAnyStringView name) {
+        return Control(name).mapTo(bells, Control(name).rect().bottomLeft()).y();
+    };
+    EXPECT_EQ(bottom("LabelRegola"), bottom("DisegnoSettimana"));
+    // A field, the gap, and a part of the height that would be left below.
+    const int step = bottom("Ring_1") - bottom("Ring_0");
+    EXPECT_GT(step, Control("Ring_0").height() + 6 + 3);
+    for (int row = 1; row < kRingsOfDay / 2; ++row)
+        EXPECT_NEAR(bottom(Cell("Ring", row)) - bottom(Cell("Ring", row - 1)), step, 1) << row;
+    EXPECT_LT(bottom("Ring_0") - bottom("LabelGiorno"), 3 * step);
 }
 
 TEST_F(FrmSuonerie, EveryInputHasANameAndNoTwoMnemonicsAreAlike)

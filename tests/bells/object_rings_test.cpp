@@ -1,5 +1,7 @@
 #include "tests/bells/suonerie_fixture.h"
 
+#include <algorithm>
+
 namespace orlo::testing
 {
 namespace
@@ -56,6 +58,44 @@ TEST_F(FrmSuonerie, ASilentTerminalIsAskedAsOftenAsItHasAttempts)
     EXPECT_EQ(terminal.component.CallsOf("DTR").size(), 2U) << "also behind a failure";
 }
 
+/// Counts how often a control is painted with no marks.
+class PaintedEmpty : public QObject
+{
+public:
+    explicit PaintedEmpty(WeekDrawing& drawing) : drawing_(drawing)
+    {
+        drawing_.installEventFilter(this);
+    }
+    int times = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && drawing_.Marks().empty()) ++times;
+        return false;
+    }
+
+private:
+    WeekDrawing& drawing_;
+};
+
+TEST_F(FrmSuonerie, TheOldWeekIsGoneFromTheDrawingBeforeTheFirstDayIsAskedFor)
+{
+    Open();
+    Entry(2, 2) = kNoon;
+    Press("Giorno_2");
+    ASSERT_EQ(Marks().size(), 1U);
+    rings.silent = true;
+    PaintedEmpty painted(Control<WeekDrawing>("DisegnoSettimana"));
+    std::vector<int> painted_at_requests;
+    terminal.component.on_call = [&](const std::string& call) {
+        if (call.starts_with("Rings.Receive")) painted_at_requests.push_back(painted.times);
+    };
+    Press("cmdRiceveSuonerie");
+    ASSERT_EQ(painted_at_requests.size(), 3U);
+    EXPECT_GT(painted_at_requests[0], 0);
+}
+
 TEST_F(FrmSuonerie, FailuresAreCountedForEachDay)
 {
     rings.failures = {"ER", "ER", "", "ER", "ER", ""};
@@ -90,7 +130,80 @@ TEST_F(FrmSuonerie, APartlyReadWeekStaysAndTheOperatorIsWarned)
     EXPECT_EQ(pc.dialog.told.front().informative,
               QStringLiteral("Da lunedì in poi non è stato letto niente: ER."));
     EXPECT_EQ(Primary(), "cmdRiceveSuonerie");
-    EXPECT_TRUE(Control<OutcomePanel>("Esito").Remark().contains(QStringLiteral("solo in parte")));
+    EXPECT_EQ(Text("Esito"), "Errore nella ricezione dei dati");
+    EXPECT_EQ(Warning(), kPartial);
+}
+
+TEST_F(FrmSuonerie, AWeekReadInPartIsStillThatWhenTheWindowIsOpenedAgain)
+{
+    rings.week[0][0] = kNoon;
+    rings.failures = {"", "ER", "ER", "ER"};
+    Open();
+    Press("cmdRiceveSuonerie");
+    Press("cmdUscita");
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(Warning(), kPartial);
+    EXPECT_EQ(Primary(), "cmdRiceveSuonerie");
+    EXPECT_TRUE(Control("cmdRiceveSuonerie").hasFocus());
+}
+
+TEST_F(FrmSuonerie, AReadThatBringsNothingLeavesTheWeekUnread)
+{
+    rings.silent = true;
+    Open();
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(Warning(), kUnread);
+    EXPECT_EQ(Text("Esito"), "Errore nella ricezione dei dati");
+    EXPECT_TRUE(Marks().empty());
+}
+
+TEST_F(FrmSuonerie, DaysReadWithoutARingAreReadInPart)
+{
+    rings.failures = {"", "", "ER", "ER", "ER"};
+    Open();
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(Warning(), kPartial);
+}
+
+TEST_F(FrmSuonerie, AnEmptyWeekThatWasReadOrSentIsKnown)
+{
+    Open();
+    for (const char* button : {"cmdRiceveSuonerie", "cmdTrasmetteSuonerie"}) {
+        Press(button);
+        Press("cmdUscita");
+        OpenBells("FrmSuonerie");
+        EXPECT_EQ(Warning(), "") << button;
+        EXPECT_TRUE(Control("cmdTrasmetteSuonerie").hasFocus()) << button;
+    }
+}
+
+TEST_F(FrmSuonerie, AWeekReadInPartIsWholeOnceItIsSent)
+{
+    rings.failures = {"", "ER", "ER", "ER"};
+    Open();
+    Press("cmdRiceveSuonerie");
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(Warning(), "");
+    EXPECT_EQ(Primary(), "cmdTrasmetteSuonerie");
+}
+
+TEST_F(FrmSuonerie, ReadingATerminalMakesTheWeeksOfAllOthersUnread)
+{
+    Open();
+    Press("cmdRiceveSuonerie");
+    Press("cmdUscita");
+    Register(9, QStringLiteral("Sipa"));
+    window.SelectTerminalLine(1);
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(bells->windowTitle(), QStringLiteral("Suonerie Terminale n° 9"));
+    EXPECT_EQ(Warning(), kUnread);
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(Warning(), "");
+    Press("cmdUscita");
+    window.SelectTerminalLine(0);
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(bells->windowTitle(), QStringLiteral("Suonerie Terminale n° 4"));
+    EXPECT_EQ(Warning(), kUnread);
 }
 
 TEST_F(FrmSuonerie, All168RingsAreSentSortedEmptyOnesToo)
@@ -111,6 +224,20 @@ TEST_F(FrmSuonerie, All168RingsAreSentSortedEmptyOnesToo)
     EXPECT_EQ(Text("Esito"), "Comunicazione OK");
 }
 
+TEST_F(FrmSuonerie, BehindASendNoRingIsTheChosenOne)
+{
+    Open();
+    Press("Giorno_1");
+    Type("Ring_0", "1200");
+    Type("Ring_1", "0830");
+    Control("Ring_0").setFocus(Qt::TabFocusReason);
+    const auto chosen = [this] { return std::ranges::count(Marks(), true, &RingMark::chosen); };
+    ASSERT_EQ(chosen(), 1);
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(Times(2), "08:30 0;12:00 0;");
+    EXPECT_EQ(chosen(), 0);
+}
+
 TEST_F(FrmSuonerie, ARingThatStillFailsEndsTheSending)
 {
     Open();
@@ -122,8 +249,8 @@ TEST_F(FrmSuonerie, ARingThatStillFailsEndsTheSending)
     EXPECT_EQ(sent[5], "Rings.Send(4, 7) 0/3 00:00 0");
     EXPECT_EQ(Told(DialogIcon::Critical), QStringLiteral("Errore nella spedizione dei dati"));
     EXPECT_EQ(pc.dialog.told.front().informative,
-              QStringLiteral("Dalla suoneria 3 di domenica in poi il terminale ha ancora le "
-                             "suonerie di prima: ER."));
+              QStringLiteral("La suoneria 3 di domenica non è confermata; da quella dopo in "
+                             "poi il terminale ha ancora le suonerie di prima: ER."));
 }
 
 TEST_F(FrmSuonerie, ThePercentageRisesAndIsBackAt0)
@@ -167,6 +294,45 @@ TEST_F(FrmSuonerie, WhatTheComponentThrowsEndsTheCommandNotTheProgram)
     EXPECT_EQ(Text("Esito"), "Errore del componente: guasto");
     EXPECT_EQ(Controls().PannelloPercentuale->value(), 0);
     EXPECT_TRUE(Enabled("cmdRiceveSuonerie"));
+}
+
+TEST_F(FrmSuonerie, AnOrloBehindAModemIsDialledAndHungUpBehindEachCommand)
+{
+    Open();
+    Controls().CheckModem->setChecked(true);
+    Controls().NumeroTelefono->setText(QStringLiteral("0112345"));
+    for (const char* button : {"cmdRiceveSuonerie", "cmdTrasmetteSuonerie"}) {
+        terminal.component.calls.clear();
+        terminal.component.received_texts = {"CONNECT"};
+        Press(button);
+        const std::string asked =
+            terminal.component.CallsOf("Rings.Receive").empty() ? "Rings.Send" : "Rings.Receive";
+        const auto first = [this](const std::string& begin) {
+            return std::ranges::find_if(
+                CallsMade(), [&](const std::string& call) { return call.starts_with(begin); });
+        };
+        ASSERT_EQ(terminal.component.CallsOf("SendString").size(), 1U) << button;
+        EXPECT_NE(first("SendString(")->find("0112345"), std::string::npos)
+            << *first("SendString(");
+        EXPECT_LT(first("SendString("), first(asked)) << button;
+        EXPECT_EQ(Calls(CallsMade().end() - 2, CallsMade().end()),
+                  (Calls{"DTR(false)", "DTR(true)"}))
+            << button;
+        EXPECT_EQ(Text("Esito"), "Comunicazione OK") << button;
+    }
+}
+
+TEST_F(FrmSuonerie, AnEndOfTheProgramFollowsTheWholeWeek)
+{
+    Open();
+    int asked_to_leave = 0;
+    QObject::connect(&window, &Contenitore::LeaveRequested, bells, [&] { ++asked_to_leave; });
+    terminal.component.on_call = [this](const std::string& call) {
+        if (call.starts_with("Rings.Send(4, 7) 3/1 ")) window.close();
+    };
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(terminal.component.CallsOf("Rings.Send").size(), 168U);
+    EXPECT_EQ(asked_to_leave, 1);
 }
 
 TEST_F(FrmSuonerie, WithoutAComponentNothingIsCleared)

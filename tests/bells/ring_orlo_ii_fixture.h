@@ -43,6 +43,16 @@ protected:
         Connect(QString::fromLatin1(model), {}, faults);
         OpenBells("frmRingOrloII");
     }
+    /// Done while the telegram of that number, from 1, is on its way.
+    void DuringTelegram(int number, std::function<void()> event)
+    {
+        pc.com1.answer_to = [this, number, event = std::move(event),
+                             carry = pc.com1.answer_to](std::string_view request) {
+            const std::vector<Arrival> arrivals = carry(request);
+            if (commands.size() == number) event();
+            return arrivals;
+        };
+    }
     RingList& List() const { return Control<RingList>("ListaSuonerie"); }
     void ClickLine(int row)
     {
@@ -60,6 +70,11 @@ protected:
         return days;
     }
     std::string Status() const { return Text("PannelloSuonerie"); }
+    /// The line of the last command, behind its time.
+    std::string LastCommand() const
+    {
+        return Controls().LabelUltimoComando->text().section(u' ', 1).toStdString();
+    }
     std::string Exported() const
     {
         return end_to_end::ChildProcess(ORLO_MDB_EXPORT, {"-H", file.string(), "Suonerie"},

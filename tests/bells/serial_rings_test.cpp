@@ -87,6 +87,46 @@ TEST_F(FrmRingOrloII, WithoutRowsOrloIISends32TelegramsAndOrloTreNone)
     EXPECT_EQ(Status(), "Comunicazione OK");
 }
 
+TEST_F(FrmRingOrloII, AFinishedSendIsThatInTheLineOfTheLastCommand)
+{
+    Open("OrloTre");
+    Press("cmdTrasmette");
+    EXPECT_EQ(Outcome().toStdString(), "4/32 Comunicazione OK");
+    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: Comunicazione OK");
+    Press("cmdUscita");
+
+    UseDatabase("nimbo-base-2000.mdb");
+    Controls().LabelUltimoComando->setText(QStringLiteral("08:00 un comando prima"));
+    OpenBells("frmRingOrloII");
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 4) << "nothing more was sent";
+    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: Comunicazione OK");
+}
+
+TEST_F(FrmRingOrloII, WhatWasNotSavedIsNotSentAndThatIsSaid)
+{
+    Open();
+    ClickLine(0);
+    Type("Ring", "0915");
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands[0].toStdString(), "13 01 08 05 01111110 2 05");
+    EXPECT_EQ(Status(), "Comunicazione OK");
+    EXPECT_EQ(Text("LabelModifiche"), "Modifiche non salvate, non inviate");
+    EXPECT_EQ(LastCommand(),
+              "Invio suonerie, terminale 4: Comunicazione OK, le modifiche non salvate non sono "
+              "state inviate");
+}
+
+TEST_F(FrmRingOrloII, TheOutcomeOfASendGoesWhenTheListChanges)
+{
+    Open();
+    Press("cmdTrasmette");
+    Press("Festivo");
+    EXPECT_EQ(Status(), "Comunicazione OK") << "the list is still what was sent";
+    Press("cmdAggiorna");
+    EXPECT_EQ(Status(), "");
+}
+
 TEST_F(FrmRingOrloII, SendingStopsAtTheFirstTimeout)
 {
     Open("Orlo II", {"3:silenzio"});
@@ -112,13 +152,10 @@ TEST_F(FrmRingOrloII, APortThatDoesNotOpenIsSaid)
 {
     Open();
     pc.com1.device_missing = true;
-    for (const char* button : {"cmdTrasmette", "cmdReset"}) {
-        pc.dialog.answer_yes = true;
-        Press(button);
-        EXPECT_EQ(Status(), "Errore aprendo la COM") << button;
-        EXPECT_EQ(Outcome(), QStringLiteral("Errore aprendo la COM")) << button;
-        EXPECT_TRUE(commands.isEmpty()) << button;
-    }
+    Press("cmdTrasmette");
+    EXPECT_EQ(Status(), "Errore aprendo la COM");
+    EXPECT_EQ(Outcome(), QStringLiteral("Errore aprendo la COM"));
+    EXPECT_TRUE(commands.isEmpty());
     EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
 }
 
@@ -172,13 +209,22 @@ TEST_F(FrmRingOrloII, ResetThatIsNotConfirmedDoesNothing)
     EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
 }
 
-TEST_F(FrmRingOrloII, ResetWithoutAnAnswerLeavesTheList)
+TEST_F(FrmRingOrloII, AConfirmedResetEmptiesTheListWhateverTheTerminalAnswers)
 {
-    Open("Orlo II", {"14*:richiesta-persa"});
     pc.dialog.answer_yes = true;
-    Press("cmdReset");
-    EXPECT_EQ(Status(), "Timeout");
-    EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
+    const auto expect_emptied = [this](const char* status) {
+        Press("cmdReset");
+        EXPECT_EQ(Status(), status);
+        EXPECT_EQ(List().Lines(), RingLines({})) << status;
+        EXPECT_EQ(Exported(), std::string(kTerminal1) + kTerminal4) << status;
+        Press("cmdUscita");
+        OpenBells("frmRingOrloII");
+        EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1") << status;
+    };
+    Open("Orlo II", {"14*:richiesta-persa"});
+    expect_emptied("Timeout");
+    pc.com1.device_missing = true;
+    expect_emptied("Errore aprendo la COM");
 }
 
 TEST_F(FrmRingOrloII, NothingReactsWhileRingsAreSentAndACloseFollows)
@@ -201,6 +247,52 @@ TEST_F(FrmRingOrloII, NothingReactsWhileRingsAreSentAndACloseFollows)
     EXPECT_TRUE(inert);
     EXPECT_EQ(commands.size(), 32);
     EXPECT_FALSE(bells->isVisible());
+}
+
+TEST_F(FrmRingOrloII, AProgramThatIsToEndWaitsForTheRunningRingOnly)
+{
+    Open("Orlo II", {"13*:checksum-errato"});
+    DuringTelegram(3, [this] { window.close(); });
+    int asked_to_leave = 0;
+    QObject::connect(&window, &Contenitore::LeaveRequested, bells, [&] { ++asked_to_leave; });
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 3);
+    EXPECT_EQ(Status(), "Invio interrotto.");
+    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: Invio interrotto.");
+    EXPECT_EQ(asked_to_leave, 1);
+    EXPECT_FALSE(pc.com1.PortOpen());
+}
+
+TEST_F(FrmRingOrloII, AnEndAskedForDuringTheLastRingLeavesTheSendDone)
+{
+    Open();
+    DuringTelegram(32, [this] { window.close(); });
+    Press("cmdTrasmette");
+    EXPECT_EQ(Status(), "Comunicazione OK");
+}
+
+TEST_F(FrmRingOrloII, EscapeDoesNotStopASend)
+{
+    Open();
+    DuringTelegram(3, [this] { pc.escape.pressed = true; });
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 32);
+    EXPECT_TRUE(pc.dialog.asked.empty());
+}
+
+TEST_F(FrmRingOrloII, ALineThatDropsEndsTheSendAndIsSaid)
+{
+    Open();
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    DuringTelegram(5, [this] { pc.com1.line_lost = true; });
+    Press("cmdTrasmette");
+    EXPECT_EQ(commands.size(), 5);
+    EXPECT_EQ(Status(), "Errore: la linea è caduta. Premere Log-off.");
+    EXPECT_EQ(LastCommand(),
+              "Invio suonerie, terminale 4: Errore: la linea è caduta. Premere Log-off.");
+    EXPECT_TRUE(Enabled("cmdTrasmette"));
 }
 
 TEST_F(FrmRingOrloII, EscapeClosesAndNoPortIsHeld)

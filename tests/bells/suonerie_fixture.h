@@ -15,6 +15,11 @@ inline constexpr RingEntry kMorning{0, 8, 30, 5};
 inline constexpr RingEntry kNoon{0, 12, 0, 10};
 inline constexpr RingEntry kFivePastSeven{0, 7, 5, 3};
 
+inline const std::string kUnread =
+    "La settimana non è stata letta: inviandola ora si svuota quella del terminale.";
+inline const std::string kPartial =
+    "La settimana è stata letta solo in parte: inviandola si perde il resto.";
+
 class FrmSuonerie : public BellWindowTest<ObjectWindow>
 {
 protected:
@@ -52,6 +57,15 @@ protected:
         for (const QAbstractButton* button : bells->findChildren<QAbstractButton*>())
             if (button->property("primario").toBool()) names += button->objectName().toStdString();
         return names;
+    }
+    /// The warning that is painted, in full, whatever the outcome beside it says.
+    std::string Warning() const
+    {
+        const auto& panel = Control<OutcomePanel>("Avviso");
+        EXPECT_TRUE(panel.isVisible());
+        EXPECT_TRUE(panel.text().isEmpty()) << "would be painted in its place";
+        EXPECT_TRUE(panel.toolTip().isEmpty()) << "elided";
+        return panel.Remark().toStdString();
     }
     const std::vector<RingMark>& Marks() const
     {

@@ -120,6 +120,54 @@ TEST_P(Suonerie, ATableInCapitalsIsUsedAsItIs)
               "32,7,8,30,\"01111100\",1,5\n");
 }
 
+TEST_P(Suonerie, OtherNumberTypesOfAForeignTableAreReadAndWritten)
+{
+    OpenOlder();
+    database->CreateTable({u"SUONERIE",
+                           {{u"TERMINALE", jet::ColumnType::Long, 4},
+                            {u"LOCAZIONE", jet::ColumnType::Byte, 1},
+                            {u"ORA", jet::ColumnType::Double, 8},
+                            {u"MINUTI", jet::ColumnType::Single, 4},
+                            {u"GIORNI", jet::ColumnType::Text, 50},
+                            {u"NUMERO_RELÈ", jet::ColumnType::Byte, 1},
+                            {u"TEMPO_RELÈ", jet::ColumnType::Long, 4}},
+                           {}});
+    CreaTabellaSuonerie(*database);
+    const BellRow row{32, 7, 8, 30, QStringLiteral("01111100"), 1, 5};
+    StoreBellRow(*database, row);
+    EXPECT_EQ(LoadBellRows(*database, 32), std::vector{row});
+    EXPECT_EQ(Exported("SUONERIE"),
+              "TERMINALE,LOCAZIONE,ORA,MINUTI,GIORNI,NUMERO_RELÈ,TEMPO_RELÈ\n"
+              "32,7,8,30,\"01111100\",1,5\n");
+    ExpectSound();
+}
+
+TEST_P(Suonerie, AForeignColumnOfTextIsNamed)
+{
+    OpenOlder();
+    database->CreateTable({u"SUONERIE",
+                           {{u"TERMINALE", jet::ColumnType::Integer, 2},
+                            {u"LOCAZIONE", jet::ColumnType::Integer, 2},
+                            {u"ORA", jet::ColumnType::Text, 5},
+                            {u"MINUTI", jet::ColumnType::Integer, 2},
+                            {u"GIORNI", jet::ColumnType::Text, 8},
+                            {u"NUMERO_RELÈ", jet::ColumnType::Integer, 2},
+                            {u"TEMPO_RELÈ", jet::ColumnType::Integer, 2}},
+                           {}});
+    const auto rows = database->OpenTable(u"SUONERIE");
+    rows->AddNew();
+    rows->SetField(u"TERMINALE", std::int32_t{32});
+    rows->SetField(u"ORA", std::u16string(u"otto"));
+    rows->Update();
+    try {
+        LoadBellRows(*database, 32);
+        ADD_FAILURE() << "the text was taken for a number";
+    } catch (const jet::Error& error) {
+        EXPECT_EQ(error.Number(), jet::kWrongType);
+        EXPECT_NE(std::string(error.what()).find("Ora"), std::string::npos) << error.what();
+    }
+}
+
 TEST_P(Suonerie, ADatabaseThatCanOnlyBeReadGetsNoTable)
 {
     OpenOlder();

@@ -1,5 +1,9 @@
 #include "bells/week_drawing.h"
 
+#include "registry/widgets/colours.h"
+#include "registry/widgets/theme.h"
+
+#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -38,6 +42,15 @@ TEST_F(WeekDrawingTest, DaysGoAcrossAndHoursDown)
     EXPECT_GE(places[1].top(), places[0].bottom()) << "five minutes apart, and both to be seen";
 }
 
+TEST_F(WeekDrawingTest, TheFirstAndTheLastMinuteOfADayLieInTheGrid)
+{
+    drawing.Show({{.day = 0, .minute = 0, .duration = 1}, {.day = 0, .minute = 24 * 60 - 1}});
+    // The grid ends half a line from the edges.
+    const double edge = drawing.fontMetrics().height() / 2;
+    EXPECT_GE(drawing.Places()[0].top(), edge);
+    EXPECT_LE(drawing.Places()[1].bottom(), drawing.height() - edge);
+}
+
 TEST_F(WeekDrawingTest, AClickOnAMarkChoosesItsRing)
 {
     const QSignalSpy marks(&drawing, &WeekDrawing::MarkChosen);
@@ -60,6 +73,22 @@ TEST_F(WeekDrawingTest, AClickBesideAllMarksChoosesTheDay)
     Click({2, 300});
     EXPECT_EQ(days.size(), 1) << "the hours are no day";
     EXPECT_TRUE(marks.empty());
+}
+
+TEST_F(WeekDrawingTest, TheChosenMarkReadsOnTheTintedColumnInBothThemes)
+{
+    drawing.Show({{.day = 1, .minute = 9 * 60, .duration = 10, .chosen = true}});
+    const QPoint mark = drawing.Places()[0].center().toPoint();
+    for (const Theme theme : {Theme::Dark, Theme::Light}) {
+        ApplyTheme(*qApp, theme);
+        drawing.ShadeDay(-1);
+        const QImage plain = drawing.grab().toImage();
+        drawing.ShadeDay(1);
+        const QImage tinted = drawing.grab().toImage();
+        const QColor ground = tinted.pixelColor(mark + QPoint(0, 8));
+        EXPECT_NE(ground, plain.pixelColor(mark + QPoint(0, 8))) << "tinted";
+        EXPECT_GE(ContrastRatio(tinted.pixelColor(mark), ground), 4.5);
+    }
 }
 
 TEST_F(WeekDrawingTest, SaysItsRingsInWords)
