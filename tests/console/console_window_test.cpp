@@ -148,6 +148,14 @@ TEST_F(ConsoleWindow, NoAnswerWidensTheWindow)
     Connect();
     const QSize before = form.size();
     const QSize least = form.minimumSizeHint();
+TEST_F(ConsoleWindow, FirstArrowUpBehindACommandRecallsTheOneBefore)
+{
+    Connect();
+    Send("03");
+    Send("32");
+    EXPECT_EQ(After(Qt::Key_Up), QStringLiteral("03"));
+}
+
     Find<AnswerPanel>("ReceivedDataLabel").setText(QString(5000, u'W'));
     QApplication::processEvents();
     EXPECT_EQ(form.size(), before);
