@@ -9,6 +9,8 @@
 #include "ui_frm_comandi.h"
 
 #include <QKeyEvent>
+#include <QApplication>
+#include <QClipboard>
 
 namespace orlo
 {
@@ -21,11 +23,12 @@ FrmComandi::FrmComandi(Contenitore& desk)
     connect(ui_->CommandField, &QLineEdit::textChanged, this, &FrmComandi::CommandField_Change);
     connect(ui_->cmdTrasmetteComando, &QPushButton::clicked, this,
             &FrmComandi::cmdTrasmetteComando_Click);
-    connect(ui_->cmdCopia, &QPushButton::clicked, ui_->ReceivedDataLabel, &AnswerPanel::CopyAll);
+    connect(ui_->cmdCopia, &QPushButton::clicked, this, &FrmComandi::cmdCopia_Click);
     connect(ui_->cmdUscita, &QPushButton::clicked, this, &QWidget::close);
-    connect(ui_->ReceivedDataLabel, &TextPanel::TextChanged, ui_->cmdCopia,
-            [this](const QString& answer) { ui_->cmdCopia->setEnabled(!answer.isEmpty()); });
-    ui_->cmdCopia->setEnabled(false);
+    for (TextPanel* panel :
+         std::initializer_list<TextPanel*>{ui_->ReceivedDataLabel, ui_->ReceveidCommand})
+        connect(panel, &TextPanel::TextChanged, this, &FrmComandi::OfferCopy);
+    OfferCopy();
     for (QLineEdit* field : {ui_->CommandField, ui_->DataField}) field->installEventFilter(this);
 }
 
@@ -95,6 +98,21 @@ bool FrmComandi::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Up) Recall(history_.Older(Typed()));
+void FrmComandi::OfferCopy()
+{
+    ui_->cmdCopia->setEnabled(!ui_->ReceivedDataLabel->text().isEmpty() ||
+                              !ui_->ReceveidCommand->text().isEmpty());
+}
+
+// A refusal without data is its code.
+void FrmComandi::cmdCopia_Click()
+{
+    if (ui_->ReceivedDataLabel->text().isEmpty())
+        QApplication::clipboard()->setText(ui_->ReceveidCommand->text());
+    else
+        ui_->ReceivedDataLabel->CopyAll();
+}
+
         if (key == Qt::Key_Down) Recall(history_.Newer(Typed()));
         if (key == Qt::Key_Up || key == Qt::Key_Down) return true;
     }
