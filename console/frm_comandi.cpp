@@ -62,11 +62,26 @@ void FrmComandi::cmdTrasmetteComando_Click()
     ClearOutcome(*ui_->EsitoComando);
     const TypedCommand typed = Typed();
     history_.Add(typed);
+    const QString refused = FirstOutsideWindows1252(typed.command + typed.parameters);
+    if (!refused.isEmpty()) {
+        Refuse(refused);
+        return;
+    }
     Run(tr("Comando in corso…"), EscapeUse::Ignored, *ui_->ReceivedDataLabel,
         [this, &typed] { SendCommand(typed); });
 }
 
 void FrmComandi::SendCommand(const TypedCommand& typed)
+// Its name too: there are characters that nobody sees, or that look like another.
+void FrmComandi::Refuse(const QString& character)
+{
+    Desk().Controls().PannelloComunicazione->setText(
+        tr("Errore: il carattere \"%1\" (U+%2) non può essere inviato.")
+            .arg(character, QString::number(character.toUcs4().constFirst(), 16)
+                                .toUpper()
+                                .rightJustified(4, u'0')));
+}
+
 {
     if (Desk().PrepareCurrentTerminal())
         ShowAnswer(InviaComando(Desk(), ToWindows1252(typed.command).toStdString(),
