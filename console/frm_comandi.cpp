@@ -4,13 +4,14 @@
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
 #include "registry/widgets/fixed_font.h"
+#include "registry/widgets/form_style.h"
 #include "registry/windows_1252.h"
 
 #include "ui_frm_comandi.h"
 
-#include <QKeyEvent>
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
 
 namespace orlo
 {
@@ -41,8 +42,8 @@ void FrmComandi::Form_Load()
     for (QWidget* control : std::initializer_list<QWidget*>{
              ui_->labelParametri, ui_->DataField, ui_->LabelComando, ui_->ReceveidCommand})
         control->setVisible(object_driven);
-    // The command takes the room of the parameters that are not there.
-    ui_->disposizione_2->setColumnStretch(1, object_driven ? 1 : 0);
+    // The command takes the room of the parameters that are not there, and of the gap before them.
+    ui_->disposizione_2->addWidget(ui_->CommandField, 2, 0, 1, object_driven ? 1 : 2);
     ui_->CommandField->clear();
     ui_->DataField->clear();
     CommandField_Change();
@@ -61,17 +62,16 @@ void FrmComandi::cmdTrasmetteComando_Click()
     CommandField_Change();
     ClearOutcome(*ui_->EsitoComando);
     const TypedCommand typed = Typed();
-    history_.Add(typed);
     const QString refused = FirstOutsideWindows1252(typed.command + typed.parameters);
     if (!refused.isEmpty()) {
         Refuse(refused);
         return;
     }
+    history_.Add(typed);
     Run(tr("Comando in corso…"), EscapeUse::Ignored, *ui_->ReceivedDataLabel,
         [this, &typed] { SendCommand(typed); });
 }
 
-void FrmComandi::SendCommand(const TypedCommand& typed)
 // Its name too: there are characters that nobody sees, or that look like another.
 void FrmComandi::Refuse(const QString& character)
 {
@@ -82,6 +82,7 @@ void FrmComandi::Refuse(const QString& character)
                                 .rightJustified(4, u'0')));
 }
 
+void FrmComandi::SendCommand(const TypedCommand& typed)
 {
     if (Desk().PrepareCurrentTerminal())
         ShowAnswer(InviaComando(Desk(), ToWindows1252(typed.command).toStdString(),
@@ -95,6 +96,21 @@ void FrmComandi::ShowAnswer(const CommandAnswer& answer)
     if (answer.received_command.empty()) return;
     ui_->ReceveidCommand->setText(ComponentText(answer.received_command));
     Desk().NoteOutcome(ui_->ReceveidCommand->text());
+}
+
+void FrmComandi::OfferCopy()
+{
+    ui_->cmdCopia->setEnabled(!ui_->ReceivedDataLabel->text().isEmpty() ||
+                              !ui_->ReceveidCommand->text().isEmpty());
+}
+
+// A refusal without data is its code.
+void FrmComandi::cmdCopia_Click()
+{
+    if (ui_->ReceivedDataLabel->text().isEmpty())
+        QApplication::clipboard()->setText(ui_->ReceveidCommand->text());
+    else
+        ui_->ReceivedDataLabel->CopyAll();
 }
 
 TypedCommand FrmComandi::Typed() const
@@ -113,21 +129,6 @@ bool FrmComandi::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Up) Recall(history_.Older(Typed()));
-void FrmComandi::OfferCopy()
-{
-    ui_->cmdCopia->setEnabled(!ui_->ReceivedDataLabel->text().isEmpty() ||
-                              !ui_->ReceveidCommand->text().isEmpty());
-}
-
-// A refusal without data is its code.
-void FrmComandi::cmdCopia_Click()
-{
-    if (ui_->ReceivedDataLabel->text().isEmpty())
-        QApplication::clipboard()->setText(ui_->ReceveidCommand->text());
-    else
-        ui_->ReceivedDataLabel->CopyAll();
-}
-
         if (key == Qt::Key_Down) Recall(history_.Newer(Typed()));
         if (key == Qt::Key_Up || key == Qt::Key_Down) return true;
     }
@@ -137,6 +138,7 @@ void FrmComandi::cmdCopia_Click()
 void FrmComandi::DeriveLook()
 {
     TerminalWindow::DeriveLook();
+    MakeEquallyWide({ui_->cmdTrasmetteComando, ui_->cmdUscita});
     for (QWidget* control :
          std::initializer_list<QWidget*>{ui_->CommandField, ui_->DataField, ui_->ReceivedDataLabel})
         control->setFont(FixedFont(font()));
