@@ -41,7 +41,7 @@ private:
     std::optional<std::int16_t> RecordsToRead();
     void GetRecordsOrlo(std::int16_t records);
     Record GetRecord(std::int16_t number);
-    bool TryOnce(std::int16_t number);
+    bool TryOnce(std::int16_t number, int attempt);
     void ShowRead(int read, int percent);
 
     FrmMonitor& form_;
@@ -108,16 +108,17 @@ ObjectMonitor::Record ObjectMonitor::GetRecord(std::int16_t number)
 {
     for (int attempt = 1; NumericValue(desk_.Controls().Tentativi->text()) >= attempt; ++attempt) {
         if (reading_.Stopped()) return Record::Missing;
-        if (TryOnce(number)) return Record::Read;
+        if (TryOnce(number, attempt)) return Record::Read;
         if (code_ == kNoMoreRecords) return Record::EndOfData;
     }
     reading_.Fail(QStringLiteral("Errore: ") + ComponentText(code_));
     return Record::Missing;
 }
 
-bool ObjectMonitor::TryOnce(std::int16_t number)
+bool ObjectMonitor::TryOnce(std::int16_t number, int attempt)
 {
-    WaitTerminalDelay(desk_.State(), desk_.Station());
+    // Before each record it would make an hour of the whole memory.
+    if (number == 1 || attempt > 1) WaitTerminalDelay(desk_.State(), desk_.Station());
     // Taken by reference; the loop and the block keep their values.
     std::int16_t terminal = desk_.State().CurrentTerminalNumber;
     std::int16_t priority2 = desk_.State().CurrentPriority2;

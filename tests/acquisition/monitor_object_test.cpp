@@ -192,18 +192,36 @@ TEST_F(ObjectMonitor, ThrowingComponentEndsTheReadingNotTheProgram)
     }
 }
 
-TEST_F(ObjectMonitor, EveryCallWaitsForTheTerminalsDelay)
+TEST_F(ObjectMonitor, TerminalsDelayComesBeforeTheFirstRecordAndBeforeEachRepetition)
 {
     state.TerminalTable[kTerminal - 1].Ritardo = 0.9F;
     RegisterObject("Orlo");
-    Punches(2);
-    std::vector<long> at;
-    component.on_call = [&](const std::string&) {
-        at.push_back(static_cast<long>(pc.clock.Passed().count()));
+    Punches(3);
+    component.record_failures = {"", "", "99,Time Out"};
+    std::vector<std::pair<std::string, long>> calls;
+    long before = 0;
+    component.on_call = [&](const std::string& call) {
+        const long now = static_cast<long>(pc.clock.Passed().count());
+        calls.emplace_back(call, now - before);
+        before = now;
     };
     Read();
-    ASSERT_EQ(at.size(), 4U);
-    for (std::size_t i = 1; i < at.size(); ++i) EXPECT_GE(at[i] - at[i - 1], 900) << i;
+    const struct {
+        const char* call;
+        bool waits;
+    } expected[] = {{"GetNumber(4, 7)", true},
+                    {"GetRecord(4, 6, 1)", true},
+                    {"GetRecord(4, 6, 2)", false},
+                    {"GetRecord(4, 6, 3)", false},
+                    {"GetRecord(4, 6, 3)", true}};
+    ASSERT_EQ(calls.size(), 1 + std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        EXPECT_EQ(calls[i + 1].first, expected[i].call);
+        if (expected[i].waits)
+            EXPECT_GE(calls[i + 1].second, 900) << expected[i].call;
+        else
+            EXPECT_EQ(calls[i + 1].second, 0) << expected[i].call;
+    }
 }
 
 TEST_F(ObjectMonitor, ModemOfAnOrloHangsUpBeforeTheOperatorIsTold)
