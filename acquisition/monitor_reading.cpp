@@ -14,8 +14,7 @@ namespace orlo
 bool MonitorReading::OpenFile()
 {
     if (!form_.Controls().CheckMemo->isChecked() || file_.Open()) return true;
-    TellCritical(form_.Desk(), QStringLiteral("Impossibile scrivere il file \"%1\": %2.")
-                                   .arg(MonitorFile::Name(), file_.Error()));
+    TellFileFailure(QStringLiteral("Impossibile scrivere il file \"%1\": %2."));
     return false;
 }
 
@@ -48,11 +47,7 @@ void MonitorReading::ShowProgress(double part, double whole)
 void MonitorReading::Finish()
 {
     CloseFile();
-    const QString outcome = Outcome();
-    if (!outcome.isEmpty()) {
-        form_.Controls().EsitoMonitor->setText(outcome);
-        form_.Desk().NoteOutcome(outcome);
-    }
+    TellOutcome();
     if (!stopped_)
         form_.Desk().Station().dialog.Tell(
             DialogIcon::Information, QStringLiteral("Comunicazione"),
@@ -67,9 +62,25 @@ void MonitorReading::Finish()
 
 void MonitorReading::CloseFile()
 {
-    if (!file_.IsOpen() || file_.Close()) return;
-    TellCritical(form_.Desk(), QStringLiteral("Il file \"%1\" non è completo: %2.")
-                                   .arg(MonitorFile::Name(), file_.Error()));
+    if (file_.IsOpen() && !file_.Close())
+        TellFileFailure(QStringLiteral("Il file \"%1\" non è completo: %2."));
+}
+
+// The outcome stands there before the box: behind it the caption would say that all is well.
+void MonitorReading::TellFileFailure(const QString& text)
+{
+    file_failed_ = true;
+    TellOutcome();
+    TellCritical(form_.Desk(), text.arg(MonitorFile::Name(), file_.Error()));
+}
+
+void MonitorReading::TellOutcome()
+{
+    const QString outcome = Outcome();
+    if (outcome.isEmpty()) return;
+    form_.Controls().EsitoMonitor->setText(outcome);
+    form_.Desk().NoteOutcome(outcome);
+    if (file_failed_) return QStringLiteral("Errore: \"%1\" non scritto").arg(MonitorFile::Name());
 }
 
 /// Empty when the caption says it all.

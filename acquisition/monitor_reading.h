@@ -38,12 +38,18 @@ public:
 private:
     void CloseFile();
     QString Outcome() const;
+    /// The outcome alone, of a reading that did not begin.
+    void TellOutcome();
 
     FrmMonitor& form_;
     MonitorFile file_;
+    void TellFileFailure(const QString& text);
     bool stopped_ = false;
     int missing_blocks_ = 0;
     QString failure_;
 };
 
 }  // namespace orlo
+    bool file_failed_ = false;
+    bool status_missing_ = false;
+    bool more_than_declared_ = false;

@@ -320,3 +320,5 @@ TEST_F(SerialMonitor, SecondReadingBeginsAnew)
 
 }  // namespace
 }  // namespace orlo::testing
+    ExpectListingNotWritten();
+    ExpectListingNotWritten();
