@@ -83,7 +83,7 @@ void FrmMonitor::Filter()
 
 void FrmMonitor::cmdMonitor_Click()
 {
-    ui_->LabelTransazioni->clear();
+    for (QLabel* label : {ui_->LabelTransazioni, ui_->LabelScaricate}) label->clear();
     ui_->ListaMonitor->Empty();
     ClearOutcome(*ui_->EsitoMonitor);
     ui_->LabelEsc->show();

@@ -75,7 +75,11 @@ bool SerialMonitor::ReadBlocks()
     const int last = LastMonitorBlock(desk_.State().TPnt);
     for (int block = 0; block <= last; ++block) {
         const Block result = ReadBlock(*session.Port(), block);
-        if (result == Block::EndOfMemory || result == Block::Stopped) break;
+        if (result == Block::Stopped) break;
+        if (result == Block::EndOfMemory) {
+            reading_.ShowProgress(1, 1);
+            break;
+        }
         // What follows is read all the same: the operator sees at least that.
         if (result == Block::Missing) reading_.NoteMissingBlock();
         reading_.ShowProgress(block + 1, last + 1);

@@ -65,7 +65,11 @@ void ObjectMonitor::Read()
 {
     const std::optional<std::int16_t> records = RecordsToRead();
     // Opened for an empty memory too: another terminal's listing must not pass for this one's.
-    if (!records || !reading_.OpenFile() || *records == 0) return;
+    if (!records || !reading_.OpenFile()) return;
+    if (*records == 0) {
+        desk_.Controls().PannelloComunicazione->setText(QStringLiteral("Comunicazione OK"));
+        return;
+    }
     begun_ = true;
     GetRecordsOrlo(*records);
 }
@@ -95,7 +99,10 @@ void ObjectMonitor::GetRecordsOrlo(std::int16_t records)
         if (result == Record::Missing) return;
         if (result == Record::EndOfData) {
             // The whole memory was asked for and had no more: that is all of it.
-            if (form_.Controls().ChkTuttaMemoria->isChecked()) ShowRead(number - 1, 100);
+            if (form_.Controls().ChkTuttaMemoria->isChecked()) {
+                ShowRead(number - 1, 100);
+                reading_.ShowProgress(1, 1);
+            }
             return;
         }
         ShowRead(number, 100 * number / records);
@@ -145,7 +152,6 @@ void ObjectMonitor::ShowRead(int read, int percent)
 
 void MonitorOrlo(FrmMonitor& form)
 {
-    form.Controls().LabelScaricate->clear();
     if (form.Desk().State().Component != nullptr) ObjectMonitor(form).Run();
 }
 
