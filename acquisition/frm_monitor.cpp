@@ -4,6 +4,7 @@
 #include "acquisition/monitor_file.h"
 #include "registry/contenitore_controls.h"
 #include "registry/widgets/fixed_font.h"
+#include "registry/widgets/form_style.h"
 
 #include "ui_frm_monitor.h"
 
@@ -36,6 +37,7 @@ FrmMonitor::FrmMonitor(Contenitore& desk)
     ShowOutcomeIn(*ui_->EsitoMonitor);
     ui_->LabelTuttaMemoria->installEventFilter(this);
     connect(ui_->cmdMonitor, &QPushButton::clicked, this, &FrmMonitor::cmdMonitor_Click);
+    connect(ui_->cmdCopia, &QPushButton::clicked, ui_->ListaMonitor, &PunchList::CopySelectedOrAll);
     connect(ui_->cmdUscita, &QPushButton::clicked, this, &QWidget::close);
     connect(ui_->FiltroMonitor, &QLineEdit::textChanged, this, &FrmMonitor::Filter);
     connect(ui_->FiltroStato, &QComboBox::currentIndexChanged, this, &FrmMonitor::Filter);
@@ -107,6 +109,7 @@ void FrmMonitor::DeriveLook()
     ui_->LabelTestata->setContentsMargins(ui_->ListaMonitor->TextLeft(), 4, 0, 4);
     ui_->ListaMonitor->setMinimumWidth(ui_->ListaMonitor->WidthOfLines());
     const QFontMetrics metrics(font());
+    MakeEquallyWide({ui_->cmdMonitor, ui_->cmdUscita});
     ui_->ListaMonitor->setMinimumHeight(12 * metrics.height());
     const auto room = [&metrics](QWidget* control, const QString& text) {
         control->setMinimumWidth(metrics.horizontalAdvance(text));

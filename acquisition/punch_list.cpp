@@ -154,17 +154,18 @@ void PunchList::SetFilter(const MonitorFilter& filter)
     viewport()->update();
 }
 
-QString PunchList::SelectedLines() const
+QString PunchList::Text(Lines which) const
 {
     QStringList lines;
     for (int row = 0; row < count(); ++row)
-        if (item(row)->isSelected() && !isRowHidden(row)) lines << item(row)->text();
+        if (!isRowHidden(row) && (which == Lines::Seen || item(row)->isSelected()))
+            lines << item(row)->text();
     return lines.join(u'\n');
 }
 
 void PunchList::Copy() const
 {
-    const QString lines = SelectedLines();
+    const QString lines = Text(Lines::Selected);
     if (!lines.isEmpty()) QApplication::clipboard()->setText(lines);
 }
 
@@ -179,6 +180,12 @@ int PunchList::WidthOfLines() const
     widest.terminal = "00";
     const QString line = QString::fromStdString(ComponeRigaMonitor(widest));
     return TextLeft() + fontMetrics().horizontalAdvance(line) + kMargin +
+void PunchList::CopySelectedOrAll() const
+{
+    const QString selected = Text(Lines::Selected);
+    QApplication::clipboard()->setText(selected.isEmpty() ? Text(Lines::Seen) : selected);
+}
+
            verticalScrollBar()->sizeHint().width() + frameWidth();
 }
 

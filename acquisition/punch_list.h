@@ -23,8 +23,9 @@ public:
     void SetFilter(const MonitorFilter& filter);
     int LinesSeen() const { return seen_; }
 
-    /// The lines selected and seen, in their order, a newline between them.
-    QString SelectedLines() const;
+    /// Copies the lines selected and seen in their order, a newline between them; without any, all
+    /// that are seen.
+    void CopySelectedOrAll() const;
 
     /// Where the text of a line begins, from the left edge of this widget, frame included.
     int TextLeft() const;
@@ -40,6 +41,9 @@ private:
 
     void Copy() const;
     void AddActions();
+    enum class Lines { Seen, Selected };
+
+    QString Text(Lines which) const;
     Line* LineAt(int row) const;
 
     MonitorFilter filter_;
