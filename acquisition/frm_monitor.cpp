@@ -77,6 +77,13 @@ void FrmMonitor::Filter()
     const MonitorFilter filter{.text = ui_->FiltroMonitor->text(),
                                .state = ui_->FiltroStato->currentData().toString()};
     ui_->ListaMonitor->SetFilter(filter);
+    ui_->cmdCopia->setEnabled(ui_->ListaMonitor->LinesSeen() > 0);
+    ShowFiltered();
+}
+
+void FrmMonitor::ShowFiltered()
+{
+    const PunchList& list = *ui_->ListaMonitor;
     ui_->LabelFiltrate->setText(
         filter.IsEmpty()
             ? QString()
@@ -85,6 +92,7 @@ void FrmMonitor::Filter()
 
 void FrmMonitor::cmdMonitor_Click()
 {
+    ShowFiltered();
     for (QLabel* label : {ui_->LabelTransazioni, ui_->LabelScaricate}) label->clear();
     ui_->ListaMonitor->Empty();
     ClearOutcome(*ui_->EsitoMonitor);

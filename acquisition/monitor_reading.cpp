@@ -32,10 +32,10 @@ int MonitorReading::NextNumber() const
 void MonitorReading::Add(const std::vector<MonitorPunch>& punches)
 {
     PunchList& list = *form_.Controls().ListaMonitor;
-    for (const MonitorPunch& punch : punches) {
-        list.Add(punch);
-        file_.Write(list.item(list.count() - 1)->text());
-    }
+    const int before = list.count();
+    list.Add(punches);
+    for (int row = before; row < list.count(); ++row) file_.Write(list.item(row)->text());
+    form_.ShowFiltered();
 }
 
 void MonitorReading::ShowProgress(double part, double whole)

@@ -127,12 +127,23 @@ PunchList::Line* PunchList::LineAt(int row) const
     return static_cast<Line*>(item(row));
 }
 
-void PunchList::Add(const MonitorPunch& punch)
+void PunchList::Add(const std::vector<MonitorPunch>& punches)
 {
-    auto* line = new Line(punch, this);
-    const bool seen = Passes(punch, filter_);
-    if (!seen) line->setHidden(true);
-    seen_ += seen ? 1 : 0;
+    for (const MonitorPunch& punch : punches) {
+        auto* line = new Line(punch, this);
+        const bool seen = Passes(punch, filter_);
+        if (!seen) line->setHidden(true);
+        seen_ += seen ? 1 : 0;
+    }
+    LayOut();
+}
+
+// Each line added or hidden throws the layout away until a timer of the view has fired. A window
+// that is painted before, as between two blocks, would show an empty list.
+void PunchList::LayOut()
+{
+    executeDelayedItemsLayout();
+    viewport()->update();
 }
 
 void PunchList::Empty()
@@ -151,7 +162,7 @@ void PunchList::SetFilter(const MonitorFilter& filter)
         setRowHidden(row, !seen);
         seen_ += seen ? 1 : 0;
     }
-    viewport()->update();
+    LayOut();
 }
 
 QString PunchList::Text(Lines which) const
@@ -169,6 +180,12 @@ void PunchList::Copy() const
     if (!lines.isEmpty()) QApplication::clipboard()->setText(lines);
 }
 
+void PunchList::CopySelectedOrAll() const
+{
+    const QString selected = Text(Lines::Selected);
+    QApplication::clipboard()->setText(selected.isEmpty() ? Text(Lines::Seen) : selected);
+}
+
 int PunchList::TextLeft() const
 {
     return frameWidth() + kMargin + DotRoom(fontMetrics());
@@ -180,12 +197,6 @@ int PunchList::WidthOfLines() const
     widest.terminal = "00";
     const QString line = QString::fromStdString(ComponeRigaMonitor(widest));
     return TextLeft() + fontMetrics().horizontalAdvance(line) + kMargin +
-void PunchList::CopySelectedOrAll() const
-{
-    const QString selected = Text(Lines::Selected);
-    QApplication::clipboard()->setText(selected.isEmpty() ? Text(Lines::Seen) : selected);
-}
-
            verticalScrollBar()->sizeHint().width() + frameWidth();
 }
 

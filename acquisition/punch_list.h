@@ -17,10 +17,12 @@ class PunchList : public QListWidget
 public:
     explicit PunchList(QWidget* parent = nullptr);
 
-    void Add(const MonitorPunch& punch);
+    /// They are seen with the next repaint.
+    void Add(const std::vector<MonitorPunch>& punches);
     void Empty();
     /// From now on only these lines are seen, of those to come too.
     void SetFilter(const MonitorFilter& filter);
+    bool IsFiltered() const { return !filter_.IsEmpty(); }
     int LinesSeen() const { return seen_; }
 
     /// Copies the lines selected and seen in their order, a newline between them; without any, all
@@ -39,11 +41,12 @@ private:
     class Line;
     class Delegate;
 
-    void Copy() const;
-    void AddActions();
     enum class Lines { Seen, Selected };
 
     QString Text(Lines which) const;
+    void Copy() const;
+    void LayOut();
+    void AddActions();
     Line* LineAt(int row) const;
 
     MonitorFilter filter_;
