@@ -85,16 +85,14 @@ void FrmMonitor::ShowFiltered()
 {
     const PunchList& list = *ui_->ListaMonitor;
     ui_->LabelFiltrate->setText(
-        filter.IsEmpty()
-            ? QString()
-            : tr("%1 di %2").arg(ui_->ListaMonitor->LinesSeen()).arg(ui_->ListaMonitor->count()));
+        list.IsFiltered() ? tr("%1 di %2").arg(list.LinesSeen()).arg(list.count()) : QString());
 }
 
 void FrmMonitor::cmdMonitor_Click()
 {
-    ShowFiltered();
     for (QLabel* label : {ui_->LabelTransazioni, ui_->LabelScaricate}) label->clear();
     ui_->ListaMonitor->Empty();
+    ShowFiltered();
     ClearOutcome(*ui_->EsitoMonitor);
     ui_->LabelEsc->show();
     Run(tr("Lettura timbrature in corso…"), EscapeUse::Heeded, *ui_->ListaMonitor, [this] {
@@ -111,13 +109,13 @@ void FrmMonitor::cmdMonitor_Click()
 void FrmMonitor::DeriveLook()
 {
     TerminalWindow::DeriveLook();
+    MakeEquallyWide({ui_->cmdMonitor, ui_->cmdUscita});
     const QFont fixed = FixedFont(font());
     ui_->ListaMonitor->setFont(fixed);
     ui_->LabelTestata->setFont(fixed);
     ui_->LabelTestata->setContentsMargins(ui_->ListaMonitor->TextLeft(), 4, 0, 4);
     ui_->ListaMonitor->setMinimumWidth(ui_->ListaMonitor->WidthOfLines());
     const QFontMetrics metrics(font());
-    MakeEquallyWide({ui_->cmdMonitor, ui_->cmdUscita});
     ui_->ListaMonitor->setMinimumHeight(12 * metrics.height());
     const auto room = [&metrics](QWidget* control, const QString& text) {
         control->setMinimumWidth(metrics.horizontalAdvance(text));
@@ -137,12 +135,15 @@ bool FrmMonitor::eventFilter(QObject* watched, QEvent* event)
     return TerminalWindow::eventFilter(watched, event);
 }
 
-// Enter in the filter leads to what it found; a reading would empty the list.
+// Enter in the filter leads to what it found, and in a list that has lines it does nothing: a
+// reading would empty the list.
 void FrmMonitor::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (enter && ui_->FiltroMonitor->hasFocus())
         ui_->ListaMonitor->setFocus();
+    else if (enter && ui_->ListaMonitor->hasFocus() && ui_->ListaMonitor->count() > 0)
+        event->accept();
     else
         TerminalWindow::keyPressEvent(event);
 }
