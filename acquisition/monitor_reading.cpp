@@ -51,12 +51,7 @@ void MonitorReading::Finish()
     if (!stopped_)
         form_.Desk().Station().dialog.Tell(
             DialogIcon::Information, QStringLiteral("Comunicazione"),
-            Failed() ? failure_ : QStringLiteral("Ricezione dati OK"),
-            missing_blocks_ > 0
-                ? QStringLiteral("Di %1 blocchi di timbrature non è arrivata la risposta: la lista "
-                                 "non è completa, e numeri e stati dopo di essi non valgono.")
-                      .arg(missing_blocks_)
-                : QString());
+            Failed() ? failure_ : QStringLiteral("Ricezione dati OK"), WhatIsWrong());
     form_.Controls().PercentualeMonitor->setValue(0);
 }
 
@@ -80,17 +75,43 @@ void MonitorReading::TellOutcome()
     if (outcome.isEmpty()) return;
     form_.Controls().EsitoMonitor->setText(outcome);
     form_.Desk().NoteOutcome(outcome);
-    if (file_failed_) return QStringLiteral("Errore: \"%1\" non scritto").arg(MonitorFile::Name());
 }
 
 /// Empty when the caption says it all.
 QString MonitorReading::Outcome() const
 {
+    if (file_failed_) return QStringLiteral("Errore: \"%1\" non scritto").arg(MonitorFile::Name());
     if (stopped_) return QStringLiteral("Lettura interrotta");
     if (Failed()) return failure_;
+    if (status_missing_) return QStringLiteral("Errore: stato della memoria non arrivato");
     if (missing_blocks_ > 0)
         return QStringLiteral("Errore: blocchi non arrivati: %1").arg(missing_blocks_);
+    if (more_than_declared_) return QStringLiteral("Errore: la lista può non essere completa");
     return {};
+}
+
+/// Empty when nothing is.
+QString MonitorReading::WhatIsWrong() const
+{
+    const QString doubt =
+        QStringLiteral("la lista può non essere completa e gli stati non valgono.");
+    QStringList wrong;
+    if (status_missing_)
+        wrong << QStringLiteral("Lo stato della memoria non è arrivato: ") + doubt;
+    else if (more_than_declared_)
+        wrong << QStringLiteral(
+                     "Il terminale contiene più timbrature di quante ne ha dichiarate: ") +
+                     doubt;
+    if (missing_blocks_ == 1)
+        wrong << QStringLiteral(
+            "Di un blocco di timbrature non è arrivata la risposta: la lista non è completa, e "
+            "numeri e stati dopo di esso non valgono.");
+    else if (missing_blocks_ > 1)
+        wrong << QStringLiteral(
+                     "Di %1 blocchi di timbrature non è arrivata la risposta: la lista non è "
+                     "completa, e numeri e stati dopo di essi non valgono.")
+                     .arg(missing_blocks_);
+    return wrong.join(u' ');
 }
 
 }  // namespace orlo
