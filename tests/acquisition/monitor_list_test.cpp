@@ -175,6 +175,23 @@ int LeftmostInk(const QImage& row)
     return -1;
 }
 
+TEST_F(MonitorList, LinesAddedAreThereForTheNextRepaint)
+{
+    FilterByState(QStringLiteral("Acquisita"));
+    List().Empty();
+    MonitorPunch punch;
+    punch.badge = "123456";
+    std::vector<MonitorPunch> block;
+    for (const char* wanted : {"Da Acquisire", "Acquisita", "Da Acquisire"}) {
+        punch.state = wanted;
+        block.push_back(punch);
+    }
+    List().Add(block);
+    // No event runs before it, as between two blocks.
+    const QRect first_line(0, 0, List().viewport()->width(), List().fontMetrics().height());
+    EXPECT_GE(LeftmostInk(List().viewport()->grab(first_line).toImage()), 0);
+}
+
 TEST_F(MonitorList, OnlyPunchesToAcquireHaveADotBeforeTheirLine)
 {
     List().setCurrentItem(nullptr);
