@@ -4,6 +4,7 @@
 #include "acquisition/monitor_file.h"
 #include "registry/contenitore_controls.h"
 #include "registry/widgets/fixed_font.h"
+#include "registry/widgets/form_style.h"
 
 #include "ui_frm_monitor.h"
 
@@ -36,6 +37,7 @@ FrmMonitor::FrmMonitor(Contenitore& desk)
     ShowOutcomeIn(*ui_->EsitoMonitor);
     ui_->LabelTuttaMemoria->installEventFilter(this);
     connect(ui_->cmdMonitor, &QPushButton::clicked, this, &FrmMonitor::cmdMonitor_Click);
+    connect(ui_->cmdCopia, &QPushButton::clicked, ui_->ListaMonitor, &PunchList::CopySelectedOrAll);
     connect(ui_->cmdUscita, &QPushButton::clicked, this, &QWidget::close);
     connect(ui_->FiltroMonitor, &QLineEdit::textChanged, this, &FrmMonitor::Filter);
     connect(ui_->FiltroStato, &QComboBox::currentIndexChanged, this, &FrmMonitor::Filter);
@@ -75,16 +77,22 @@ void FrmMonitor::Filter()
     const MonitorFilter filter{.text = ui_->FiltroMonitor->text(),
                                .state = ui_->FiltroStato->currentData().toString()};
     ui_->ListaMonitor->SetFilter(filter);
+    ui_->cmdCopia->setEnabled(ui_->ListaMonitor->LinesSeen() > 0);
+    ShowFiltered();
+}
+
+void FrmMonitor::ShowFiltered()
+{
+    const PunchList& list = *ui_->ListaMonitor;
     ui_->LabelFiltrate->setText(
-        filter.IsEmpty()
-            ? QString()
-            : tr("%1 di %2").arg(ui_->ListaMonitor->LinesSeen()).arg(ui_->ListaMonitor->count()));
+        list.IsFiltered() ? tr("%1 di %2").arg(list.LinesSeen()).arg(list.count()) : QString());
 }
 
 void FrmMonitor::cmdMonitor_Click()
 {
-    ui_->LabelTransazioni->clear();
+    for (QLabel* label : {ui_->LabelTransazioni, ui_->LabelScaricate}) label->clear();
     ui_->ListaMonitor->Empty();
+    ShowFiltered();
     ClearOutcome(*ui_->EsitoMonitor);
     ui_->LabelEsc->show();
     Run(tr("Lettura timbrature in corso…"), EscapeUse::Heeded, *ui_->ListaMonitor, [this] {
@@ -101,6 +109,7 @@ void FrmMonitor::cmdMonitor_Click()
 void FrmMonitor::DeriveLook()
 {
     TerminalWindow::DeriveLook();
+    MakeEquallyWide({ui_->cmdMonitor, ui_->cmdUscita});
     const QFont fixed = FixedFont(font());
     ui_->ListaMonitor->setFont(fixed);
     ui_->LabelTestata->setFont(fixed);
@@ -126,12 +135,15 @@ bool FrmMonitor::eventFilter(QObject* watched, QEvent* event)
     return TerminalWindow::eventFilter(watched, event);
 }
 
-// Enter in the filter leads to what it found; a reading would empty the list.
+// Enter in the filter leads to what it found, and in a list that has lines it does nothing: a
+// reading would empty the list.
 void FrmMonitor::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (enter && ui_->FiltroMonitor->hasFocus())
         ui_->ListaMonitor->setFocus();
+    else if (enter && ui_->ListaMonitor->hasFocus() && ui_->ListaMonitor->count() > 0)
+        event->accept();
     else
         TerminalWindow::keyPressEvent(event);
 }

@@ -24,6 +24,9 @@ public:
     /// The controls by their names, for the procedures of this folder. Needs "ui_frm_monitor.h".
     const Ui::FrmMonitor& Controls() const { return *ui_; }
 
+    /// How many lines the filter lets through, of those read so far.
+    void ShowFiltered();
+
 protected:
     void Form_Load() override;
     void DeriveLook() override;

@@ -47,16 +47,18 @@ private:
 
 void SerialMonitor::Run()
 {
-    form_.Controls().LabelScaricate->clear();
-    StatoMemoria(desk_, /*may_open_port=*/true);
-    ShowPresent();
+    const MemoryAnswer status = StatoMemoria(desk_, /*may_open_port=*/true);
+    if (status != MemoryAnswer::Good) reading_.NoteMissingStatus();
     const ProgramState& state = desk_.State();
-    // No answer has ever come. After one that timed out the counters of the answer before it lead.
-    if (state.TPnt.empty()) return;
-    const auto slot = static_cast<std::size_t>(state.CurrentTerminalNumber - 1);
-    rules_ = MonitorRulesFor(state.TerminalTable.at(slot).Tipo, model_.counting, state.TPnt,
-                             state.TpntOld);
-    if (ReadBlocks()) reading_.Finish();
+    // After a status that did not come the counters of the one before it lead, but only of the same
+    // terminal: another one's would say nothing of this memory.
+    const bool own_counters = state.CountersTerminal == state.CurrentTerminalNumber;
+    if (own_counters) ShowPresent();
+    if (own_counters && !state.TPnt.empty() && ReadBlocks()) reading_.Finish();
+    // What kept the port shut stands in the caption already, and says more.
+    else if (status != MemoryAnswer::PortNotOpen ||
+             desk_.Controls().PannelloComunicazione->text().isEmpty())
+        reading_.TellOutcome();
 }
 
 void SerialMonitor::ShowPresent()
@@ -72,10 +74,18 @@ bool SerialMonitor::ReadBlocks()
 {
     const PortSession session(desk_);
     if (session.Port() == nullptr || !reading_.OpenFile()) return false;
-    const int last = LastMonitorBlock(desk_.State().TPnt);
+    const ProgramState& state = desk_.State();
+    const auto slot = static_cast<std::size_t>(state.CurrentTerminalNumber - 1);
+    rules_ = MonitorRulesFor(state.TerminalTable.at(slot).Tipo, model_.counting, state.TPnt,
+                             state.TpntOld);
+    const int last = LastMonitorBlock(state.TPnt);
     for (int block = 0; block <= last; ++block) {
         const Block result = ReadBlock(*session.Port(), block);
-        if (result == Block::EndOfMemory || result == Block::Stopped) break;
+        if (result == Block::Stopped) break;
+        if (result == Block::EndOfMemory) {
+            reading_.ShowProgress(1, 1);
+            break;
+        }
         // What follows is read all the same: the operator sees at least that.
         if (result == Block::Missing) reading_.NoteMissingBlock();
         reading_.ShowProgress(block + 1, last + 1);
@@ -106,7 +116,11 @@ SerialMonitor::Block SerialMonitor::ReadBlock(SerialPortControl& port, int block
 
 void SerialMonitor::AggiungeInLista(int block, const std::string& answer)
 {
-    reading_.Add(DecodeMonitorAnswer(answer, reading_.NextNumber(), rules_));
+    const auto punches = DecodeMonitorAnswer(answer, reading_.NextNumber(), rules_);
+    reading_.Add(punches);
+    // The block behind the last punch is asked for to hear the terminal's "END".
+    const bool last = block == LastMonitorBlock(desk_.State().TPnt);
+    if (last && !punches.empty()) reading_.NoteMoreThanDeclared();
     Caption(QStringLiteral("Comunicazione OK"));
     form_.Controls().LabelScaricate->setText(
         QStringLiteral("Transazioni Acquisite: %1").arg(PunchesRead(block, answer)));

@@ -1,5 +1,7 @@
 #include "acquisition/monitor_filter.h"
 
+#include "registry/windows_1252.h"
+
 namespace orlo
 {
 
@@ -9,7 +11,8 @@ bool Passes(const MonitorPunch& punch, const MonitorFilter& filter)
     if (!filter.state.isEmpty() && state != filter.state) return false;
     const QString wanted = filter.text.trimmed();
     const auto holds = [&wanted](const std::string& field) {
-        return QString::fromLatin1(field.c_str()).contains(wanted, Qt::CaseInsensitive);
+        return FromWindows1252(QByteArray::fromStdString(field))
+            .contains(wanted, Qt::CaseInsensitive);
     };
     return holds(punch.badge) || holds(punch.date) || holds(punch.cause) ||
            state.startsWith(wanted, Qt::CaseInsensitive);

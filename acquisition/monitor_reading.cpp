@@ -14,8 +14,7 @@ namespace orlo
 bool MonitorReading::OpenFile()
 {
     if (!form_.Controls().CheckMemo->isChecked() || file_.Open()) return true;
-    TellCritical(form_.Desk(), QStringLiteral("Impossibile scrivere il file \"%1\": %2.")
-                                   .arg(MonitorFile::Name(), file_.Error()));
+    TellFileFailure(QStringLiteral("Impossibile scrivere il file \"%1\": %2."));
     return false;
 }
 
@@ -33,10 +32,10 @@ int MonitorReading::NextNumber() const
 void MonitorReading::Add(const std::vector<MonitorPunch>& punches)
 {
     PunchList& list = *form_.Controls().ListaMonitor;
-    for (const MonitorPunch& punch : punches) {
-        list.Add(punch);
-        file_.Write(list.item(list.count() - 1)->text());
-    }
+    const int before = list.count();
+    list.Add(punches);
+    for (int row = before; row < list.count(); ++row) file_.Write(list.item(row)->text());
+    form_.ShowFiltered();
 }
 
 void MonitorReading::ShowProgress(double part, double whole)
@@ -48,38 +47,71 @@ void MonitorReading::ShowProgress(double part, double whole)
 void MonitorReading::Finish()
 {
     CloseFile();
-    const QString outcome = Outcome();
-    if (!outcome.isEmpty()) {
-        form_.Controls().EsitoMonitor->setText(outcome);
-        form_.Desk().NoteOutcome(outcome);
-    }
+    TellOutcome();
     if (!stopped_)
         form_.Desk().Station().dialog.Tell(
             DialogIcon::Information, QStringLiteral("Comunicazione"),
-            Failed() ? failure_ : QStringLiteral("Ricezione dati OK"),
-            missing_blocks_ > 0
-                ? QStringLiteral("Di %1 blocchi di timbrature non è arrivata la risposta: la lista "
-                                 "non è completa, e numeri e stati dopo di essi non valgono.")
-                      .arg(missing_blocks_)
-                : QString());
+            Failed() ? failure_ : QStringLiteral("Ricezione dati OK"), WhatIsWrong());
     form_.Controls().PercentualeMonitor->setValue(0);
 }
 
 void MonitorReading::CloseFile()
 {
-    if (!file_.IsOpen() || file_.Close()) return;
-    TellCritical(form_.Desk(), QStringLiteral("Il file \"%1\" non è completo: %2.")
-                                   .arg(MonitorFile::Name(), file_.Error()));
+    if (file_.IsOpen() && !file_.Close())
+        TellFileFailure(QStringLiteral("Il file \"%1\" non è completo: %2."));
+}
+
+// The outcome stands there before the box: behind it the caption would say that all is well.
+void MonitorReading::TellFileFailure(const QString& text)
+{
+    file_failed_ = true;
+    TellOutcome();
+    TellCritical(form_.Desk(), text.arg(MonitorFile::Name(), file_.Error()));
+}
+
+void MonitorReading::TellOutcome()
+{
+    const QString outcome = Outcome();
+    if (outcome.isEmpty()) return;
+    form_.Controls().EsitoMonitor->setText(outcome);
+    form_.Desk().NoteOutcome(outcome);
 }
 
 /// Empty when the caption says it all.
 QString MonitorReading::Outcome() const
 {
+    if (file_failed_) return QStringLiteral("Errore: \"%1\" non scritto").arg(MonitorFile::Name());
     if (stopped_) return QStringLiteral("Lettura interrotta");
     if (Failed()) return failure_;
+    if (status_missing_) return QStringLiteral("Errore: stato della memoria non arrivato");
     if (missing_blocks_ > 0)
         return QStringLiteral("Errore: blocchi non arrivati: %1").arg(missing_blocks_);
+    if (more_than_declared_) return QStringLiteral("Errore: la lista può non essere completa");
     return {};
+}
+
+/// Empty when nothing is.
+QString MonitorReading::WhatIsWrong() const
+{
+    const QString doubt =
+        QStringLiteral("la lista può non essere completa e gli stati non valgono.");
+    QStringList wrong;
+    if (status_missing_)
+        wrong << QStringLiteral("Lo stato della memoria non è arrivato: ") + doubt;
+    else if (more_than_declared_)
+        wrong << QStringLiteral(
+                     "Il terminale contiene più timbrature di quante ne ha dichiarate: ") +
+                     doubt;
+    if (missing_blocks_ == 1)
+        wrong << QStringLiteral(
+            "Di un blocco di timbrature non è arrivata la risposta: la lista non è completa, e "
+            "numeri e stati dopo di esso non valgono.");
+    else if (missing_blocks_ > 1)
+        wrong << QStringLiteral(
+                     "Di %1 blocchi di timbrature non è arrivata la risposta: la lista non è "
+                     "completa, e numeri e stati dopo di essi non valgono.")
+                     .arg(missing_blocks_);
+    return wrong.join(u' ');
 }
 
 }  // namespace orlo

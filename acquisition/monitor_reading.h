@@ -28,20 +28,31 @@ public:
     void ShowProgress(double part, double whole);
 
     void NoteMissingBlock() { ++missing_blocks_; }
+    /// The pointers that lead the reading are not what the terminal says now.
+    void NoteMissingStatus() { status_missing_ = true; }
+    /// The last block that the pointers name brought punches.
+    void NoteMoreThanDeclared() { more_than_declared_ = true; }
     /// Ends the reading with that text in place of "Ricezione dati OK".
     void Fail(const QString& text) { failure_ = text; }
     bool Failed() const { return !failure_.isEmpty(); }
 
     /// Closes the listing and tells how the reading ended. The line is free by then.
     void Finish();
+    /// The outcome alone, of a reading that did not begin.
+    void TellOutcome();
 
 private:
     void CloseFile();
+    void TellFileFailure(const QString& text);
     QString Outcome() const;
+    QString WhatIsWrong() const;
 
     FrmMonitor& form_;
     MonitorFile file_;
     bool stopped_ = false;
+    bool file_failed_ = false;
+    bool status_missing_ = false;
+    bool more_than_declared_ = false;
     int missing_blocks_ = 0;
     QString failure_;
 };

@@ -41,7 +41,7 @@ private:
     std::optional<std::int16_t> RecordsToRead();
     void GetRecordsOrlo(std::int16_t records);
     Record GetRecord(std::int16_t number);
-    bool TryOnce(std::int16_t number);
+    bool TryOnce(std::int16_t number, int attempt);
     void ShowRead(int read, int percent);
 
     FrmMonitor& form_;
@@ -65,7 +65,11 @@ void ObjectMonitor::Read()
 {
     const std::optional<std::int16_t> records = RecordsToRead();
     // Opened for an empty memory too: another terminal's listing must not pass for this one's.
-    if (!records || !reading_.OpenFile() || *records == 0) return;
+    if (!records || !reading_.OpenFile()) return;
+    if (*records == 0) {
+        desk_.Controls().PannelloComunicazione->setText(QStringLiteral("Comunicazione OK"));
+        return;
+    }
     begun_ = true;
     GetRecordsOrlo(*records);
 }
@@ -95,7 +99,10 @@ void ObjectMonitor::GetRecordsOrlo(std::int16_t records)
         if (result == Record::Missing) return;
         if (result == Record::EndOfData) {
             // The whole memory was asked for and had no more: that is all of it.
-            if (form_.Controls().ChkTuttaMemoria->isChecked()) ShowRead(number - 1, 100);
+            if (form_.Controls().ChkTuttaMemoria->isChecked()) {
+                ShowRead(number - 1, 100);
+                reading_.ShowProgress(1, 1);
+            }
             return;
         }
         ShowRead(number, 100 * number / records);
@@ -108,16 +115,17 @@ ObjectMonitor::Record ObjectMonitor::GetRecord(std::int16_t number)
 {
     for (int attempt = 1; NumericValue(desk_.Controls().Tentativi->text()) >= attempt; ++attempt) {
         if (reading_.Stopped()) return Record::Missing;
-        if (TryOnce(number)) return Record::Read;
+        if (TryOnce(number, attempt)) return Record::Read;
         if (code_ == kNoMoreRecords) return Record::EndOfData;
     }
     reading_.Fail(QStringLiteral("Errore: ") + ComponentText(code_));
     return Record::Missing;
 }
 
-bool ObjectMonitor::TryOnce(std::int16_t number)
+bool ObjectMonitor::TryOnce(std::int16_t number, int attempt)
 {
-    WaitTerminalDelay(desk_.State(), desk_.Station());
+    // Before each record it would make an hour of the whole memory.
+    if (number == 1 || attempt > 1) WaitTerminalDelay(desk_.State(), desk_.Station());
     // Taken by reference; the loop and the block keep their values.
     std::int16_t terminal = desk_.State().CurrentTerminalNumber;
     std::int16_t priority2 = desk_.State().CurrentPriority2;
@@ -144,7 +152,6 @@ void ObjectMonitor::ShowRead(int read, int percent)
 
 void MonitorOrlo(FrmMonitor& form)
 {
-    form.Controls().LabelScaricate->clear();
     if (form.Desk().State().Component != nullptr) ObjectMonitor(form).Run();
 }
 

@@ -127,12 +127,23 @@ PunchList::Line* PunchList::LineAt(int row) const
     return static_cast<Line*>(item(row));
 }
 
-void PunchList::Add(const MonitorPunch& punch)
+void PunchList::Add(const std::vector<MonitorPunch>& punches)
 {
-    auto* line = new Line(punch, this);
-    const bool seen = Passes(punch, filter_);
-    if (!seen) line->setHidden(true);
-    seen_ += seen ? 1 : 0;
+    for (const MonitorPunch& punch : punches) {
+        auto* line = new Line(punch, this);
+        const bool seen = Passes(punch, filter_);
+        if (!seen) line->setHidden(true);
+        seen_ += seen ? 1 : 0;
+    }
+    LayOut();
+}
+
+// Each line added or hidden throws the layout away until a timer of the view has fired. A window
+// that is painted before, as between two blocks, would show an empty list.
+void PunchList::LayOut()
+{
+    executeDelayedItemsLayout();
+    viewport()->update();
 }
 
 void PunchList::Empty()
@@ -151,21 +162,28 @@ void PunchList::SetFilter(const MonitorFilter& filter)
         setRowHidden(row, !seen);
         seen_ += seen ? 1 : 0;
     }
-    viewport()->update();
+    LayOut();
 }
 
-QString PunchList::SelectedLines() const
+QString PunchList::Text(Lines which) const
 {
     QStringList lines;
     for (int row = 0; row < count(); ++row)
-        if (item(row)->isSelected() && !isRowHidden(row)) lines << item(row)->text();
+        if (!isRowHidden(row) && (which == Lines::Seen || item(row)->isSelected()))
+            lines << item(row)->text();
     return lines.join(u'\n');
 }
 
 void PunchList::Copy() const
 {
-    const QString lines = SelectedLines();
+    const QString lines = Text(Lines::Selected);
     if (!lines.isEmpty()) QApplication::clipboard()->setText(lines);
+}
+
+void PunchList::CopySelectedOrAll() const
+{
+    const QString selected = Text(Lines::Selected);
+    QApplication::clipboard()->setText(selected.isEmpty() ? Text(Lines::Seen) : selected);
 }
 
 int PunchList::TextLeft() const

@@ -17,14 +17,17 @@ class PunchList : public QListWidget
 public:
     explicit PunchList(QWidget* parent = nullptr);
 
-    void Add(const MonitorPunch& punch);
+    /// They are seen with the next repaint.
+    void Add(const std::vector<MonitorPunch>& punches);
     void Empty();
     /// From now on only these lines are seen, of those to come too.
     void SetFilter(const MonitorFilter& filter);
+    bool IsFiltered() const { return !filter_.IsEmpty(); }
     int LinesSeen() const { return seen_; }
 
-    /// The lines selected and seen, in their order, a newline between them.
-    QString SelectedLines() const;
+    /// Copies the lines selected and seen in their order, a newline between them; without any, all
+    /// that are seen.
+    void CopySelectedOrAll() const;
 
     /// Where the text of a line begins, from the left edge of this widget, frame included.
     int TextLeft() const;
@@ -38,7 +41,11 @@ private:
     class Line;
     class Delegate;
 
+    enum class Lines { Seen, Selected };
+
+    QString Text(Lines which) const;
     void Copy() const;
+    void LayOut();
     void AddActions();
     Line* LineAt(int row) const;
 

@@ -19,6 +19,7 @@ namespace
 void StoreCounters(ProgramState& state, MemoryCounting counting, std::string_view answer)
 {
     MemoryCounters counters = CutMemoryCounters(answer);
+    state.CountersTerminal = state.CurrentTerminalNumber;
     state.TPnt = std::move(counters.TPnt);
     state.TrInMemory = CorrectedTrInMemory(counting, counters.TrInMemory);
     state.TpntOld = std::move(counters.TpntOld);

@@ -12,7 +12,11 @@ void CommandHistory::Add(const TypedCommand& sent)
 
 TypedCommand CommandHistory::Older(const TypedCommand& typed)
 {
-    if (place_ == sent_.size()) draft_ = typed;
+    if (place_ == sent_.size()) {
+        draft_ = typed;
+        // The command that was sent last stands in the fields still.
+        if (place_ > 1 && sent_.back() == typed) --place_;
+    }
     if (place_ > 0) --place_;
     return sent_.empty() ? typed : sent_[place_];
 }

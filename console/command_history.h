@@ -24,7 +24,8 @@ public:
     /// once.
     void Add(const TypedCommand& sent);
 
-    /// The command before the one recalled last; at the oldest it stays there. `typed` is what
+    /// The command before the one recalled last, or before `typed` when that is the newest; at the
+    /// oldest it stays there. `typed` is what
     /// stands in the fields and is kept for when the operator comes back to it.
     TypedCommand Older(const TypedCommand& typed);
     /// The command behind it, at the end what was being typed.

@@ -4,10 +4,13 @@
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
 #include "registry/widgets/fixed_font.h"
+#include "registry/widgets/form_style.h"
 #include "registry/windows_1252.h"
 
 #include "ui_frm_comandi.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 
 namespace orlo
@@ -21,11 +24,12 @@ FrmComandi::FrmComandi(Contenitore& desk)
     connect(ui_->CommandField, &QLineEdit::textChanged, this, &FrmComandi::CommandField_Change);
     connect(ui_->cmdTrasmetteComando, &QPushButton::clicked, this,
             &FrmComandi::cmdTrasmetteComando_Click);
-    connect(ui_->cmdCopia, &QPushButton::clicked, ui_->ReceivedDataLabel, &AnswerPanel::CopyAll);
+    connect(ui_->cmdCopia, &QPushButton::clicked, this, &FrmComandi::cmdCopia_Click);
     connect(ui_->cmdUscita, &QPushButton::clicked, this, &QWidget::close);
-    connect(ui_->ReceivedDataLabel, &TextPanel::TextChanged, ui_->cmdCopia,
-            [this](const QString& answer) { ui_->cmdCopia->setEnabled(!answer.isEmpty()); });
-    ui_->cmdCopia->setEnabled(false);
+    for (TextPanel* panel :
+         std::initializer_list<TextPanel*>{ui_->ReceivedDataLabel, ui_->ReceveidCommand})
+        connect(panel, &TextPanel::TextChanged, this, &FrmComandi::OfferCopy);
+    OfferCopy();
     for (QLineEdit* field : {ui_->CommandField, ui_->DataField}) field->installEventFilter(this);
 }
 
@@ -38,8 +42,8 @@ void FrmComandi::Form_Load()
     for (QWidget* control : std::initializer_list<QWidget*>{
              ui_->labelParametri, ui_->DataField, ui_->LabelComando, ui_->ReceveidCommand})
         control->setVisible(object_driven);
-    // The command takes the room of the parameters that are not there.
-    ui_->disposizione_2->setColumnStretch(1, object_driven ? 1 : 0);
+    // The command takes the room of the parameters that are not there, and of the gap before them.
+    ui_->disposizione_2->addWidget(ui_->CommandField, 2, 0, 1, object_driven ? 1 : 2);
     ui_->CommandField->clear();
     ui_->DataField->clear();
     CommandField_Change();
@@ -58,9 +62,24 @@ void FrmComandi::cmdTrasmetteComando_Click()
     CommandField_Change();
     ClearOutcome(*ui_->EsitoComando);
     const TypedCommand typed = Typed();
+    const QString refused = FirstOutsideWindows1252(typed.command + typed.parameters);
+    if (!refused.isEmpty()) {
+        Refuse(refused);
+        return;
+    }
     history_.Add(typed);
     Run(tr("Comando in corso…"), EscapeUse::Ignored, *ui_->ReceivedDataLabel,
         [this, &typed] { SendCommand(typed); });
+}
+
+// Its name too: there are characters that nobody sees, or that look like another.
+void FrmComandi::Refuse(const QString& character)
+{
+    Desk().Controls().PannelloComunicazione->setText(
+        tr("Errore: il carattere \"%1\" (U+%2) non può essere inviato.")
+            .arg(character, QString::number(character.toUcs4().constFirst(), 16)
+                                .toUpper()
+                                .rightJustified(4, u'0')));
 }
 
 void FrmComandi::SendCommand(const TypedCommand& typed)
@@ -77,6 +96,21 @@ void FrmComandi::ShowAnswer(const CommandAnswer& answer)
     if (answer.received_command.empty()) return;
     ui_->ReceveidCommand->setText(ComponentText(answer.received_command));
     Desk().NoteOutcome(ui_->ReceveidCommand->text());
+}
+
+void FrmComandi::OfferCopy()
+{
+    ui_->cmdCopia->setEnabled(!ui_->ReceivedDataLabel->text().isEmpty() ||
+                              !ui_->ReceveidCommand->text().isEmpty());
+}
+
+// A refusal without data is its code.
+void FrmComandi::cmdCopia_Click()
+{
+    if (ui_->ReceivedDataLabel->text().isEmpty())
+        QApplication::clipboard()->setText(ui_->ReceveidCommand->text());
+    else
+        ui_->ReceivedDataLabel->CopyAll();
 }
 
 TypedCommand FrmComandi::Typed() const
@@ -104,6 +138,7 @@ bool FrmComandi::eventFilter(QObject* watched, QEvent* event)
 void FrmComandi::DeriveLook()
 {
     TerminalWindow::DeriveLook();
+    MakeEquallyWide({ui_->cmdTrasmetteComando, ui_->cmdUscita});
     for (QWidget* control :
          std::initializer_list<QWidget*>{ui_->CommandField, ui_->DataField, ui_->ReceivedDataLabel})
         control->setFont(FixedFont(font()));

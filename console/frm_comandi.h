@@ -31,6 +31,9 @@ protected:
 private:
     void CommandField_Change();
     void cmdTrasmetteComando_Click();
+    void cmdCopia_Click();
+    void OfferCopy();
+    void Refuse(const QString& character);
     void SendCommand(const TypedCommand& typed);
     void ShowAnswer(const CommandAnswer& answer);
     TypedCommand Typed() const;

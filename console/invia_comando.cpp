@@ -49,6 +49,7 @@ CommandAnswer SendObject(Contenitore& window, std::string command, std::string p
         return {.received_data = line.ReceivedData(), .received_command = {}};
     }
     std::string code = line.ReceivedCommand();
+    if (code.empty()) Caption(window, QStringLiteral("Errore: il componente non dà un codice."));
     return {.received_data = line.ReceivedData(), .received_command = std::move(code)};
 }
 

@@ -57,7 +57,9 @@ struct ProgramState {
     std::int16_t SessionPort = 0;
     bool SessionDialled = false;
 
-    // Counters of the last answer to "32", five characters each, kept until the next.
+    // Counters of the last answer to "32", five characters each, kept until the next, and the
+    // terminal whose they are, 0 before the first.
+    std::int16_t CountersTerminal = 0;
     std::string TPnt;
     std::string TrInMemory;
     std::string TpntOld;

@@ -51,6 +51,15 @@ QString FromUtf8OrWindows1252(const QByteArray& bytes)
     return utf8.hasError() ? FromWindows1252(bytes) : text;
 }
 
+QString FirstOutsideWindows1252(const QString& text)
+{
+    for (qsizetype i = 0; i < text.size(); ++i)
+        // A character beyond 16 bits is a pair.
+        if (text[i] != u'?' && ByteOf(text[i]) == '?')
+            return text.mid(i, text[i].isHighSurrogate() ? 2 : 1);
+    return {};
+}
+
 QByteArray ToWindows1252(const QString& text)
 {
     QByteArray bytes;

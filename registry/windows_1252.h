@@ -15,6 +15,9 @@ QString FromWindows1252(const QByteArray& bytes);
 /// Windows-1252: Italian text in the one is hardly ever valid in the other.
 QString FromUtf8OrWindows1252(const QByteArray& bytes);
 
+/// The first character that the code page does not have, empty when it has them all.
+QString FirstOutsideWindows1252(const QString& text);
+
 /// A character that the code page does not have becomes "?".
 QByteArray ToWindows1252(const QString& text);
 

@@ -7,6 +7,8 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace orlo
 {
 
@@ -79,6 +81,15 @@ void StyleForm(QWidget& window)
     for (QFrame* frame : ControlsOf<QFrame>(window))
         if (frame->frameShape() == QFrame::HLine || frame->frameShape() == QFrame::VLine)
             ColourLine(*frame, Hairline(window.palette()));
+}
+
+void MakeEquallyWide(std::initializer_list<QPushButton*> buttons)
+{
+    int width = 0;
+    for (const QPushButton* button : buttons)
+        width = std::max({width, button->sizeHint().width(),
+                          16 * QFontMetrics(button->window()->font()).averageCharWidth()});
+    for (QPushButton* button : buttons) button->setMinimumWidth(width);
 }
 
 }  // namespace orlo

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <initializer_list>
+
+class QPushButton;
 class QWidget;
 
 namespace orlo
@@ -10,5 +13,9 @@ namespace orlo
 /// `ruolo` "titolo" (bold), "intestazione" (large and bold) or "secondario"; `primario` for the one
 /// filled button.
 void StyleForm(QWidget& window);
+
+/// Gives buttons that stand over each other or side by side one width. To be called behind
+/// StyleForm, whose widths differ between the filled button and the others.
+void MakeEquallyWide(std::initializer_list<QPushButton*> buttons);
 
 }  // namespace orlo

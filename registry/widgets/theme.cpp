@@ -1,5 +1,7 @@
 #include "registry/widgets/theme.h"
 
+#include "registry/widgets/colours.h"
+
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -54,7 +56,7 @@ QPalette MakePalette(const Shades& shades)
     palette.setColor(QPalette::ToolTipText, text);
     palette.setColor(QPalette::Highlight, highlight);
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::PlaceholderText, disabled);
+    palette.setColor(QPalette::PlaceholderText, SecondaryOnBase(palette));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, disabled);
     palette.setColor(QPalette::Disabled, QPalette::Base, QColor(shades.window));

@@ -13,7 +13,8 @@ TEST(MonitorBlocks, TheLastBlockIsOneBeyondThePointersTenth)
         const char* pointer;
         int last;
     } cases[] = {
-        {"00000", 1}, {"00009", 1}, {"00010", 2}, {"00041", 5}, {"09999", 1000}, {"-0001", 1},
+        {"00000", 1}, {"00009", 1}, {"00010", 2},    {"00041", 5}, {"09999", 1000},
+        {"-0001", 1}, {"-0012", 0}, {"-9999", -998}, {"ABCDE", 1},
     };
     for (const auto& [pointer, last] : cases) EXPECT_EQ(LastMonitorBlock(pointer), last) << pointer;
 }

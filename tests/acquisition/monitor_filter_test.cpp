@@ -34,6 +34,22 @@ TEST(MonitorFilter, TextIsPartOfBadgeDateOrCauseOrBeginsTheState)
         EXPECT_EQ(Passes(Punch("Da Acquisire"), {QString::fromLatin1(text), {}}), passes) << text;
 }
 
+TEST(MonitorFilter, BlanksAreNoFilter)
+{
+    EXPECT_TRUE((MonitorFilter{QStringLiteral("  "), {}}).IsEmpty());
+    EXPECT_TRUE(Passes(Punch("Inviata"), {QStringLiteral("  "), {}}));
+    EXPECT_FALSE((MonitorFilter{QStringLiteral(" 1 "), {}}).IsEmpty());
+    EXPECT_FALSE((MonitorFilter{{}, QStringLiteral("Inviata")}).IsEmpty());
+}
+
+TEST(MonitorFilter, BadgeIsReadInTheCodePageOfTheLine)
+{
+    MonitorPunch punch = Punch("Inviata");
+    punch.badge = "12\x80\xE8";
+    EXPECT_TRUE(Passes(punch, {QStringLiteral("2€è"), {}}));
+    EXPECT_FALSE(Passes(punch, {QStringLiteral("2\u0080"), {}}));
+}
+
 TEST(MonitorFilter, SentDoesNotMeanNotSent)
 {
     EXPECT_TRUE(Passes(Punch("Inviata"), {QStringLiteral("Inviata"), {}}));

@@ -68,6 +68,14 @@ protected:
         return bytes;
     }
 
+    /// What the window and the line of the last command say of it.
+    void ExpectListingNotWritten() const
+    {
+        const QString outcome = QStringLiteral("Errore: \"MONITOR.TXT\" non scritto");
+        EXPECT_EQ(Label("EsitoMonitor"), outcome);
+        EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(outcome));
+    }
+
     /// The boxes so far, as "title|text", all of them with the information icon.
     QStringList Told() const
     {

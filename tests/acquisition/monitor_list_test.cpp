@@ -115,6 +115,43 @@ TEST_F(MonitorList, EnterInTheFilterReadsNothing)
     EXPECT_TRUE(List().hasFocus());
 }
 
+TEST_F(MonitorList, EnterInAListThatIsNotEmptyReadsNothing)
+{
+    commands.clear();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        List().setFocus();
+        QTest::keyClick(&List(), key);
+        EXPECT_TRUE(commands.isEmpty());
+        EXPECT_EQ(Lines().size(), 12);
+    }
+    List().Empty();
+    QTest::keyClick(&List(), Qt::Key_Return);
+    EXPECT_EQ(commands.size(), 4) << "32, 300, 301, 302: there is nothing to lose";
+}
+
+TEST_F(MonitorList, CopyButtonTakesTheChosenLinesOrAllThatAreShown)
+{
+    List().clearSelection();
+    FilterByState(QStringLiteral("Acquisita"));
+    Button("cmdCopia").click();
+    EXPECT_EQ(Copied(), Lines().mid(7).join(u'\n'));
+    List().item(8)->setSelected(true);
+    Button("cmdCopia").click();
+    EXPECT_EQ(Copied(), Lines()[8]);
+}
+
+TEST_F(MonitorList, NothingShownIsNothingToCopy)
+{
+    EXPECT_TRUE(Button("cmdCopia").isEnabled());
+    FilterBy(QStringLiteral("nessuno"));
+    EXPECT_FALSE(Button("cmdCopia").isEnabled());
+    FilterBy(QString());
+    EXPECT_TRUE(Button("cmdCopia").isEnabled());
+    form.close();
+    form.open();
+    EXPECT_FALSE(Button("cmdCopia").isEnabled());
+}
+
 TEST_F(MonitorList, HeadingStandsOverTheColumns)
 {
     const auto& heading = Find<QLabel>("LabelTestata");
@@ -136,6 +173,23 @@ int LeftmostInk(const QImage& row)
         for (int y = 0; y < row.height(); ++y)
             if (ContrastRatio(QColor(row.pixel(x, y)), QColor(ground)) > 2) return x;
     return -1;
+}
+
+TEST_F(MonitorList, LinesAddedAreThereForTheNextRepaint)
+{
+    FilterByState(QStringLiteral("Acquisita"));
+    List().Empty();
+    MonitorPunch punch;
+    punch.badge = "123456";
+    std::vector<MonitorPunch> block;
+    for (const char* wanted : {"Da Acquisire", "Acquisita", "Da Acquisire"}) {
+        punch.state = wanted;
+        block.push_back(punch);
+    }
+    List().Add(block);
+    // No event runs before it, as between two blocks.
+    const QRect first_line(0, 0, List().viewport()->width(), List().fontMetrics().height());
+    EXPECT_GE(LeftmostInk(List().viewport()->grab(first_line).toImage()), 0);
 }
 
 TEST_F(MonitorList, OnlyPunchesToAcquireHaveADotBeforeTheirLine)

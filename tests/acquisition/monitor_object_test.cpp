@@ -1,5 +1,6 @@
 #include "tests/acquisition/monitor_fixture.h"
 #include "tests/support/fake_component.h"
+#include "tests/support/file_size_limit.h"
 
 namespace orlo::testing
 {
@@ -82,11 +83,25 @@ TEST_F(ObjectMonitor, WholeMemoryEndsWithTheTerminalsLastRecord)
     Punches(42);
     form.open();
     WholeMemory();
+    QList<int> progress;
+    QObject::connect(&Find<QProgressBar>("PercentualeMonitor"), &QProgressBar::valueChanged, &form,
+                     [&progress](int value) { progress << value; });
     ReadAgain();
+    EXPECT_EQ(progress, (QList<int>{1, 100, 0})) << "42 of 4000, then that this was all";
     EXPECT_EQ(component.CallsOf("GetRecord").size(), 43U);
     EXPECT_EQ(Lines().size(), 42);
     EXPECT_EQ(Label("LabelScaricate"), QStringLiteral("Transazioni Acquisite: 42 100%"));
     EXPECT_EQ(Told(), ReceptionOk());
+}
+
+TEST_F(ObjectMonitor, NoAttemptAsksForNoRecord)
+{
+    Punches(3);
+    Controls().Tentativi->setText(QStringLiteral("0"));
+    Read();
+    EXPECT_TRUE(component.CallsOf("GetRecord").empty());
+    EXPECT_TRUE(Lines().isEmpty());
+    EXPECT_TRUE(Label("EsitoMonitor").startsWith(QStringLiteral("Errore: ")));
 }
 
 TEST_F(ObjectMonitor, PercentageIsOfTheRecordsToRead)
@@ -146,6 +161,46 @@ TEST_F(ObjectMonitor, EmptyMemoryIsShownWithoutABoxAndEmptiesTheListing)
     EXPECT_EQ(Label("LabelTransazioni"), QStringLiteral("Transazioni Presenti:0"));
     EXPECT_TRUE(Told().isEmpty());
     EXPECT_EQ(Listing(), QByteArray());
+    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Comunicazione OK"));
+    EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK"));
+}
+
+TEST_F(ObjectMonitor, ListingThatCannotBeMadeIsTheOutcome)
+{
+    ASSERT_TRUE(QDir().mkdir(FileName()));
+    for (const int punches : {0, 3}) {
+        Punches(punches);
+        form.open();
+        WantFile();
+        ReadAgain();
+        EXPECT_TRUE(component.CallsOf("GetRecord").empty());
+        ExpectListingNotWritten();
+        form.close();
+    }
+}
+
+TEST_F(ObjectMonitor, ListingThatIsNotWholeIsTheOutcome)
+{
+    Punches(60);
+    form.open();
+    WantFile();
+    {
+        const FileSizeLimit full_disk(1000);
+        ReadAgain();
+    }
+    EXPECT_EQ(Lines().size(), 60);
+    ExpectListingNotWritten();
+}
+
+TEST_F(ObjectMonitor, NumberReadBeforeIsGoneWhenTheTerminalCannotBePrepared)
+{
+    Punches(2);
+    Read();
+    ASSERT_EQ(Label("LabelScaricate"), QStringLiteral("Transazioni Acquisite: 2 100%"));
+    state.Component.reset();
+    ReadAgain();
+    EXPECT_EQ(Label("LabelScaricate"), QString());
+    EXPECT_EQ(Label("LabelTransazioni"), QString());
 }
 
 TEST_F(ObjectMonitor, NonsensicalNumbersAreReadAsFarAsARecordCanBeNamed)
@@ -192,18 +247,36 @@ TEST_F(ObjectMonitor, ThrowingComponentEndsTheReadingNotTheProgram)
     }
 }
 
-TEST_F(ObjectMonitor, EveryCallWaitsForTheTerminalsDelay)
+TEST_F(ObjectMonitor, TerminalsDelayComesBeforeTheFirstRecordAndBeforeEachRepetition)
 {
     state.TerminalTable[kTerminal - 1].Ritardo = 0.9F;
     RegisterObject("Orlo");
-    Punches(2);
-    std::vector<long> at;
-    component.on_call = [&](const std::string&) {
-        at.push_back(static_cast<long>(pc.clock.Passed().count()));
+    Punches(3);
+    component.record_failures = {"", "", "99,Time Out"};
+    std::vector<std::pair<std::string, long>> calls;
+    long before = 0;
+    component.on_call = [&](const std::string& call) {
+        const long now = static_cast<long>(pc.clock.Passed().count());
+        calls.emplace_back(call, now - before);
+        before = now;
     };
     Read();
-    ASSERT_EQ(at.size(), 4U);
-    for (std::size_t i = 1; i < at.size(); ++i) EXPECT_GE(at[i] - at[i - 1], 900) << i;
+    const struct {
+        const char* call;
+        bool waits;
+    } expected[] = {{"GetNumber(4, 7)", true},
+                    {"GetRecord(4, 6, 1)", true},
+                    {"GetRecord(4, 6, 2)", false},
+                    {"GetRecord(4, 6, 3)", false},
+                    {"GetRecord(4, 6, 3)", true}};
+    ASSERT_EQ(calls.size(), 1 + std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        EXPECT_EQ(calls[i + 1].first, expected[i].call);
+        if (expected[i].waits)
+            EXPECT_GE(calls[i + 1].second, 900) << expected[i].call;
+        else
+            EXPECT_EQ(calls[i + 1].second, 0) << expected[i].call;
+    }
 }
 
 TEST_F(ObjectMonitor, ModemOfAnOrloHangsUpBeforeTheOperatorIsTold)

@@ -31,6 +31,14 @@ protected:
         };
     }
 
+    /// Puts another terminal of COM1 into the register and selects it. There is nothing behind it.
+    void SelectAnother(const char* model)
+    {
+        Register(kTerminal + 1, QString::fromLatin1(model));
+        window.SelectTerminalLine(Controls().ListaTerminali->count() - 1);
+        commands.clear();
+    }
+
     /// Escape is pressed, and the question answered, when that request goes out.
     void EscapeAt(const QString& request, bool yes)
     {
@@ -49,6 +57,16 @@ protected:
         for (const QString& command : commands)
             if (command.startsWith(QStringLiteral("30"))) blocks << command.mid(2);
         return blocks;
+    }
+    static QString NoStatus() { return QStringLiteral("Errore: stato della memoria non arrivato"); }
+    /// How a reading ends that lists what it can get: in the box, below the given text.
+    void ExpectDoubt(const QString& outcome, const QString& informative) const
+    {
+        EXPECT_EQ(Label("EsitoMonitor"), outcome);
+        EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(outcome));
+        ASSERT_FALSE(pc.dialog.told.empty());
+        EXPECT_EQ(pc.dialog.told.back().text, QStringLiteral("Ricezione dati OK"));
+        EXPECT_EQ(pc.dialog.told.back().informative, informative);
     }
     static QStringList Texts(std::initializer_list<const char*> texts)
     {
@@ -93,6 +111,10 @@ TEST_F(SerialMonitor, LastBlockIsAskedForWhenTheTerminalHasMore)
     Read();
     EXPECT_EQ(Blocks(), Texts({"0", "1", "2", "3", "4", "5"}));
     EXPECT_EQ(Lines().size(), 60);
+    ExpectDoubt(
+        QStringLiteral("Errore: la lista può non essere completa"),
+        QStringLiteral("Il terminale contiene più timbrature di quante ne ha dichiarate: la "
+                       "lista può non essere completa e gli stati non valgono."));
 }
 
 TEST_F(SerialMonitor, EndEndsTheReadingBeforeTheLastBlock)
@@ -162,7 +184,7 @@ TEST_F(SerialMonitor, BlockWithoutAnAnswerIsLeftOutAndTold)
     EXPECT_EQ(Label("LabelScaricate"), QStringLiteral("Transazioni Acquisite: 25"));
     EXPECT_EQ(Told(), ReceptionOk());
     EXPECT_TRUE(pc.dialog.told[0].informative.startsWith(
-        QStringLiteral("Di 1 blocchi di timbrature non è arrivata la risposta")));
+        QStringLiteral("Di un blocco di timbrature non è arrivata la risposta: ")));
     EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore: blocchi non arrivati: 1"));
 }
 
@@ -181,9 +203,94 @@ TEST_F(SerialMonitor, SilentTerminalIsAskedForNothingMore)
     Read();
     EXPECT_EQ(commands, Texts({"32"}));
     EXPECT_EQ(Outcome(), QStringLiteral("Timeout"));
-    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Timeout"));
+    EXPECT_EQ(Label("EsitoMonitor"), NoStatus());
+    EXPECT_EQ(Label("LabelTransazioni"), QString());
     EXPECT_TRUE(Told().isEmpty());
     EXPECT_TRUE(Button("cmdMonitor").isEnabled());
+}
+
+TEST_F(SerialMonitor, CountersOfAnotherTerminalAreNotUsed)
+{
+    Connect("Strale", "timbrature=25");
+    Read();
+    form.close();
+    SelectAnother("Strale");
+    Read();
+    EXPECT_EQ(commands, Texts({"32"}));
+    EXPECT_TRUE(Lines().isEmpty());
+    EXPECT_EQ(Label("LabelTransazioni"), QString());
+    EXPECT_EQ(Label("LabelScaricate"), QString());
+    EXPECT_EQ(Outcome(), QStringLiteral("Timeout"));
+    EXPECT_EQ(Label("EsitoMonitor"), NoStatus());
+    EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(NoStatus()));
+    EXPECT_EQ(Told(), ReceptionOk()) << "that of the first reading";
+}
+
+TEST_F(SerialMonitor, PortOfAnotherTerminalThatDoesNotOpenIsTheOutcome)
+{
+    Connect("Strale", "timbrature=25");
+    Read();
+    form.close();
+    SelectAnother("Strale");
+    pc.com1.device_missing = true;
+    Read();
+    EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(Label("LabelTransazioni"), QString());
+    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore aprendo la COM"));
+}
+
+TEST_F(SerialMonitor, StatusThatTimedOutLeavesTheTerminalItsOwnCounters)
+{
+    Connect("Strale", "timbrature=25", {"32#2:silenzio"});
+    Read();
+    ReadAgain();
+    EXPECT_EQ(Label("LabelTransazioni"), QStringLiteral("Transazioni Presenti:  25"));
+    EXPECT_EQ(Lines().size(), 25);
+    ExpectDoubt(NoStatus(),
+                QStringLiteral("Lo stato della memoria non è arrivato: la lista può non "
+                               "essere completa e gli stati non valgono."));
+}
+
+TEST_F(SerialMonitor, BadFrameOfTheStatusIsToldAndReadByThePointer0)
+{
+    Connect("Strale", "timbrature=25", {"32#1:checksum-errato"});
+    Read();
+    EXPECT_EQ(Blocks(), Texts({"0", "1"}));
+    EXPECT_EQ(Lines().size(), 20);
+    ExpectDoubt(NoStatus(),
+                QStringLiteral("Lo stato della memoria non è arrivato: la lista può non "
+                               "essere completa e gli stati non valgono."));
+}
+
+TEST_F(SerialMonitor, StatusWithoutCountersIsToldAndReadByThePointer0)
+{
+    Answering("Strale", {"COMANDO SCONOSCIUTO", Records(3), "END"});
+    Read();
+    EXPECT_EQ(Blocks(), Texts({"0", "1"}));
+    EXPECT_EQ(Lines().size(), 3);
+    ExpectDoubt(NoStatus(),
+                QStringLiteral("Lo stato della memoria non è arrivato: la lista può non "
+                               "essere completa e gli stati non valgono."));
+}
+
+TEST_F(SerialMonitor, StatusTooShortForAPointerAsksForNothing)
+{
+    Answering("Strale", {"OK"});
+    Read();
+    EXPECT_EQ(commands, Texts({"32"}));
+    EXPECT_EQ(Label("EsitoMonitor"), NoStatus());
+    EXPECT_TRUE(Told().isEmpty());
+}
+
+TEST_F(SerialMonitor, MissingBlockOfADoubtfulReadingIsToldToo)
+{
+    Connect("Strale", "timbrature=25", {"32#1:checksum-errato", "30*:silenzio"});
+    Read();
+    ExpectDoubt(NoStatus(),
+                QStringLiteral("Lo stato della memoria non è arrivato: la lista può non "
+                               "essere completa e gli stati non valgono. Di 2 blocchi di "
+                               "timbrature non è arrivata la risposta: la lista non è "
+                               "completa, e numeri e stati dopo di essi non valgono."));
 }
 
 TEST_F(SerialMonitor, PortThatDoesNotOpenIsTheOutcome)
@@ -203,6 +310,59 @@ TEST_F(SerialMonitor, AnswerOfFewerThan26CharactersAddsNoLine)
     Read();
     EXPECT_TRUE(Lines().isEmpty());
     EXPECT_EQ(Label("LabelScaricate"), QStringLiteral("Transazioni Acquisite: 0"));
+}
+
+TEST_F(SerialMonitor, EveryRecordOfAnAnswerIsListedHoweverMany)
+{
+    Answering("Strale", {"TPnt 00014 TrInMemory 00015 TpntOld 00000 TpntNew 00014", Records(12),
+                         Records(3), "END"});
+    Read();
+    EXPECT_EQ(Lines().size(), 15);
+    EXPECT_EQ(Lines().constLast().left(8), QStringLiteral("0015    "));
+    EXPECT_EQ(Label("LabelScaricate"), QStringLiteral("Transazioni Acquisite: 13"));
+}
+
+TEST_F(SerialMonitor, BytesOfARecordAreTheSameInListAndListing)
+{
+    // In the place of the badge: byte 80, the euro sign; E8, "è"; LF, a blank.
+    Answering("Strale", {"TPnt 00000 TrInMemory 00001 TpntOld 00000 TpntNew 00000",
+                         "9 \x80\xE8\n456000108300015030601END", "END"});
+    form.open();
+    WantFile();
+    ReadAgain();
+    ASSERT_EQ(Lines().size(), 1);
+    EXPECT_EQ(Lines()[0].mid(8, 6), QStringLiteral("€è 456"));
+    EXPECT_EQ(Listing().mid(8, 6), QByteArray("\x80\xE8 456"));
+    EXPECT_EQ(Listing().count('\n'), 1);
+    Find<QLineEdit>("FiltroMonitor").setText(QStringLiteral("€È"));
+    EXPECT_EQ(List().LinesSeen(), 1);
+}
+
+TEST_F(SerialMonitor, NoAttemptAsksForNothingAndSaysWhatIsMissing)
+{
+    Connect("Strale", "timbrature=3");
+    Controls().Tentativi->setText(QStringLiteral("0"));
+    Read();
+    EXPECT_EQ(commands, Texts({"32"}));
+    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore: blocchi non arrivati: 2"));
+}
+
+TEST_F(SerialMonitor, DataThatReadsLikeAFailureIsOne)
+{
+    Answering("Strale", {"TPnt 00000 TrInMemory 00001 TpntOld 00000 TpntNew 00000", "TIMEOUT",
+                         "RX ERROR", Records(1), "END"});
+    Read();
+    EXPECT_EQ(Blocks(), Texts({"0", "0", "0", "1"}));
+    EXPECT_EQ(Lines().size(), 1);
+}
+
+TEST_F(SerialMonitor, NegativePointerAsksForAsManyBlocksAsItsTenthSays)
+{
+    Answering("Strale", {"TPnt -0012 TrInMemory 00000 TpntOld 00000 TpntNew 00000", "END"});
+    Read();
+    EXPECT_EQ(Label("LabelTransazioni"), QStringLiteral("Transazioni Presenti:  -11"));
+    EXPECT_EQ(Blocks(), Texts({"0"}));
+    EXPECT_EQ(Told(), ReceptionOk());
 }
 
 TEST_F(SerialMonitor, EmptyMemoryIsReadWithoutALine)
@@ -289,6 +449,7 @@ TEST_F(SerialMonitor, ListingThatCannotBeMadeStopsTheReading)
     EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::Critical);
     EXPECT_TRUE(pc.dialog.told[0].text.startsWith(
         QStringLiteral("Impossibile scrivere il file \"MONITOR.TXT\": ")));
+    ExpectListingNotWritten();
     EXPECT_FALSE(pc.com1.PortOpen());
 }
 
@@ -307,6 +468,7 @@ TEST_F(SerialMonitor, ListingThatIsNotWholeIsToldAndTheListIs)
     EXPECT_TRUE(pc.dialog.told[0].text.startsWith(
         QStringLiteral("Il file \"MONITOR.TXT\" non è completo: ")));
     EXPECT_EQ(pc.dialog.told[1].text, QStringLiteral("Ricezione dati OK"));
+    ExpectListingNotWritten();
 }
 
 TEST_F(SerialMonitor, SecondReadingBeginsAnew)

@@ -150,7 +150,43 @@ TEST_F(MonitorWindow, ProgressRisesAndEndsAtZero)
     QObject::connect(&Find<QProgressBar>("PercentualeMonitor"), &QProgressBar::valueChanged, &form,
                      [&values](int value) { values << value; });
     Read();
-    EXPECT_EQ(values, (QList<int>{14, 28, 42, 57, 71, 85, 0}));
+    EXPECT_EQ(values, (QList<int>{14, 28, 42, 57, 71, 85, 100, 0}));
+}
+
+TEST_F(MonitorWindow, FilteredLinesAndTheirCountAreSeenWhileItReads)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=25,acquisite=18");
+    form.open();
+    Find<QComboBox>("FiltroStato").setCurrentText(QStringLiteral("Acquisita"));
+    EXPECT_EQ(Label("LabelFiltrate"), QStringLiteral("0 di 0"));
+    bool seen = false;
+    InTheMiddle([this, &seen] {
+        EXPECT_EQ(Label("LabelFiltrate"), QStringLiteral("3 di 10"));
+        const QImage picture = List().viewport()->grab().toImage();
+        const QRgb ground = picture.pixel(picture.width() - 1, picture.height() - 1);
+        for (int x = 0; x < picture.width(); ++x)
+            for (int y = 0; y < List().sizeHintForRow(0); ++y)
+                seen = seen || picture.pixel(x, y) != ground;
+    });
+    ReadAgain();
+    EXPECT_TRUE(seen) << "the first line shown";
+    EXPECT_EQ(Label("LabelFiltrate"), QStringLiteral("18 di 25"));
+}
+
+TEST_F(MonitorWindow, CountOfTheReadingBeforeIsGoneWhenTheNextBegins)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=5");
+    form.open();
+    Find<QLineEdit>("FiltroMonitor").setText(QStringLiteral("Da"));
+    ReadAgain();
+    ASSERT_EQ(Label("LabelFiltrate"), QStringLiteral("5 di 5"));
+    QString count;
+    pc.com1.answer_to = [this, &count](std::string_view) {
+        count = Label("LabelFiltrate");
+        return std::vector<Arrival>();
+    };
+    ReadAgain();
+    EXPECT_EQ(count, QStringLiteral("0 di 0"));
 }
 
 TEST_F(MonitorWindow, ClockIsNotReadWhileItIsOpen)
@@ -181,12 +217,20 @@ TEST_F(MonitorWindow, OpenLineIsUsedAndLeftOpen)
     EXPECT_EQ(pc.com1.times_opened, 1);
 }
 
+TEST_F(MonitorWindow, ReadAndCloseAreAsWide)
+{
+    Register(4, QStringLiteral("Strale"));
+    form.open();
+    EXPECT_EQ(Button("cmdMonitor").width(), Button("cmdUscita").width());
+    EXPECT_LE(form.minimumSizeHint().width(), 720);
+}
+
 TEST_F(MonitorWindow, NoTwoMnemonicsAreAlikeAndEveryInputHasAName)
 {
     // Alt+T is of ChkTuttaMemoria, whose text stands in a label of its own.
     EXPECT_PRED1(AllDifferent, MnemonicsOf(form) + u'T');
     for (const char* name :
-         {"ListaMonitor", "CheckMemo", "ChkTuttaMemoria", "cmdMonitor", "cmdUscita",
+         {"ListaMonitor", "CheckMemo", "ChkTuttaMemoria", "cmdMonitor", "cmdUscita", "cmdCopia",
           "FiltroMonitor", "FiltroStato", "LabelTransazioni", "LabelScaricate", "EsitoMonitor"})
         EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;
 }

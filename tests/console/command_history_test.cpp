@@ -71,6 +71,28 @@ TEST_F(CommandHistoryTest, SendingBeginsAnewAtTheEnd)
     EXPECT_EQ(Older(), "19");
 }
 
+TEST_F(CommandHistoryTest, WhatStandsInTheFieldsIsSteppedOver)
+{
+    Send({"03", "32"});
+    EXPECT_EQ(Older("32"), "03");
+    EXPECT_EQ(Newer("03"), "32");
+}
+
+TEST_F(CommandHistoryTest, TheOnlyCommandStays)
+{
+    Send({"03"});
+    EXPECT_EQ(Older("03"), "03");
+    EXPECT_EQ(Older("03"), "03");
+}
+
+TEST_F(CommandHistoryTest, OtherParametersAreAnotherCommand)
+{
+    history.Add({QStringLiteral("GETREL"), QStringLiteral("01,0")});
+    history.Add({QStringLiteral("GETREL"), QStringLiteral("02,0")});
+    const TypedCommand typed{QStringLiteral("GETREL"), QStringLiteral("03,0")};
+    EXPECT_EQ(history.Older(typed).parameters, QStringLiteral("02,0"));
+}
+
 TEST_F(CommandHistoryTest, FiftyAreKept)
 {
     for (int i = 0; i < 60; ++i) history.Add({QString::number(i), {}});

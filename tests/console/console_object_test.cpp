@@ -1,6 +1,9 @@
 #include "tests/console/console_fixture.h"
 #include "tests/support/fake_component.h"
 
+#include <QApplication>
+#include <QClipboard>
+
 namespace orlo::testing
 {
 namespace
@@ -61,6 +64,41 @@ TEST_F(ObjectConsole, RefusalShowsItsCodeAndTheData)
         Controls().LabelUltimoComando->text().endsWith(QStringLiteral("terminale 4: 99,Time Out")));
     EXPECT_EQ(component.CallsOf("SendTelegram").size(), 1U);
     EXPECT_TRUE(pc.dialog.told.empty());
+}
+
+TEST_F(ObjectConsole, RefusalWithoutACodeIsSaidToBe)
+{
+    Connect();
+    component.acknowledged_try = 0;
+    component.received_data = "resto";
+    Send("GETREL");
+    EXPECT_EQ(Status(), QStringLiteral("Errore: il componente non dà un codice."));
+    EXPECT_EQ(Label("ReceveidCommand"), QString());
+    EXPECT_EQ(Answer(), QStringLiteral("resto"));
+}
+
+TEST_F(ObjectConsole, CodeWithoutDataIsCopied)
+{
+    Connect();
+    component.acknowledged_try = 0;
+    component.received_command = "99,Time Out";
+    Send("GETREL");
+    ASSERT_EQ(Answer(), QString());
+    EXPECT_TRUE(Button("cmdCopia").isEnabled());
+    Button("cmdCopia").click();
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("99,Time Out"));
+    Command().clear();
+    EXPECT_FALSE(Button("cmdCopia").isEnabled());
+}
+
+TEST_F(ObjectConsole, ParameterOutsideTheCodePageIsNotSent)
+{
+    Connect();
+    Data().setText(QStringLiteral("1Ω2"));
+    Send("GETREL");
+    EXPECT_TRUE(component.CallsOf("SendTelegram").empty());
+    EXPECT_EQ(Status(),
+              QStringLiteral("Errore: il carattere \"Ω\" (U+03A9) non può essere inviato."));
 }
 
 TEST_F(ObjectConsole, ThrowingComponentIsTheStatusNotTheEnd)

@@ -50,6 +50,20 @@ TEST_F(SerialConsole, CharactersAreSentAsTheirBytesOfTheCodePage)
     EXPECT_EQ(pc.com1.sent[0].substr(2, 2), "\xE8\x80");
 }
 
+TEST_F(SerialConsole, CharacterOutsideTheCodePageIsNamedAndNothingIsSent)
+{
+    Connect();
+    Command().setText(QStringLiteral("0è→3"));
+    Press();
+    EXPECT_TRUE(pc.com1.sent.empty());
+    EXPECT_EQ(pc.com1.times_opened, 0);
+    EXPECT_EQ(Status(),
+              QStringLiteral("Errore: il carattere \"→\" (U+2192) non può essere inviato."));
+    Command().setText(QStringLiteral("?"));
+    Press();
+    EXPECT_EQ(commands, QStringList{QStringLiteral("?")});
+}
+
 TEST_F(SerialConsole, EmptyCommandSendsATelegramWithoutABody)
 {
     Connect();

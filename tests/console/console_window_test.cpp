@@ -75,6 +75,36 @@ TEST_F(ConsoleWindow, CommandTakesTheRoomOfTheParameters)
     EXPECT_GE(Data().width(), Command().width() - 1);
 }
 
+TEST_F(ConsoleWindow, FieldAndButtonAreAsFarApartForEveryModel)
+{
+    Connect();
+    const auto gap = [this] {
+        QApplication::processEvents();
+        const QLineEdit& last = Data().isVisible() ? Data() : Command();
+        return Button("cmdTrasmetteComando").x() - last.geometry().right() - 1;
+    };
+    EXPECT_EQ(gap(), 6);
+    form.close();
+    Register(5, QStringLiteral("Orlo"));
+    window.SelectTerminalLine(1);
+    form.open();
+    EXPECT_EQ(gap(), 6);
+    form.close();
+    window.SelectTerminalLine(0);
+    form.open();
+    EXPECT_EQ(gap(), 6);
+}
+
+TEST_F(ConsoleWindow, SendAndCloseStandInOneColumn)
+{
+    Connect();
+    QApplication::processEvents();
+    const auto place = [this](const char* name) {
+        return std::pair(Button(name).mapTo(&form, QPoint()).x(), Button(name).width());
+    };
+    EXPECT_EQ(place("cmdTrasmetteComando"), place("cmdUscita"));
+}
+
 TEST_F(ConsoleWindow, EnterSendsAsTheButtonDoes)
 {
     Connect();
@@ -116,6 +146,14 @@ TEST_F(ConsoleWindow, ArrowsRecallTheCommandsOfTheSession)
     EXPECT_EQ(After(Qt::Key_Up), QStringLiteral("03"));
     EXPECT_EQ(After(Qt::Key_Down), QStringLiteral("32"));
     EXPECT_EQ(After(Qt::Key_Down), QStringLiteral("95"));
+}
+
+TEST_F(ConsoleWindow, FirstArrowUpBehindACommandRecallsTheOneBefore)
+{
+    Connect();
+    Send("03");
+    Send("32");
+    EXPECT_EQ(After(Qt::Key_Up), QStringLiteral("03"));
 }
 
 TEST_F(ConsoleWindow, CommandsAreRecalledInAWindowOpenedAnew)

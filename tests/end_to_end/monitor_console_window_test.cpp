@@ -158,8 +158,9 @@ TEST_P(MonitorAndConsole, TerminalThatIsSilentIsSaidToBe)
     Start("", {"--guasto", "*:richiesta-persa"});
     OpenMonitor();
     Press("cmdMonitor");
-    EXPECT_EQ(Label("EsitoMonitor"), GetParam().serial ? QStringLiteral("Timeout")
-                                                       : QStringLiteral("Errore = 99,Time Out"));
+    EXPECT_EQ(Label("EsitoMonitor"),
+              GetParam().serial ? QStringLiteral("Errore: stato della memoria non arrivato")
+                                : QStringLiteral("Errore = 99,Time Out"));
     EXPECT_EQ(Boxes(), GetParam().serial ? QString() : QStringLiteral("Errore = 99,Time Out;"));
     EXPECT_TRUE(Find<QPushButton>("cmdMonitor").isEnabled());
 }
