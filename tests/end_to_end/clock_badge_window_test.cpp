@@ -60,12 +60,15 @@ TEST_P(ClockAndBadgeWindow, ClockIsReadSetAndReadAgain)
     Start(",scarto=-95");
     EXPECT_EQ(Press(Controls().cmdLeggeOra),
               QStringLiteral("Lettura dell'ora, terminale 7: Comunicazione OK"));
-    EXPECT_EQ(Controls().LabelScarto->text(), QStringLiteral("−1 min 35 s"));
+    // A second may have ended between two of the readings.
+    const QStringList slow = {QStringLiteral("−1 min 34 s"), QStringLiteral("−1 min 35 s"),
+                              QStringLiteral("−1 min 36 s")};
+    EXPECT_TRUE(slow.contains(Controls().LabelScarto->text()))
+        << Controls().LabelScarto->text().toStdString();
     EXPECT_EQ(Press(Controls().cmdSincro),
               QStringLiteral("Sincronizzazione, terminale 7: Comunicazione OK"));
     EXPECT_LE(std::abs(std::stoi(line->State("7.scarto"))), 1);
     Press(Controls().cmdLeggeOra);
-    // A second may have ended between two of the readings.
     const QStringList together = {QStringLiteral("−1 s"), QStringLiteral("0 s"),
                                   QStringLiteral("+1 s")};
     EXPECT_TRUE(together.contains(Controls().LabelScarto->text()))
