@@ -108,9 +108,8 @@ AcquisitionOutcome Acquisizione(Contenitore& window)
 {
     const TerminalModel* const model = window.ShownModel();
     if (model == nullptr) {
-        const QString text = QStringLiteral("Errore: il tipo di terminale non è conosciuto.");
-        window.Controls().PannelloComunicazione->setText(text);
-        return NotDone(text);
+        window.Controls().PannelloComunicazione->setText(kUnknownTypeError);
+        return NotDone(kUnknownTypeError);
     }
     return model->family == LinkFamily::Serial ? AcquireSerial(window)
                                                : AcquireObjectGuarded(window);

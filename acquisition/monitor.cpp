@@ -132,8 +132,7 @@ void Monitor(FrmMonitor& form)
 {
     const TerminalModel* const model = form.Desk().ShownModel();
     if (model == nullptr)
-        form.Desk().Controls().PannelloComunicazione->setText(
-            QStringLiteral("Errore: il tipo di terminale non è conosciuto."));
+        form.Desk().Controls().PannelloComunicazione->setText(kUnknownTypeError);
     else if (model->family == LinkFamily::Serial)
         SerialMonitor(form, *model).Run();
     else

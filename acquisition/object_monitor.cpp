@@ -113,12 +113,14 @@ void ObjectMonitor::GetRecordsOrlo(std::int16_t records)
 /// Up to `Tentativi` attempts. Missing: they are used up, or the operator wants no more.
 ObjectMonitor::Record ObjectMonitor::GetRecord(std::int16_t number)
 {
-    for (int attempt = 1; NumericValue(desk_.Controls().Tentativi->text()) >= attempt; ++attempt) {
+    int attempt = 1;
+    for (; NumericValue(desk_.Controls().Tentativi->text()) >= attempt; ++attempt) {
         if (reading_.Stopped()) return Record::Missing;
         if (TryOnce(number, attempt)) return Record::Read;
         if (code_ == kNoMoreRecords) return Record::EndOfData;
     }
-    reading_.Fail(QStringLiteral("Errore: ") + ComponentText(code_));
+    reading_.Fail(attempt == 1 ? QStringLiteral("Errore: i tentativi sono 0")
+                               : QStringLiteral("Errore: ") + ComponentText(code_));
     return Record::Missing;
 }
 

@@ -91,6 +91,18 @@ bool IsZero(const QLineEdit& field)
     return NumericValue(field.text()) == 0;
 }
 
+/// What is wrong with a value, behind the name of its field; empty when nothing is.
+QString FaultOf(const QString& value, int width)
+{
+    if (NumericValue(value) < 0) return QStringLiteral("è minore di zero");
+    if (value.size() > width)
+        return QStringLiteral("ha più cifre di quante ne prende il terminale (%1)").arg(width);
+    // A CR, which another program may have put into the register, would end the telegram.
+    if (std::any_of(value.begin(), value.end(), [](QChar c) { return c < u' '; }))
+        return QStringLiteral("contiene caratteri che non si possono inviare");
+    return {};
+}
+
 /// Why the layout cannot be sent, empty when it can.
 QString Objection(const Contenitore& window)
 {
@@ -101,21 +113,11 @@ QString Objection(const Contenitore& window)
     if (IsZero(*controls.InizioBadge) || IsZero(*controls.LenBadge))
         return QStringLiteral("Mancano dei dati necessari riguardanti il numero badge.");
     for (const LayoutField field : kLayoutFields) {
-        const int width = WidthOf(window, field, kSentWidth);
-        const QString value = WithoutBlanksAround(Control(window, field).text());
-        const QString name = Control(window, field).accessibleName();
-        if (value.size() > width)
-            return QStringLiteral(
-                       "Il campo «%1» ha più cifre di quante ne prende il terminale "
-                       "(%2): il formato badge non è stato inviato.")
-                .arg(name)
-                .arg(width);
-        // A CR, which another program may have put into the register, would end the telegram.
-        if (std::any_of(value.begin(), value.end(), [](QChar c) { return c < u' '; }))
-            return QStringLiteral(
-                       "Il campo «%1» contiene caratteri che non si possono inviare: "
-                       "il formato badge non è stato inviato.")
-                .arg(name);
+        const QString fault = FaultOf(WithoutBlanksAround(Control(window, field).text()),
+                                      WidthOf(window, field, kSentWidth));
+        if (!fault.isEmpty())
+            return QStringLiteral("Il campo «%1» %2: il formato badge non è stato inviato.")
+                .arg(Control(window, field).accessibleName(), fault);
     }
     return {};
 }

@@ -60,7 +60,7 @@ CommandAnswer InviaComando(Contenitore& window, const std::string& command,
 {
     const TerminalModel* const model = window.ShownModel();
     if (model == nullptr) {
-        Caption(window, QStringLiteral("Errore: il tipo di terminale non è conosciuto."));
+        Caption(window, kUnknownTypeError);
         return {};
     }
     if (model->family == LinkFamily::Serial) return SendSerial(window, command);

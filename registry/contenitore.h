@@ -27,6 +27,7 @@ class TerminalForm;
 
 /// Why nothing is done for a terminal whose type is none.
 inline const QString kUnknownType = QStringLiteral("il tipo di terminale non è conosciuto");
+inline const QString kUnknownTypeError = QStringLiteral("Errore: %1.").arg(kUnknownType);
 
 /// Whether a running command looks at the Escape key; if so the strip says "Esc interrompe".
 enum class EscapeUse { Ignored, Heeded };

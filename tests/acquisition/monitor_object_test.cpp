@@ -101,7 +101,7 @@ TEST_F(ObjectMonitor, NoAttemptAsksForNoRecord)
     Read();
     EXPECT_TRUE(component.CallsOf("GetRecord").empty());
     EXPECT_TRUE(Lines().isEmpty());
-    EXPECT_TRUE(Label("EsitoMonitor").startsWith(QStringLiteral("Errore: ")));
+    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore: i tentativi sono 0"));
 }
 
 TEST_F(ObjectMonitor, PercentageIsOfTheRecordsToRead)

@@ -185,7 +185,6 @@ TEST_F(SerialBadgeFormat, ValueWiderThanItsFieldIsNamedAndNothingIsSent)
         {Of("1", "5", "100", "6", "1"), "Inizio del numero badge", "(2)"},
         {Of("1", "5", "6", "100", "1"), "Lunghezza del numero badge", "(2)"},
         {Of("1", "5", "6", "6", "123456"), "Codice impianto del badge", "(5)"},
-        {Of("1", "-5", "6", "6", "1"), "Codice impianto del badge", "(0)"},
     };
     for (const Case& c : cases) {
         Connect(QStringLiteral("OrloTre"));
@@ -193,6 +192,29 @@ TEST_F(SerialBadgeFormat, ValueWiderThanItsFieldIsNamedAndNothingIsSent)
         const QString told = ToldInsteadOfSending();
         EXPECT_TRUE(told.contains(QString::fromUtf8(c.field))) << told.toStdString();
         EXPECT_TRUE(told.contains(QString::fromUtf8(c.width))) << told.toStdString();
+    }
+}
+
+TEST_F(SerialBadgeFormat, ValueBelowZeroIsNamedAndNothingIsSent)
+{
+    struct Case {
+        Layout entered;
+        const char* field;
+    };
+    const Case cases[] = {
+        {Of("-1", "5", "6", "6", "1"), "Inizio del codice impianto"},
+        {Of("1", "-5", "6", "6", "1"), "Lunghezza del codice impianto"},
+        {Of("1", "5", "-6", "6", "1"), "Inizio del numero badge"},
+        {Of("1", "5", "6", "-6", "1"), "Lunghezza del numero badge"},
+        {Of("1", "5", "6", "6", "-1"), "Codice impianto del badge"},
+    };
+    for (const Case& c : cases) {
+        Connect(QStringLiteral("Lumo"));
+        Enter(c.entered);
+        EXPECT_EQ(ToldInsteadOfSending(),
+                  QStringLiteral("Il campo «%1» è minore di zero: il formato badge non è stato "
+                                 "inviato.")
+                      .arg(QString::fromUtf8(c.field)));
     }
 }
 
