@@ -8,6 +8,8 @@
 
 #include <QScopeGuard>
 
+#include <utility>
+
 namespace orlo
 {
 
@@ -20,7 +22,11 @@ bool UseOpenLink(Contenitore& window,
 {
     const ProgramState& state = window.State();
     if (state.Component == nullptr || !state.TelegramLinkOpen) return true;
-    return GuardComponentCalls(window, [&] { deed(*state.Component->TelegramObject); }).isEmpty();
+    const QString failure =
+        GuardComponentCalls(window, [&] { deed(*state.Component->TelegramObject); });
+    // The command has noted its outcome already; that the line may be up comes first.
+    if (!failure.isEmpty()) window.NoteOutcome(failure);
+    return failure.isEmpty();
 }
 
 bool ShowsOrlo(const Contenitore& window)

@@ -37,6 +37,12 @@ protected:
         for (qsizetype i = 0; i < numbers.size(); ++i) fields[i]->setText(numbers[i]);
     }
     QStringList Words(const char* words) const { return QString::fromLatin1(words).split(u' '); }
+    QString LastCommand(const std::function<void()>& command)
+    {
+        window.RunCommand(Controls().cmdRiceveCard, QStringLiteral("Prova in corso…"),
+                          EscapeUse::Ignored, command);
+        return Controls().LabelUltimoComando->text().section(u' ', 1);
+    }
 };
 
 TEST_F(ObjectBadgeFormat, IsReadFieldByFieldAndTheClockAfterIt)
@@ -121,17 +127,14 @@ TEST_F(ObjectBadgeFormat, ReadBackEqualsWhatWasSent)
 TEST_F(ObjectBadgeFormat, OutcomeOfEachTransferStandsInTheLineOfTheLastCommand)
 {
     Connect();
-    const auto run = [this](const std::function<void()>& command) {
-        window.RunCommand(Controls().cmdRiceveCard, QStringLiteral("Prova in corso…"),
-                          EscapeUse::Ignored, command);
-        return Controls().LabelUltimoComando->text().section(u' ', 1);
-    };
-    EXPECT_EQ(run([this] { Receive(); }), QStringLiteral("Prova, terminale 4: Comunicazione OK"));
-    EXPECT_EQ(run([this] { Send(); }), QStringLiteral("Prova, terminale 4: Trasmissione Dati Ok"));
+    EXPECT_EQ(LastCommand([this] { Receive(); }),
+              QStringLiteral("Prova, terminale 4: Comunicazione OK"));
+    EXPECT_EQ(LastCommand([this] { Send(); }),
+              QStringLiteral("Prova, terminale 4: Trasmissione Dati Ok"));
     terminal.badge_failure = "formato non valido";
-    EXPECT_EQ(run([this] { Receive(); }),
+    EXPECT_EQ(LastCommand([this] { Receive(); }),
               QStringLiteral("Prova, terminale 4: Errore = formato non valido"));
-    EXPECT_EQ(run([this] { Send(); }),
+    EXPECT_EQ(LastCommand([this] { Send(); }),
               QStringLiteral("Prova, terminale 4: Errore = formato non valido"));
 }
 
@@ -203,6 +206,15 @@ TEST_F(ObjectBadgeFormat, ResetThatThrowsIsTheCaptionAndWhatWasReadStays)
         EXPECT_EQ(Outcome(), QStringLiteral("Errore del componente: guasto")) << call;
     }
     EXPECT_EQ(clock_reads, 2);
+}
+
+TEST_F(ObjectBadgeFormat, ResetThatThrowsStandsInTheLineOfTheLastCommand)
+{
+    Connect();
+    LetThrow("DTR(false)");
+    const QString failed = QStringLiteral("Prova, terminale 4: Errore del componente: guasto");
+    EXPECT_EQ(LastCommand([this] { Receive(); }), failed);
+    EXPECT_EQ(LastCommand([this] { Send(); }), failed);
 }
 
 TEST_F(ObjectBadgeFormat, NonsenseFromTheComponentIsShownAndSurvived)

@@ -224,6 +224,19 @@ TEST_F(FrmSuonerie, All168RingsAreSentSortedEmptyOnesToo)
     EXPECT_EQ(Text("Esito"), "Comunicazione OK");
 }
 
+TEST_F(FrmSuonerie, ResetThatThrowsStandsInTheLineOfTheLastCommand)
+{
+    Open();
+    LetThrow("DTR(true)");
+    for (const char* button : {"cmdRiceveSuonerie", "cmdTrasmetteSuonerie"}) {
+        Controls().LabelUltimoComando->clear();
+        Press(button);
+        EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(
+            QStringLiteral("terminale 4: Errore del componente: guasto")))
+            << button;
+    }
+}
+
 TEST_F(FrmSuonerie, BehindASendNoRingIsTheChosenOne)
 {
     Open();

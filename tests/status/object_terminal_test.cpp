@@ -201,7 +201,23 @@ protected:
         LetThrow(GetParam());
     }
     static QString Failure() { return QStringLiteral("Errore del componente: guasto"); }
+    QString LastCommand(const std::function<void()>& command)
+    {
+        window.RunCommand(Controls().cmdTest, QStringLiteral("Prova in corso…"), EscapeUse::Ignored,
+                          command);
+        return Controls().LabelUltimoComando->text().section(u' ', 1);
+    }
 };
+
+TEST_P(ObjectHangUpThrows, AndTheLineOfTheLastCommandSaysSo)
+{
+    const QString failed = QStringLiteral("Prova, terminale 4: ") + Failure();
+    EXPECT_EQ(LastCommand([this] { cmdTest_Click(window); }), failed);
+    terminal.component.received_texts = {"CONNECT"};
+    EXPECT_EQ(LastCommand([this] { cmdLeggeOra_Click(window); }), failed);
+    terminal.component.received_texts = {"CONNECT"};
+    EXPECT_EQ(LastCommand([this] { cmdSincro_Click(window); }), failed);
+}
 
 TEST_P(ObjectHangUpThrows, AndTheCaptionSaysSoBehindATest)
 {
