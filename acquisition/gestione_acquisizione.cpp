@@ -57,6 +57,7 @@ private:
     bool FailedAttempt(const QString& caption);
     void StoringFailed();
     void Stop(const QString& reason);
+    QString WhyNoPort() const;
     void NoteShortRecord();
     AcquisitionOutcome Outcome() const;
 
@@ -81,7 +82,7 @@ AcquisitionOutcome SerialAcquisition::Run()
     controls_.PanelTentativi->setText(QStringLiteral("1"));
     {
         const PortSession session(window_);
-        if (session.Port() == nullptr) Stop(QStringLiteral("Errore aprendo la COM"));
+        if (session.Port() == nullptr) Stop(WhyNoPort());
         while (count_ > 0) AcquireOneAnswer(*session.Port());
     }
     controls_.PanelTentativi->clear();
@@ -207,6 +208,14 @@ void SerialAcquisition::Stop(const QString& reason)
     count_ = 0;
 }
 
+/// What the caption says of the port; it says nothing of a terminal without one, whose acquisition
+/// ends like that of a port that cannot be opened.
+QString SerialAcquisition::WhyNoPort() const
+{
+    const QString caption = controls_.PannelloComunicazione->text();
+    return caption.isEmpty() ? QStringLiteral("Errore aprendo la COM") : caption;
+}
+
 void SerialAcquisition::NoteShortRecord()
 {
     if (acceptance_.LastAnswer().last_record_cut_short)
@@ -235,7 +244,7 @@ AcquisitionOutcome SerialAcquisition::Outcome() const
         case MemoryAnswer::NotAsked:
             break;
     }
-    return {.done = false, .reason = QStringLiteral("Errore aprendo la COM")};
+    return {.done = false, .reason = WhyNoPort()};
 }
 
 }  // namespace

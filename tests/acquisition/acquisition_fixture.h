@@ -29,6 +29,14 @@ protected:
 
     AcquisitionOutcome Acquire() { return cmdAcquisisce_Click(window); }
 
+    /// Acquires by the button, and what the line of the last command says then.
+    QString LastCommand()
+    {
+        window.RunCommand(Controls().cmdAcquisisce, QStringLiteral("Prova in corso…"),
+                          EscapeUse::Heeded, [this] { Acquire(); });
+        return Controls().LabelUltimoComando->text().section(u' ', 1);
+    }
+
     /// Commands of the punch transfer only.
     QStringList Transfers() const { return commands.filter(QStringLiteral("33")); }
 

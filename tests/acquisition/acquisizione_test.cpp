@@ -298,6 +298,41 @@ TEST_F(Acquisizione, OpenModemLineIsUsedAsItIs)
     EXPECT_TRUE(pc.com1.PortOpen());
 }
 
+TEST_F(Acquisizione, LineOfAnotherPortIsTheReasonOfTheRefusal)
+{
+    Connect("Strale", "timbrature=5");
+    window.Controls().Verde->show();
+    state.SessionPort = 2;
+    state.TrInMemory = "00005";
+    const QString reason =
+        QStringLiteral("Errore: è collegata la linea della COM 2, non quella di questo terminale.");
+    EXPECT_EQ(LastCommand(), QStringLiteral("Prova, terminale 4: ") + reason);
+    EXPECT_EQ(Acquire().reason, reason);
+    EXPECT_EQ(Outcome(), reason);
+    EXPECT_TRUE(commands.isEmpty());
+}
+
+TEST_F(Acquisizione, FallenLineIsTheReasonOfTheRefusal)
+{
+    Connect("Strale", "timbrature=5");
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    window.Controls().Verde->show();
+    state.SessionPort = 1;
+    pc.com1.line_lost = true;
+    const QString reason = QStringLiteral("Errore: la linea è caduta. Premere Log-off.");
+    EXPECT_EQ(LastCommand(), QStringLiteral("Prova, terminale 4: ") + reason);
+    EXPECT_EQ(Acquire().reason, reason);
+    EXPECT_TRUE(commands.isEmpty());
+}
+
+TEST_F(Acquisizione, TerminalWithoutAPortEndsLikeAPortThatDoesNotOpen)
+{
+    Connect("Strale", "timbrature=5");
+    window.Controls().ComboPorta->Show(QString());
+    EXPECT_EQ(Acquire().reason, QStringLiteral("Errore aprendo la COM"));
+    EXPECT_EQ(Outcome(), QString());
+}
+
 TEST_F(Acquisizione, LostLineEndsTheCommandAndTheNextOneOpensAgain)
 {
     Connect("Strale", "timbrature=25", {"33#2:caduta=300"});
