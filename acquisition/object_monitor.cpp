@@ -39,7 +39,7 @@ private:
 
     void Read();
     std::optional<std::int16_t> RecordsToRead();
-    void GetRecordsOrlo(std::int16_t records);
+    void GetRecordsOrlo(int records);
     Record GetRecord(std::int16_t number);
     bool TryOnce(std::int16_t number, int attempt);
     void ShowRead(int read, int percent);
@@ -92,10 +92,11 @@ std::optional<std::int16_t> ObjectMonitor::RecordsToRead()
     return static_cast<std::int16_t>(std::clamp(whole ? kWholeMemory : present, 0, kMost));
 }
 
-void ObjectMonitor::GetRecordsOrlo(std::int16_t records)
+/// 32767 records at the most. The number of the last one has no successor in 16 bits.
+void ObjectMonitor::GetRecordsOrlo(int records)
 {
-    for (std::int16_t number = 1; number <= records; ++number) {
-        const Record result = GetRecord(number);
+    for (int number = 1; number <= records; ++number) {
+        const Record result = GetRecord(static_cast<std::int16_t>(number));
         if (result == Record::Missing) return;
         if (result == Record::EndOfData) {
             // The whole memory was asked for and had no more: that is all of it.

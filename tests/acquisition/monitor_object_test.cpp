@@ -78,6 +78,18 @@ TEST_F(ObjectMonitor, WholeMemoryIs4000RecordsWhateverIsReported)
     EXPECT_EQ(Lines().constLast().left(8), QStringLiteral("4000    "));
 }
 
+TEST_F(ObjectMonitor, RecordWithTheHighestNumberIsTheLast)
+{
+    Punches(32767);
+    component.told_records = 40000;
+    // Laying so many lines out again and again would take half a minute.
+    component.on_call = [this](const std::string&) { List().Empty(); };
+    Read();
+    EXPECT_EQ(component.CallsOf("GetRecord").size(), 32767U);
+    EXPECT_EQ(component.calls.back(), "GetRecord(4, 6, 32767)");
+    EXPECT_EQ(Label("LabelScaricate"), QStringLiteral("Transazioni Acquisite: 32767 100%"));
+}
+
 TEST_F(ObjectMonitor, WholeMemoryEndsWithTheTerminalsLastRecord)
 {
     Punches(42);
