@@ -23,7 +23,10 @@ void Caption(Contenitore& window, const QString& text)
 CommandAnswer SendSerial(Contenitore& window, const std::string& command)
 {
     const PortSession session(window);
-    if (session.Port() == nullptr) return {};
+    if (session.Port() == nullptr) {
+        window.NoteOutcome(session.Refusal());
+        return {};
+    }
     const std::string answer = ExchangeTelegram(window.Station(), *session.Port(),
                                                 window.State().CurrentTerminalNumber, command);
     // What comes too late would be taken for the answer to the next command.

@@ -102,8 +102,11 @@ void LogIn_Click(Contenitore& window)
     window.PrepareCurrentTerminal();
 
     SerialPortControl* const port = window.Station().Comm(state.CurrentPort);
-    // A port number outside 1..4 selects no control and gives no message.
-    if (port == nullptr) return;
+    // A port number outside 1..4 selects no control and gives no caption.
+    if (port == nullptr) {
+        window.NoteOutcome(QStringLiteral("nessuna porta"));
+        return;
+    }
     state.SerialPortOk = OpenSerialPort(*port, state.CurrentPort, SettingsText(state.CurrentSpeed));
     if (!state.SerialPortOk) {
         controls.PannelloComunicazione->setText(QStringLiteral("Errore aprendo la COM"));

@@ -121,6 +121,17 @@ TEST_F(SerialConsole, PortThatDoesNotOpenIsTheStatus)
     EXPECT_TRUE(pc.dialog.told.empty());
 }
 
+TEST_F(SerialConsole, TerminalWithoutAPortStandsInTheLineOfTheLastCommand)
+{
+    Connect();
+    Controls().ComboPorta->Show(QString());
+    Send("03");
+    EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(Outcome(), QString());
+    EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(
+        QStringLiteral(" Comando, terminale 4: nessuna porta")));
+}
+
 TEST_F(SerialConsole, StatusIsRenewedWhenItIsTheSameAgain)
 {
     Connect();

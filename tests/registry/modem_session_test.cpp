@@ -159,6 +159,16 @@ TEST_F(ModemSession, PortOutsideOneToFourDoesNothing)
     EXPECT_TRUE(pc.com1.sent.empty());
 }
 
+TEST_F(ModemSession, LogInWithoutAPortStandsInTheLineOfTheLastCommand)
+{
+    controls.ComboPorta->Show(QString());
+    window.RunCommand(controls.cmdLogIn, QStringLiteral("Collegamento in corso…"),
+                      EscapeUse::Heeded, [this] { LogIn_Click(window); });
+    EXPECT_EQ(Caption(), QString());
+    EXPECT_TRUE(controls.LabelUltimoComando->text().endsWith(
+        QStringLiteral(" Collegamento, terminale 1: nessuna porta")));
+}
+
 TEST_F(ModemSession, RefusedLineIsShownInTheSystemsWords)
 {
     pc.com1.refuses = "RTS";
