@@ -135,12 +135,12 @@ bool FrmMonitor::eventFilter(QObject* watched, QEvent* event)
     return TerminalWindow::eventFilter(watched, event);
 }
 
-// Enter in the filter leads to what it found, and in a list that has lines it does nothing: a
+// Enter in a filter leads to what it found, and in a list that has lines it does nothing: a
 // reading would empty the list.
 void FrmMonitor::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && ui_->FiltroMonitor->hasFocus())
+    if (enter && (ui_->FiltroMonitor->hasFocus() || ui_->FiltroStato->hasFocus()))
         ui_->ListaMonitor->setFocus();
     else if (enter && ui_->ListaMonitor->hasFocus() && ui_->ListaMonitor->count() > 0)
         event->accept();

@@ -104,15 +104,17 @@ TEST_F(MonitorList, NothingSelectedLeavesTheClipboardAlone)
     EXPECT_EQ(Copied(), QStringLiteral("altro"));
 }
 
-TEST_F(MonitorList, EnterInTheFilterReadsNothing)
+TEST_F(MonitorList, EnterInAFilterReadsNothing)
 {
-    auto& filter = Find<QLineEdit>("FiltroMonitor");
-    filter.setFocus();
-    commands.clear();
-    QTest::keyClick(&filter, Qt::Key_Return);
-    EXPECT_TRUE(commands.isEmpty());
-    EXPECT_EQ(Lines().size(), 12);
-    EXPECT_TRUE(List().hasFocus());
+    for (const char* name : {"FiltroMonitor", "FiltroStato"}) {
+        auto& filter = Find<QWidget>(name);
+        filter.setFocus();
+        commands.clear();
+        QTest::keyClick(&filter, Qt::Key_Return);
+        EXPECT_TRUE(commands.isEmpty()) << name;
+        EXPECT_EQ(Lines().size(), 12) << name;
+        EXPECT_TRUE(List().hasFocus()) << name;
+    }
 }
 
 TEST_F(MonitorList, EnterInAListThatIsNotEmptyReadsNothing)
