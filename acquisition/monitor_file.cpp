@@ -2,6 +2,10 @@
 
 #include "registry/windows_1252.h"
 
+#include <unistd.h>
+
+#include <cerrno>
+
 namespace orlo
 {
 
@@ -21,7 +25,10 @@ void MonitorFile::Write(const QString& line)
 bool MonitorFile::Close()
 {
     if (IsOpen() && error_.isEmpty() && !file_.flush()) Fail();
+    if (IsOpen() && error_.isEmpty() && fsync(file_.handle()) != 0) error_ = qt_error_string(errno);
     file_.close();
+    // A medium over the network may tell only now that it is full.
+    if (error_.isEmpty() && file_.error() != QFile::NoError) Fail();
     return error_.isEmpty();
 }
 

@@ -94,6 +94,22 @@ TEST_F(SerialMonitor, ListingThatIsNotWholeIsToldAndTheListIs)
     ExpectListingNotWritten();
 }
 
+TEST_F(SerialMonitor, ListingThatDoesNotReachTheDiskIsToldAndTheListIs)
+{
+    Connect("Strale", "timbrature=12");
+    // Takes every byte and cannot be synced.
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/null"), FileName()));
+    form.open();
+    WantFile();
+    ReadAgain();
+    EXPECT_EQ(Lines().size(), 12);
+    ASSERT_EQ(pc.dialog.told.size(), 2U);
+    EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::Critical);
+    EXPECT_TRUE(pc.dialog.told[0].text.startsWith(
+        QStringLiteral("Il file \"MONITOR.TXT\" non è completo: ")));
+    ExpectListingNotWritten();
+}
+
 TEST_F(SerialMonitor, SecondReadingBeginsAnew)
 {
     Connect("Strale", "timbrature=12");
