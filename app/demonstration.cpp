@@ -7,6 +7,7 @@
 #include <QPixmap>
 
 #include <cstdio>
+#include <utility>
 
 namespace orlo
 {
