@@ -116,7 +116,7 @@ bool SerialAcquisition::TryOnce(SerialPortControl& port)
     const bool asks_again = acceptance_.AsksAgain();
     const std::string answer = ExchangeTelegram(
         window_.Station(), port, window_.State().CurrentTerminalNumber, acceptance_.NextRequest());
-    const bool arrived = answer != kTimeout && answer != kRxError;
+    const bool arrived = IsAnswer(answer);
     // A terminal that was only late answers the request that was given up and the repeated one. Its
     // second answer would be taken for the answer to the next request, and so on to the end.
     if (asks_again || !arrived) LetLineRunOut(window_.Station(), port);

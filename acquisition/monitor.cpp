@@ -100,8 +100,7 @@ SerialMonitor::Block SerialMonitor::ReadBlock(SerialPortControl& port, int block
         if (reading_.Stopped()) return Block::Stopped;
         const std::string answer = ExchangeTelegram(
             desk_.Station(), port, desk_.State().CurrentTerminalNumber, MonitorRequest(block));
-        const bool arrived = answer != kTimeout && answer != kRxError;
-        // A late answer would be taken for that of the next request.
+        const bool arrived = IsAnswer(answer);
         if (!arrived || failed_before) LetLineRunOut(desk_.Station(), port);
         if (arrived) {
             if (IsEndOfMemory(answer)) return Block::EndOfMemory;

@@ -44,11 +44,10 @@ private:
     std::string Count(std::string answer)
     {
         ++sent_;
-        // An answer that comes too late would be read as that of the next field.
-        if (answer == kTimeout || answer == kRxError)
-            LetLineRunOut(window_.Station(), port_);
-        else
+        if (IsAnswer(answer))
             ++good_;
+        else
+            LetLineRunOut(window_.Station(), port_);
         window_.Station().clock.ProcessPendingEvents();
         return answer;
     }

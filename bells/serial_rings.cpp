@@ -30,8 +30,7 @@ Exchanged Exchange(Contenitore& window, std::string_view command)
                                     : QStringLiteral("Errore aprendo la COM")};
     const std::string answer = ExchangeTelegram(window.Station(), *session.Port(),
                                                 window.State().CurrentTerminalNumber, command);
-    const bool good_frame = answer != kTimeout && answer != kRxError;
-    // An answer that comes too late would be taken for that to the next ring.
+    const bool good_frame = IsAnswer(answer);
     if (!good_frame) LetLineRunOut(window.Station(), *session.Port());
     return {answer == kTimeout ? kSilent : kDone, good_frame};
 }

@@ -29,8 +29,7 @@ CommandAnswer SendSerial(Contenitore& window, const std::string& command)
     }
     const std::string answer = ExchangeTelegram(window.Station(), *session.Port(),
                                                 window.State().CurrentTerminalNumber, command);
-    // What comes too late would be taken for the answer to the next command.
-    if (answer == kTimeout || answer == kRxError) LetLineRunOut(window.Station(), *session.Port());
+    if (!IsAnswer(answer)) LetLineRunOut(window.Station(), *session.Port());
     if (answer == kTimeout) {
         Caption(window, QStringLiteral("Timeout"));
         return {};

@@ -25,8 +25,9 @@ std::string ExchangeTelegramTicks(Workstation& workstation, SerialPortControl& p
                                   int terminal_number, std::string_view command);
 
 /// Throws away what still comes over the line until nothing has come for a second; 3 seconds at the
-/// most. To be used behind a failed exchange, whose answer may be on its way. Behind one that was
-/// not asked for 0.3 and 0.6 seconds, the window being frozen meanwhile.
+/// most. To be used behind an exchange without an answer: one that comes too late would be taken
+/// for the answer to the next request. Behind one that was not asked for 0.3 and 0.6 seconds, the
+/// window being frozen meanwhile.
 void LetLineRunOut(Workstation& workstation, SerialPortControl& port);
 
 }  // namespace orlo

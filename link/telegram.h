@@ -23,6 +23,12 @@ namespace orlo
 inline constexpr std::string_view kTimeout = "TIMEOUT";
 inline constexpr std::string_view kRxError = "RX ERROR";
 
+/// Whether an exchange brought the data of an answer: neither kTimeout nor kRxError.
+inline bool IsAnswer(std::string_view result)
+{
+    return result != kTimeout && result != kRxError;
+}
+
 /// Checksum of a telegram: 128 plus the sum of all bytes, reduced to 7 bits after each addition.
 /// The result is 128..255, so it can never be taken for CR.
 std::uint8_t TelegramChecksum(std::string_view bytes);

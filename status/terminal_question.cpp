@@ -14,9 +14,7 @@ std::string AskTerminal(Contenitore& window, SerialPortControl& port, std::strin
         ExchangeTelegram(window.Station(), port, window.State().CurrentTerminalNumber, command);
     window.Controls().PannelloComunicazione->setText(
         answer == kTimeout ? QStringLiteral("Timeout") : QStringLiteral("Comunicazione OK"));
-    // What comes too late would be taken for the answer to the next request, also to that of a
-    // command that was pressed while the clock was read.
-    if (answer == kTimeout || answer == kRxError) LetLineRunOut(window.Station(), port);
+    if (!IsAnswer(answer)) LetLineRunOut(window.Station(), port);
     return answer;
 }
 
