@@ -1,5 +1,6 @@
 #include "bells/serial_rings.h"
 
+#include "bells/ring_line.h"
 #include "bells/ring_telegram.h"
 #include "link/exchange.h"
 #include "link/telegram.h"
@@ -65,7 +66,7 @@ SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& l
         if (exchanged.status != kDone) return Ended(caption, exchanged.status);
         ++sent;
         good += exchanged.good_frame ? 1 : 0;
-        caption.setText(QStringLiteral("%1/32 ").arg(line + 1) + kDone);
+        caption.setText(QStringLiteral("%1/%2 ").arg(line + 1).arg(kRingPositions) + kDone);
         window.Station().clock.ProcessPendingEvents();
     }
     return Finished(sent, good);
