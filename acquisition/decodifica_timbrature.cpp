@@ -12,7 +12,6 @@ namespace orlo
 namespace
 {
 
-constexpr std::string_view kEndMark = "END";
 constexpr int kStandard = 0;
 constexpr int kExtended = 1;
 

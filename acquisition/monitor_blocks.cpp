@@ -18,7 +18,7 @@ std::string MonitorRequest(int block)
 
 bool IsEndOfMemory(std::string_view answer)
 {
-    return answer.starts_with("END");
+    return answer.starts_with(kEndMark);
 }
 
 int PunchesRead(int block, std::string_view answer)

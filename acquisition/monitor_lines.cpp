@@ -12,8 +12,6 @@ namespace orlo
 namespace
 {
 
-constexpr std::string_view kEndMark = "END";
-
 std::string RunningNumber(int number)
 {
     const std::string digits = std::to_string(number);

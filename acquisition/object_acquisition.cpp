@@ -1,5 +1,6 @@
 #include "acquisition/acquisition_messages.h"
 #include "acquisition/gestione_acquisizione.h"
+#include "acquisition/object_record.h"
 #include "acquisition/record_acceptance.h"
 #include "link/display_errore_comunicazione.h"
 #include "link/pressione_tasto_esc.h"
@@ -17,7 +18,6 @@ namespace orlo
 namespace
 {
 
-constexpr std::string_view kNoMoreRecords = "ER";
 constexpr std::string_view kTimedOut = "99,Time Out";
 
 /// Punches that may be made while an acquisition of a full memory runs.

@@ -1,6 +1,7 @@
 #include "acquisition/frm_monitor.h"
 #include "acquisition/monitor.h"
 #include "acquisition/monitor_reading.h"
+#include "acquisition/object_record.h"
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
 #include "registry/numeric_value.h"
@@ -17,7 +18,6 @@ namespace orlo
 namespace
 {
 
-constexpr std::string_view kNoMoreRecords = "ER";
 constexpr std::int32_t kWholeMemory = 4000;
 
 /// One reading of an object-driven terminal's memory, record by record.

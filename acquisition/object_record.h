@@ -5,9 +5,13 @@
 #include <QString>
 
 #include <string>
+#include <string_view>
 
 namespace orlo
 {
+
+/// The component's code for "no more records".
+inline constexpr std::string_view kNoMoreRecords = "ER";
 
 /// One punch as the protocol component delivers it, in the component's own words.
 struct ObjectRecord {

@@ -23,6 +23,9 @@ namespace orlo
 
 inline constexpr std::size_t kPunchRecordLength = 26;
 
+/// Stands in place of the next record when the terminal has no more.
+inline constexpr std::string_view kEndMark = "END";
+
 /// One punch in the texts that the output lines are made of. A record cut short gives short fields.
 struct PunchRecord {
     char event = ' ';
