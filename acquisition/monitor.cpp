@@ -63,7 +63,7 @@ void SerialMonitor::Run()
 
 void SerialMonitor::ShowPresent()
 {
-    // Two blanks: the number stands where it always has.
+    // Two blanks on purpose; the text of an Orlo or a Sipa has none.
     form_.Controls().LabelTransazioni->setText(
         QStringLiteral("Transazioni Presenti:  %1")
             .arg(PunchesInMemory(model_.counting, desk_.State().TPnt)));

@@ -26,8 +26,8 @@ std::string TwoDigits(int value)
 //  13        2       seconds
 //  15        1       day of the week, Sunday 0 to Saturday 6
 //
-// Each field has a reading of the clock of its own, four of the date and three of the time, and not
-// one reading for all: required so.
+// Each field has a reading of the clock of its own, four of the date and three of the time. Keep
+// seven readings: with one for all, a second that ends between them would give another command.
 std::string SetClockCommand(Clock& clock)
 {
     std::string command = "01";

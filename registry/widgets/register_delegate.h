@@ -21,7 +21,7 @@ using ColumnPlaces = std::array<ColumnPlace, kRegisterColumns>;
 
 const std::array<QString, kRegisterColumns>& RegisterHeadings();
 
-/// Every column is as wide as its widest given text but the description, which takes what is left.
+/// Every column is as wide as its widest text but the description, which takes what is left.
 ColumnPlaces PlacesFor(const QFontMetrics& metrics, int width);
 
 /// The narrowest list in which a description of the stored length can still be read.

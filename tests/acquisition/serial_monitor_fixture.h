@@ -60,7 +60,7 @@ protected:
         return blocks;
     }
     static QString NoStatus() { return QStringLiteral("Errore: stato della memoria non arrivato"); }
-    /// How a reading ends that lists what it can get: in the box, below the given text.
+    /// How a reading ends that lists what it can get: in the box, below the text of a good end.
     void ExpectDoubt(const QString& outcome, const QString& informative) const
     {
         EXPECT_EQ(Label("EsitoMonitor"), outcome);

@@ -35,7 +35,7 @@ void ExpectTelegrams(TerminalType type, std::span<const Telegrams> expected)
     }
 }
 
-TEST(BadgeFields, ComeInTheirGivenOrder)
+TEST(BadgeFields, ComeInTheOrderOfTheirNumbers)
 {
     using F = LayoutField;
     EXPECT_EQ(kLayoutFields, (std::array{F::InizioImpianto, F::LenImpianto, F::InizioBadge,

@@ -25,7 +25,7 @@ protected:
     }
 };
 
-TEST_F(ConsoleWindow, EveryGivenNameIsFound)
+TEST_F(ConsoleWindow, EveryControlIsFoundByItsName)
 {
     for (const char* name :
          {"CommandField", "DataField", "labelParametri", "LabelComando", "ReceivedDataLabel",

@@ -5,7 +5,7 @@ namespace orlo::contenitore_test
 
 using ContenitoreEditing = ContenitoreTest;
 
-TEST_F(ContenitoreEditing, ChoiceListsHaveTheGivenOrder)
+TEST_F(ContenitoreEditing, ChoiceListsKeepTheirOrder)
 {
     const auto items = [this](const char* name) {
         const auto& box = Control<QComboBox>(name);

@@ -64,7 +64,7 @@ protected:
     }
 };
 
-TEST_F(ContenitoreLook, EveryGivenNameIsFound)
+TEST_F(ContenitoreLook, EveryControlIsFoundByItsName)
 {
     for (const char* name : {"ListaTerminali",
                              "LabelTerminale",
