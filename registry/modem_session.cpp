@@ -61,6 +61,8 @@ void LogOff(Contenitore& window)
 {
     ProgramState& state = window.State();
     const Ui::Contenitore& controls = window.Controls();
+    // The arrow on purpose, though the command has just set the hourglass: log-off gives the pointer
+    // back first of all, however long the hang-up takes.
     window.setCursor(Qt::ArrowCursor);
     const bool line_open = window.LineIsOpen();
     // The current terminal may have become one of another port since the log-in.
