@@ -3,6 +3,7 @@
 #include "acquisition/acquisition_messages.h"
 #include "acquisition/gestione_acquisizione.h"
 #include "acquisition/tipo_output.h"
+#include "registry/captions.h"
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
 #include "registry/database_error.h"
@@ -100,7 +101,7 @@ AcquisitionOutcome cmdAcquisisce_Click(Contenitore& window)
         outcome = NotDone(controls.PannelloComunicazione->text());
     // An Orlo or Sipa leaves no caption behind, and the last caption of an acquisition that was
     // stopped is that of its last good exchange.
-    window.NoteOutcome(outcome.done ? QStringLiteral("Comunicazione OK") : outcome.reason);
+    window.NoteOutcome(outcome.done ? kCommunicationOk : outcome.reason);
     return outcome;
 }
 

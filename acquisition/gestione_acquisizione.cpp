@@ -4,6 +4,7 @@
 #include "acquisition/answer_acceptance.h"
 #include "link/pressione_tasto_esc.h"
 #include "link/telegram.h"
+#include "registry/captions.h"
 #include "registry/contenitore_controls.h"
 #include "registry/numeric_value.h"
 #include "registry/port_session.h"
@@ -122,15 +123,14 @@ bool SerialAcquisition::TryOnce(SerialPortControl& port)
     if (asks_again || !arrived) LetLineRunOut(window_.Station(), port);
     if (arrived) return TakeAnswer(answer);
     acceptance_.ExchangeFailed();
-    return FailedAttempt(answer == kTimeout ? QStringLiteral("Timeout")
-                                            : QStringLiteral("RX Error"));
+    return FailedAttempt(answer == kTimeout ? kTimeoutCaption : kRxErrorCaption);
 }
 
 bool SerialAcquisition::TakeAnswer(std::string_view answer)
 {
     switch (acceptance_.Take(answer)) {
         case AnswerAcceptance::Result::NoPunches:
-            return FailedAttempt(QStringLiteral("RX Error"));
+            return FailedAttempt(kRxErrorCaption);
         case AnswerAcceptance::Result::TooManyRecords:
             too_many_records_ = true;
             return FailedAttempt(
@@ -143,7 +143,7 @@ bool SerialAcquisition::TakeAnswer(std::string_view answer)
             break;
     }
     NoteShortRecord();
-    controls_.PannelloComunicazione->setText(QStringLiteral("Comunicazione OK"));
+    controls_.PannelloComunicazione->setText(kCommunicationOk);
     controls_.PanelTentativi->setText(QStringLiteral("1"));
     CountAgain();
     return true;
@@ -213,7 +213,7 @@ void SerialAcquisition::Stop(const QString& reason)
 QString SerialAcquisition::WhyNoPort() const
 {
     const QString caption = controls_.PannelloComunicazione->text();
-    return caption.isEmpty() ? QStringLiteral("Errore aprendo la COM") : caption;
+    return caption.isEmpty() ? kPortNotOpened : caption;
 }
 
 void SerialAcquisition::NoteShortRecord()
@@ -232,9 +232,9 @@ AcquisitionOutcome SerialAcquisition::Outcome() const
         case MemoryAnswer::Good:
             return {.done = true, .reason = {}};
         case MemoryAnswer::Timeout:
-            return {.done = false, .reason = QStringLiteral("Timeout")};
+            return {.done = false, .reason = kTimeoutCaption};
         case MemoryAnswer::BadFrame:
-            return {.done = false, .reason = QStringLiteral("RX Error")};
+            return {.done = false, .reason = kRxErrorCaption};
         case MemoryAnswer::NoCounters:
             return {
                 .done = false,

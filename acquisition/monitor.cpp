@@ -6,6 +6,7 @@
 #include "acquisition/monitor_reading.h"
 #include "acquisition/stato_memoria.h"
 #include "link/telegram.h"
+#include "registry/captions.h"
 #include "registry/contenitore_controls.h"
 #include "registry/numeric_value.h"
 #include "registry/port_session.h"
@@ -108,7 +109,7 @@ SerialMonitor::Block SerialMonitor::ReadBlock(SerialPortControl& port, int block
             return Block::Read;
         }
         failed_before = true;
-        Caption(answer == kTimeout ? QStringLiteral("Timeout") : QStringLiteral("RX Error"));
+        Caption(answer == kTimeout ? kTimeoutCaption : kRxErrorCaption);
     }
     return Block::Missing;
 }
@@ -120,7 +121,7 @@ void SerialMonitor::AggiungeInLista(int block, const std::string& answer)
     // The block behind the last punch is asked for to hear the terminal's "END".
     const bool last = block == LastMonitorBlock(desk_.State().TPnt);
     if (last && !punches.empty()) reading_.NoteMoreThanDeclared();
-    Caption(QStringLiteral("Comunicazione OK"));
+    Caption(kCommunicationOk);
     form_.Controls().LabelScaricate->setText(
         QStringLiteral("Transazioni Acquisite: %1").arg(PunchesRead(block, answer)));
 }

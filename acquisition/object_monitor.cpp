@@ -2,6 +2,7 @@
 #include "acquisition/monitor.h"
 #include "acquisition/monitor_reading.h"
 #include "acquisition/object_record.h"
+#include "registry/captions.h"
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
 #include "registry/numeric_value.h"
@@ -67,7 +68,7 @@ void ObjectMonitor::Read()
     // Opened for an empty memory too: another terminal's listing must not pass for this one's.
     if (!records || !reading_.OpenFile()) return;
     if (*records == 0) {
-        desk_.Controls().PannelloComunicazione->setText(QStringLiteral("Comunicazione OK"));
+        desk_.Controls().PannelloComunicazione->setText(kCommunicationOk);
         return;
     }
     begun_ = true;
@@ -137,7 +138,7 @@ bool ObjectMonitor::TryOnce(std::int16_t number, int attempt)
     if (object_.GetRecord(terminal, priority2, wanted)) {
         reading_.Add(
             {MonitorPunchOf(reading_.NextNumber(), ReadObjectRecord(object_), object_.Cause())});
-        outcome.setText(QStringLiteral("Comunicazione OK"));
+        outcome.setText(kCommunicationOk);
         return true;
     }
     code_ = object_.ReceivedCommand();

@@ -3,6 +3,7 @@
 #include "acquisition/memory_counters.h"
 #include "acquisition/record_counters.h"
 #include "link/telegram.h"
+#include "registry/captions.h"
 #include "registry/contenitore_controls.h"
 #include "registry/port_session.h"
 
@@ -45,10 +46,10 @@ MemoryAnswer AskSerialTerminal(Contenitore& window, const TerminalModel& model,
     // Behind a failed exchange: the answer may be on its way still.
     if (!IsMemoryStatus(answer)) LetLineRunOut(window.Station(), port);
     if (answer == kTimeout) {
-        outcome.setText(QStringLiteral("Timeout"));
+        outcome.setText(kTimeoutCaption);
         return MemoryAnswer::Timeout;
     }
-    outcome.setText(QStringLiteral("Comunicazione OK"));
+    outcome.setText(kCommunicationOk);
     StoreCounters(window.State(), model.counting, answer);
     ShowCounters(window, model);
     if (answer == kRxError) return MemoryAnswer::BadFrame;

@@ -1,6 +1,7 @@
 #include "app/bell_demonstration.h"
 
 #include "app/demonstrated_window.h"
+#include "registry/captions.h"
 #include "registry/contenitore_controls.h"
 #include "registry/terminal_lines.h"
 
@@ -78,7 +79,7 @@ bool ShowObjectBells(Desk& desk, int terminal, const QString& suffix,
     bells.Press("Giorno_2");
     bells.Find<QLineEdit>("Ring_2").setFocus();
     take_picture(bells.Window(), QStringLiteral("FrmSuonerie-") + suffix);
-    return bells.Text("Esito") == QStringLiteral("Comunicazione OK");
+    return bells.Text("Esito") == kCommunicationOk;
 }
 
 bool ShowSerialBells(Desk& desk, int terminal, const QString& suffix,
@@ -90,7 +91,7 @@ bool ShowSerialBells(Desk& desk, int terminal, const QString& suffix,
     EnterTable(bells);
     bells.Press("cmdTrasmette");
     take_picture(bells.Window(), QStringLiteral("frmRingOrloII-") + suffix);
-    return bells.Text("PannelloSuonerie") == QStringLiteral("Comunicazione OK");
+    return bells.Text("PannelloSuonerie") == kCommunicationOk;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "app/demonstration.h"
 
 #include "app/demonstrated_window.h"
+#include "registry/captions.h"
 #include "registry/contenitore_controls.h"
 #include "registry/terminal_lines.h"
 
@@ -56,7 +57,7 @@ bool Demonstration::AcquireSelected()
     const Ui::Contenitore& controls = window_.Controls();
     controls.cmdAcquisisce->click();
     const QString failure = controls.PannelloComunicazione->text();
-    const bool done = (failure.isEmpty() || failure == QStringLiteral("Comunicazione OK")) &&
+    const bool done = (failure.isEmpty() || failure == kCommunicationOk) &&
                       controls.PannelloAcquisire->text() == QStringLiteral("0");
     Say(QStringLiteral("%1, %2 timbrature in memoria, %3 da acquisire")
             .arg(done ? QStringLiteral("acquisito") : failure, controls.PannelloTimbrature->text(),
@@ -89,7 +90,7 @@ bool Demonstration::Press(QPushButton* button)
 {
     button->click();
     const QString outcome = window_.Controls().LabelUltimoComando->text();
-    return outcome.endsWith(QStringLiteral("Comunicazione OK")) ||
+    return outcome.endsWith(kCommunicationOk) ||
            outcome.endsWith(QStringLiteral("risposte 5 su 5")) ||
            outcome.endsWith(QStringLiteral("risposte 6 su 6"));
 }
@@ -110,7 +111,7 @@ bool Demonstration::ReadMonitor(const QString& suffix)
     const int listed = monitor.Find<QListWidget>("ListaMonitor").count();
     Say(QStringLiteral("monitor, %1 timbrature in lista e in MONITOR.TXT").arg(listed));
     TakePicture(monitor.Window(), QStringLiteral("FrmMonitor-") + suffix);
-    return listed > 0 && monitor.Text("EsitoMonitor") == QStringLiteral("Comunicazione OK");
+    return listed > 0 && monitor.Text("EsitoMonitor") == kCommunicationOk;
 }
 
 bool Demonstration::SendCommand(const QString& suffix)
@@ -120,7 +121,7 @@ bool Demonstration::SendCommand(const QString& suffix)
     console.Press("cmdTrasmetteComando");
     Say(QStringLiteral("console, risposta \"%1\"").arg(console.Text("ReceivedDataLabel")));
     TakePicture(console.Window(), QStringLiteral("FrmComandi-") + suffix);
-    return console.Text("EsitoComando") == QStringLiteral("Comunicazione OK");
+    return console.Text("EsitoComando") == kCommunicationOk;
 }
 
 void Demonstration::Say(const QString& deed) const

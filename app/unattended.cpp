@@ -3,6 +3,7 @@
 #include "acquisition/acquisizione.h"
 #include "app/standard_error_dialog.h"
 #include "app/termination.h"
+#include "registry/captions.h"
 #include "registry/contenitore_controls.h"
 #include "registry/modem_session.h"
 #include "registry/start_up.h"
@@ -93,7 +94,7 @@ Result DoByModem(const Task& task, Contenitore& window)
     LogIn_Click(window);
     if (!window.LineIsOpen()) {
         const QString caption = window.Controls().PannelloComunicazione->text();
-        return NotDone(caption.isEmpty() ? QStringLiteral("Errore aprendo la COM") : caption);
+        return NotDone(caption.isEmpty() ? kPortNotOpened : caption);
     }
     Result outcome = task.command(window);
     EndSession(window);

@@ -1,5 +1,6 @@
 #include "badge/object_formato_badge.h"
 
+#include "registry/captions.h"
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
 #include "registry/numeric_value.h"
@@ -72,7 +73,7 @@ void ReadObjectBadgeFormat(Contenitore& window)
         field.start->setText(NumberText(format.FieldStart()));
         field.length->setText(NumberText(format.FieldLen()));
     }
-    window.NoteOutcome(QStringLiteral("Comunicazione OK"));
+    window.NoteOutcome(kCommunicationOk);
 }
 
 void SendObjectBadgeFormat(Contenitore& window)

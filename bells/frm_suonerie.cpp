@@ -5,6 +5,7 @@
 #include "bells/ring_text.h"
 #include "bells/sort_suonerie.h"
 #include "bells/week_days.h"
+#include "registry/captions.h"
 #include "registry/contenitore_controls.h"
 
 #include "ui_frm_suonerie.h"
@@ -95,9 +96,7 @@ bool FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QStri
         ClearOutcome(*ui_->Esito);
         done = Desk().PrepareCurrentTerminal() && work();
         const bool said = caption.text().startsWith(QLatin1String("Errore"));
-        ui_->Esito->setText(done   ? QStringLiteral("Comunicazione OK")
-                            : said ? caption.text()
-                                   : failed);
+        ui_->Esito->setText(done ? kCommunicationOk : said ? caption.text() : failed);
         Desk().ResetLineBehindCommand();
     });
     return done;

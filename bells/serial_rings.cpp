@@ -4,6 +4,7 @@
 #include "bells/ring_telegram.h"
 #include "link/exchange.h"
 #include "link/telegram.h"
+#include "registry/captions.h"
 #include "registry/contenitore_controls.h"
 #include "registry/port_session.h"
 
@@ -12,9 +13,6 @@ namespace orlo
 
 namespace
 {
-
-const QString kDone = QStringLiteral("Comunicazione OK");
-const QString kSilent = QStringLiteral("Timeout");
 
 struct Exchanged {
     QString status;
@@ -28,12 +26,12 @@ Exchanged Exchange(Contenitore& window, std::string_view command)
     // Why an open line cannot be used is in the caption by now.
     if (session.Port() == nullptr)
         return {window.LineIsOpen() ? window.Controls().PannelloComunicazione->text()
-                                    : QStringLiteral("Errore aprendo la COM")};
+                                    : kPortNotOpened};
     const std::string answer = ExchangeTelegram(window.Station(), *session.Port(),
                                                 window.State().CurrentTerminalNumber, command);
     const bool good_frame = IsAnswer(answer);
     if (!good_frame) LetLineRunOut(window.Station(), *session.Port());
-    return {answer == kTimeout ? kSilent : kDone, good_frame};
+    return {answer == kTimeout ? kTimeoutCaption : kCommunicationOk, good_frame};
 }
 
 /// The sending ends before its last line.
@@ -47,7 +45,9 @@ SentRings Ended(TextPanel& caption, const QString& status)
 /// for the terminal. How many answers came in a good frame nobody asks; the operator is told it.
 SentRings Finished(int sent, int good)
 {
-    return {kDone, good == sent ? kDone : QStringLiteral("risposte %1 su %2").arg(good).arg(sent)};
+    return {kCommunicationOk, good == sent
+                                  ? kCommunicationOk
+                                  : QStringLiteral("risposte %1 su %2").arg(good).arg(sent)};
 }
 
 }  // namespace
@@ -63,10 +63,11 @@ SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& l
         if (!telegram) continue;
         if (window.LeaveAsked()) return Ended(caption, QStringLiteral("Invio interrotto."));
         const Exchanged exchanged = Exchange(window, *telegram);
-        if (exchanged.status != kDone) return Ended(caption, exchanged.status);
+        if (exchanged.status != kCommunicationOk) return Ended(caption, exchanged.status);
         ++sent;
         good += exchanged.good_frame ? 1 : 0;
-        caption.setText(QStringLiteral("%1/%2 ").arg(line + 1).arg(kRingPositions) + kDone);
+        caption.setText(QStringLiteral("%1/%2 ").arg(line + 1).arg(kRingPositions) +
+                        kCommunicationOk);
         window.Station().clock.ProcessPendingEvents();
     }
     return Finished(sent, good);

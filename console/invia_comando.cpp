@@ -2,6 +2,7 @@
 
 #include "link/exchange.h"
 #include "link/telegram.h"
+#include "registry/captions.h"
 #include "registry/component_call.h"
 #include "registry/contenitore.h"
 #include "registry/contenitore_controls.h"
@@ -31,11 +32,11 @@ CommandAnswer SendSerial(Contenitore& window, const std::string& command)
                                                 window.State().CurrentTerminalNumber, command);
     if (!IsAnswer(answer)) LetLineRunOut(window.Station(), *session.Port());
     if (answer == kTimeout) {
-        Caption(window, QStringLiteral("Timeout"));
+        Caption(window, kTimeoutCaption);
         return {};
     }
     // A bad frame is an answer too: what is wrong stands in its display.
-    Caption(window, QStringLiteral("Comunicazione OK"));
+    Caption(window, kCommunicationOk);
     return {.received_data = answer, .received_command = {}};
 }
 
@@ -47,7 +48,7 @@ CommandAnswer SendObject(Contenitore& window, std::string command, std::string p
     std::int16_t terminal = state.CurrentTerminalNumber;
     std::int16_t priority = state.CurrentPriority;
     if (line.SendTelegram(terminal, priority, command, parameters)) {
-        Caption(window, QStringLiteral("Comunicazione OK"));
+        Caption(window, kCommunicationOk);
         return {.received_data = line.ReceivedData(), .received_command = {}};
     }
     std::string code = line.ReceivedCommand();

@@ -3,6 +3,7 @@
 #include "link/modem_dial.h"
 #include "link/serial_port_link.h"
 #include "link/waits.h"
+#include "registry/captions.h"
 #include "registry/contenitore_controls.h"
 #include "registry/held_line.h"
 #include "registry/terminal_form.h"
@@ -17,9 +18,12 @@ namespace
 {
 
 /// By dial result.
-constexpr std::array<const char*, 6> kCaptions = {
-    "Modem Log In",    "Modem Line No Carrier", "Modem Line No Dial Tone",
-    "Modem Line Busy", "Modem Init Error",      "Modem Not Connected"};
+constexpr std::array<QLatin1String, 6> kCaptions = {kModemLogIn,
+                                                    QLatin1String("Modem Line No Carrier"),
+                                                    QLatin1String("Modem Line No Dial Tone"),
+                                                    QLatin1String("Modem Line Busy"),
+                                                    QLatin1String("Modem Init Error"),
+                                                    QLatin1String("Modem Not Connected")};
 
 /// A modem takes "+++" for data when there was no second of silence before it, and the clock is
 /// read every second.
@@ -43,7 +47,7 @@ QString CaptionOf(DialResult result, const SerialPortControl& port)
 {
     const std::string refusal = result == kModemInitError ? port.LineError() : std::string();
     if (!refusal.empty()) return QStringLiteral("Errore: ") + QString::fromStdString(refusal);
-    return QLatin1String(kCaptions.at(static_cast<std::size_t>(result)));
+    return kCaptions.at(static_cast<std::size_t>(result));
 }
 
 /// True, with the reason in PannelloComunicazione, for a terminal whose component opens the line
@@ -61,8 +65,8 @@ void LogOff(Contenitore& window)
 {
     ProgramState& state = window.State();
     const Ui::Contenitore& controls = window.Controls();
-    // The arrow on purpose, though the command has just set the hourglass: log-off gives the pointer
-    // back first of all, however long the hang-up takes.
+    // The arrow on purpose, though the command has just set the hourglass: log-off gives the
+    // pointer back first of all, however long the hang-up takes.
     window.setCursor(Qt::ArrowCursor);
     const bool line_open = window.LineIsOpen();
     // The current terminal may have become one of another port since the log-in.
@@ -82,7 +86,7 @@ void LogOff(Contenitore& window)
     controls.Rosso->show();
     state.SessionPort = 0;
     state.SessionDialled = false;
-    controls.PannelloComunicazione->setText(QStringLiteral("Modem Log Off"));
+    controls.PannelloComunicazione->setText(kModemLogOff);
 }
 
 }  // namespace
@@ -106,12 +110,12 @@ void LogIn_Click(Contenitore& window)
     SerialPortControl* const port = window.Station().Comm(state.CurrentPort);
     // A port number outside 1..4 selects no control and gives no caption.
     if (port == nullptr) {
-        window.NoteOutcome(QStringLiteral("nessuna porta"));
+        window.NoteOutcome(kNoPort);
         return;
     }
     state.SerialPortOk = OpenSerialPort(*port, state.CurrentPort, SettingsText(state.CurrentSpeed));
     if (!state.SerialPortOk) {
-        controls.PannelloComunicazione->setText(QStringLiteral("Errore aprendo la COM"));
+        controls.PannelloComunicazione->setText(kPortNotOpened);
         return;
     }
     const bool dials = controls.CheckModem->isChecked();

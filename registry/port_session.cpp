@@ -1,6 +1,7 @@
 #include "registry/port_session.h"
 
 #include "link/serial_port_link.h"
+#include "registry/captions.h"
 #include "registry/contenitore.h"
 #include "registry/contenitore_controls.h"
 #include "registry/held_line.h"
@@ -27,7 +28,7 @@ PortSession::PortSession(Contenitore& window) : window_(window)
     if (opened_here_)
         port_ = port;
     else
-        window.Controls().PannelloComunicazione->setText(QStringLiteral("Errore aprendo la COM"));
+        window.Controls().PannelloComunicazione->setText(kPortNotOpened);
 }
 
 PortSession::~PortSession()
@@ -38,7 +39,7 @@ PortSession::~PortSession()
 QString PortSession::Refusal() const
 {
     const QString caption = window_.Controls().PannelloComunicazione->text();
-    return caption.isEmpty() ? QStringLiteral("nessuna porta") : caption;
+    return caption.isEmpty() ? kNoPort : caption;
 }
 
 }  // namespace orlo

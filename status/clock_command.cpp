@@ -1,5 +1,6 @@
 #include "status/clock_command.h"
 
+#include "registry/captions.h"
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
 
@@ -22,7 +23,7 @@ ClockOutcome DoClockCommand(Contenitore& window, const std::function<ClockOutcom
     if (!thrown.isEmpty()) outcome = ClockNotDone(thrown);
     // The component's answers leave no caption behind.
     if (caption.text().isEmpty())
-        window.NoteOutcome(outcome.done ? QStringLiteral("Comunicazione OK") : outcome.reason);
+        window.NoteOutcome(outcome.done ? kCommunicationOk : outcome.reason);
     // A line that may still be up costs money, whatever the clock shows.
     if (!window.HangUpBehindCommand() && outcome.done) outcome = ClockNotDone(caption.text());
     return outcome;

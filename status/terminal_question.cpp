@@ -2,6 +2,7 @@
 
 #include "link/exchange.h"
 #include "link/telegram.h"
+#include "registry/captions.h"
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
 
@@ -12,8 +13,8 @@ std::string AskTerminal(Contenitore& window, SerialPortControl& port, std::strin
 {
     std::string answer =
         ExchangeTelegram(window.Station(), port, window.State().CurrentTerminalNumber, command);
-    window.Controls().PannelloComunicazione->setText(
-        answer == kTimeout ? QStringLiteral("Timeout") : QStringLiteral("Comunicazione OK"));
+    window.Controls().PannelloComunicazione->setText(answer == kTimeout ? kTimeoutCaption
+                                                                        : kCommunicationOk);
     if (!IsAnswer(answer)) LetLineRunOut(window.Station(), port);
     return answer;
 }

@@ -3,6 +3,7 @@
 #include "acquisition/stato_memoria.h"
 #include "link/modem_dial.h"
 #include "link/telegram.h"
+#include "registry/captions.h"
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
 #include "registry/port_session.h"
@@ -53,7 +54,7 @@ bool TestObject(Contenitore& window)
         window.NoteOutcome(window.Controls().PannelloStato->text());
         return false;
     }
-    window.Controls().PannelloComunicazione->setText(QStringLiteral("Comunicazione OK"));
+    window.Controls().PannelloComunicazione->setText(kCommunicationOk);
     window.Controls().PannelloVersione->setText(
         ComponentText(ReleaseText([&version] { return version.LastBuild(); })));
     return true;

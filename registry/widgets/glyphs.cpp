@@ -1,5 +1,7 @@
 #include "registry/widgets/glyphs.h"
 
+#include "registry/captions.h"
+
 #include <QPainter>
 #include <QPainterPath>
 
@@ -50,8 +52,7 @@ void PaintTriangle(QPainter& painter, const QColor& colour, const QPen& mark)
 Outcome OutcomeOf(const QString& caption)
 {
     if (caption.isEmpty()) return Outcome::None;
-    if (caption.endsWith(QLatin1String("Comunicazione OK")) ||
-        caption == QLatin1String("Modem Log In") || caption == QLatin1String("Modem Log Off"))
+    if (caption.endsWith(kCommunicationOk) || caption == kModemLogIn || caption == kModemLogOff)
         return Outcome::Good;
     return caption.startsWith(QLatin1String("Errore")) ? Outcome::Failure : Outcome::Warning;
 }

@@ -1,5 +1,6 @@
 #include "registry/widgets/outcome_panel.h"
 
+#include "registry/captions.h"
 #include "registry/widgets/glyphs.h"
 
 #include <QAccessible>
@@ -35,7 +36,7 @@ QSize OutcomePanel::sizeHint() const
 
 QSize OutcomePanel::minimumSizeHint() const
 {
-    return RoomOf(QStringLiteral("Comunicazione OK"));
+    return RoomOf(kCommunicationOk);
 }
 
 QSize OutcomePanel::RoomOf(const QString& caption) const
