@@ -1,6 +1,7 @@
 #include "bells/ring_columns.h"
 
 #include "bells/ring_line.h"
+#include "bells/week_days.h"
 
 #include <algorithm>
 
@@ -57,12 +58,12 @@ int RingColumnsWidth(const QFontMetrics& metrics)
 
 QStringList RingColumnTexts(const QString& line)
 {
-    static const QString kInitials = QStringLiteral("DLMMGVSF");
     static const QString kUnset = QStringLiteral("·");
     const BellRow row = CutRingLine(line);
-    QStringList texts{line.left(2), line.mid(5, 5), line.mid(15, 2)};
-    for (qsizetype day = 0; day < kInitials.size(); ++day)
-        texts << (row.Giorni[day] == u'1' ? QString(kInitials[day]) : kUnset);
+    QStringList texts{TwoDigits(row.Locazione), TwoDigits(row.Ora) + u':' + TwoDigits(row.Minuti),
+                      TwoDigits(row.TempoRele)};
+    for (int day = 0; day < kDayFlags; ++day)
+        texts << (row.Giorni[day] == u'1' ? ShortWeekDay(day).left(1) : kUnset);
     texts << (row.NumeroRele == 1 ? QStringLiteral("A") : kUnset);
     texts << (row.NumeroRele == 2 ? QStringLiteral("B") : kUnset);
     return texts;

@@ -11,13 +11,7 @@ namespace orlo
 namespace
 {
 
-constexpr int kDayFlags = 8;
 constexpr int kFirstFlagColumn = 23;
-
-QString TwoDigits(std::int32_t number)
-{
-    return QStringLiteral("%1").arg(std::clamp(number, 0, 99), 2, 10, QLatin1Char('0'));
-}
 
 QString Flag(bool set)
 {
@@ -35,6 +29,11 @@ int Number(const QString& line, int column)
 }
 
 }  // namespace
+
+QString TwoDigits(std::int32_t number)
+{
+    return QStringLiteral("%1").arg(std::clamp(number, 0, 99), 2, 10, QLatin1Char('0'));
+}
 
 QString RingLine(const BellRow& row)
 {

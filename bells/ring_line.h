@@ -21,8 +21,11 @@ namespace orlo
 
 inline constexpr int kRingPositions = 32;
 
-/// The line of a row. A number that two digits cannot hold is shown as the nearest that they can:
-/// the columns behind it must stay where they are.
+/// A number of a line. One that two digits cannot hold is shown as the nearest that they can: the
+/// columns behind it must stay where they are.
+QString TwoDigits(std::int32_t number);
+
+/// The line of a row.
 QString RingLine(const BellRow& row);
 
 /// The line of a position that has no ring.

@@ -11,7 +11,6 @@ namespace
 {
 
 constexpr std::u16string_view kTable = u"Suonerie";
-constexpr int kDayFlags = 8;
 
 /// The columns with their fields, in the order of the table.
 template <typename Row, typename Column>

@@ -14,13 +14,16 @@ namespace orlo
 // Table Suonerie: the rings of the terminals on the serial line, one row a ring. All functions
 // throw jet::Error.
 
+/// Sunday to Saturday, then holidays.
+inline constexpr int kDayFlags = 8;
+
 /// One row, in the types of the window; what its columns cannot hold is refused when it is stored.
 struct BellRow {
     std::int32_t Terminale = 0;
     std::int32_t Locazione = 0;  ///< position of the ring, 1..32
     std::int32_t Ora = 0;
     std::int32_t Minuti = 0;
-    /// Eight flags "0" or "1": Sunday to Saturday, then holidays.
+    /// kDayFlags flags "0" or "1".
     QString Giorni = QStringLiteral("00000000");
     std::int32_t NumeroRele = 0;  ///< 1 relay A, 2 relay B
     std::int32_t TempoRele = 0;   ///< duration
