@@ -29,10 +29,10 @@ bool UseOpenLink(Contenitore& window,
     return failure.isEmpty();
 }
 
-bool ShowsOrlo(const Contenitore& window)
+bool PulsesDtr(const Contenitore& window)
 {
     const TerminalModel* const model = window.ShownModel();
-    return model != nullptr && model->type == TerminalType::Orlo;
+    return model != nullptr && model->line_behind_command == LineBehindCommand::DtrPulsed;
 }
 
 std::string Bytes(const QString& text)
@@ -93,12 +93,12 @@ bool Contenitore::PulseModemLine()
 
 bool Contenitore::HangUpBehindCommand()
 {
-    return !ShowsOrlo(*this) || PulseModemLine();
+    return !PulsesDtr(*this) || PulseModemLine();
 }
 
 void Contenitore::ResetLineBehindCommand()
 {
-    if (!ShowsOrlo(*this)) return;
+    if (!PulsesDtr(*this)) return;
     UseOpenLink(*this, [this](component::TelegramComunication& line) {
         line.DTR(false);
         line.DTR(true);

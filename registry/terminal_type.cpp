@@ -26,17 +26,18 @@ std::array<TerminalModel, 8> MakeModels()
     using C = MemoryCounting;
     using W = StoreWait;
     using B = BellTelegram;
+    using L = LineBehindCommand;
     const auto text = [](const char* latin) { return QString::fromLatin1(latin); };
     // clang-format off
     return {{
-        {T::Orlo,        text("Orlo"),        F::Object, QString(),     C::PointerPlusOne, kCommonEntry, kCommonExit, kNoAnswer,        0, W::Usual, B::Spaced, text("38400"), text("3"), text("7"), text("6"), text(",5")},
-        {T::Sipa,        text("Sipa"),        F::Object, QString(),     C::PointerPlusOne, kCommonEntry, kCommonExit, kNoAnswer,        0, W::Usual, B::Spaced, QString(),     text("3"), QString(), QString(), QString()},
-        {T::OrloII,      text("Orlo II"),     F::Serial, text("10000"), C::PointerPlusOne, kCommonEntry, kCommonExit, kWithWeekday,     9, W::Usual, B::Spaced, text("19200"), text("3"), QString(), QString(), QString()},
-        {T::Strale,      text("Strale"),      F::Serial, text("2500"),  C::PointerPlusOne, kCommonEntry, kCommonExit, kWithWeekday,     6, W::Usual, B::Spaced, text("9600"),  text("3"), QString(), QString(), QString()},
-        {T::StraleN,     text("Strale N"),    F::Serial, text("7000"),  C::PointerPlusOne, "9<",         "14",        kWithWeekday,     6, W::Usual, B::Spaced, text("9600"),  text("3"), QString(), QString(), QString()},
-        {T::Lumo,        text("Lumo"),        F::Serial, text("10000"), C::PointerPlusOne, "9<",         "14",        kWithWeekday,     9, W::Usual, B::Spaced, text("19200"), text("3"), QString(), QString(), QString()},
-        {T::OrloTre,     text("OrloTre"),     F::Serial, text("10000"), C::PointerIsCount, "98:",        "102",       kWithoutWeekday,  9, W::Long,  B::Dense,  text("19200"), text("3"), QString(), QString(), QString()},
-        {T::SuperStrale, text("SuperStrale"), F::Serial, text("10000"), C::PointerPlusOne, "9<",         "14",        kWithoutWeekday,  9, W::Long,  B::Dense,  text("19200"), text("3"), QString(), QString(), QString()},
+        {T::Orlo,        text("Orlo"),        F::Object, QString(),     C::PointerPlusOne, kCommonEntry, kCommonExit, kNoAnswer,        0, W::Usual, B::Spaced, L::DtrPulsed, text("38400"), text("3"), text("7"), text("6"), text(",5")},
+        {T::Sipa,        text("Sipa"),        F::Object, QString(),     C::PointerPlusOne, kCommonEntry, kCommonExit, kNoAnswer,        0, W::Usual, B::Spaced, L::Left,      QString(),     text("3"), QString(), QString(), QString()},
+        {T::OrloII,      text("Orlo II"),     F::Serial, text("10000"), C::PointerPlusOne, kCommonEntry, kCommonExit, kWithWeekday,     9, W::Usual, B::Spaced, L::Left,      text("19200"), text("3"), QString(), QString(), QString()},
+        {T::Strale,      text("Strale"),      F::Serial, text("2500"),  C::PointerPlusOne, kCommonEntry, kCommonExit, kWithWeekday,     6, W::Usual, B::Spaced, L::Left,      text("9600"),  text("3"), QString(), QString(), QString()},
+        {T::StraleN,     text("Strale N"),    F::Serial, text("7000"),  C::PointerPlusOne, "9<",         "14",        kWithWeekday,     6, W::Usual, B::Spaced, L::Left,      text("9600"),  text("3"), QString(), QString(), QString()},
+        {T::Lumo,        text("Lumo"),        F::Serial, text("10000"), C::PointerPlusOne, "9<",         "14",        kWithWeekday,     9, W::Usual, B::Spaced, L::Left,      text("19200"), text("3"), QString(), QString(), QString()},
+        {T::OrloTre,     text("OrloTre"),     F::Serial, text("10000"), C::PointerIsCount, "98:",        "102",       kWithoutWeekday,  9, W::Long,  B::Dense,  L::Left,      text("19200"), text("3"), QString(), QString(), QString()},
+        {T::SuperStrale, text("SuperStrale"), F::Serial, text("10000"), C::PointerPlusOne, "9<",         "14",        kWithoutWeekday,  9, W::Long,  B::Dense,  L::Left,      text("19200"), text("3"), QString(), QString(), QString()},
     }};
     // clang-format on
 }

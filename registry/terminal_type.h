@@ -53,6 +53,10 @@ enum class BellTelegram {
     Dense,
 };
 
+/// What happens to the line of the protocol component behind a command. DTR that falls and rises
+/// makes a modem hang up, as the line costs money.
+enum class LineBehindCommand { Left, DtrPulsed };
+
 /// One row per model: everything that differs by model is here and nowhere else.
 struct TerminalModel {
     TerminalType type;
@@ -71,6 +75,8 @@ struct TerminalModel {
     StoreWait store_wait;
     /// Without meaning for the models of the object link.
     BellTelegram bell_telegram;
+    /// Without meaning for the models of the serial link.
+    LineBehindCommand line_behind_command;
     /// Values that fields still empty or "0" receive when the model is picked; empty = none.
     QString default_speed;
     QString default_retries;
