@@ -14,18 +14,6 @@
 namespace orlo
 {
 
-namespace
-{
-
-void KeepRoom(QWidget& control)
-{
-    QSizePolicy policy = control.sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    control.setSizePolicy(policy);
-}
-
-}  // namespace
-
 FrmMonitor::FrmMonitor(Contenitore& desk)
     : TerminalWindow(desk, *desk.Controls().cmdMonitorTimbrature),
       ui_(std::make_unique<Ui::FrmMonitor>())
@@ -33,7 +21,7 @@ FrmMonitor::FrmMonitor(Contenitore& desk)
     ui_->setupUi(this);
     ui_->LabelTestata->setText(QLatin1String(kMonitorHeading.data()));
     ui_->LabelEsc->hide();
-    KeepRoom(*ui_->LabelEsc);
+    KeepRoom({ui_->LabelEsc});
     ShowOutcomeIn(*ui_->EsitoMonitor);
     ui_->LabelTuttaMemoria->installEventFilter(this);
     connect(ui_->cmdMonitor, &QPushButton::clicked, this, &FrmMonitor::cmdMonitor_Click);

@@ -36,13 +36,55 @@ void FieldRoom(QLineEdit& field, const char* sample)
     field.setFixedWidth(metrics.horizontalAdvance(QLatin1String(sample)) + metrics.height());
 }
 
-void KeepRoom(std::initializer_list<QWidget*> controls)
+void RoomOfPanels(const Ui::Contenitore& ui)
 {
-    for (QWidget* control : controls) {
-        QSizePolicy policy = control->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        control->setSizePolicy(policy);
+    ui.PannelloAcquisire->SetBold(true);
+    ui.OraTerminale->SetRoom(QStringLiteral("RX ERROR"));
+    ui.DataTerminale->SetRoom(QStringLiteral("Mer 00/00/0000"));
+    ui.PannelloStato->SetRoom(QStringLiteral("0000000000"));
+    ui.PannelloVersione->SetRoom(QStringLiteral("0000000000"));
+    ui.PanelTentativi->SetRoom(QStringLiteral("00"));
+    // It takes what the strip has left and widens nothing; what does not fit is in its tool tip.
+    ui.LabelUltimoComando->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    ui.PannelloTentativi->SetRoom(QStringLiteral("Tentativi00/00"));
+    ui.LabelAvviso->SetRoom(QStringLiteral("Terminale non attivo"));
+}
+
+void RoomOfLabels(const Ui::Contenitore& ui, const QFontMetrics& metrics)
+{
+    ui.LabelTimbrature->setMinimumWidth(
+        Widest(metrics, {"Timbrature In Memoria:", "Timbrature Flaggate:"}));
+    ui.LabelNomeCard->setMinimumWidth(Widest(metrics, {"Nome:", "Cod.Impianto:"}));
+    ui.LabelPercentuale->setMinimumWidth(Widest(metrics, {"Restano:", "Completato:"}));
+    ui.LabelScarto->setMinimumWidth(Widest(metrics, {"−00 min 00 s"}));
+    ui.LabelOrologio->setMinimumWidth(Widest(metrics, {"Terminale 00:"}));
+    ui.LabelModifiche->setMinimumWidth(Widest(metrics, {"Modifiche non salvate"}));
+    ui.LabelTerminale->setMinimumWidth(QFontMetrics(ui.LabelTerminale->font())
+                                           .horizontalAdvance(QStringLiteral("Terminale n°00")));
+    ui.PannelloPercentuale->setMinimumWidth(metrics.averageCharWidth() * 15);
+
+    // Titles of neighbouring sections stand on one line, whether there are buttons beside them or
+    // not.
+    for (QLabel* title : {ui.LabelIdentita, ui.LabelLinea})
+        title->setMinimumHeight(ui.cmdRiceveCard->sizeHint().height());
+}
+
+void RoomOfFields(const Ui::Contenitore& ui)
+{
+    const int field_height = ui.NomeFile->sizeHint().height();
+    ui.cmdSfoglia->setFixedHeight(field_height);
+    ui.ComboTipoTerminale->SetRoom(QStringLiteral("SuperStrale"));
+    for (ChoiceBox* box : {ui.ComboPorta, ui.ComboVelocita, ui.ComboRitardo}) {
+        box->SetRoom(QStringLiteral("Com 0"));
+        box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
+    for (QLineEdit* field : {ui.Tentativi, ui.Priorita, ui.Priorita2}) FieldRoom(*field, "000");
+    for (QLineEdit* field : {ui.InizioImpianto, ui.LenImpianto, ui.InizioAzienda, ui.LenAzienda,
+                             ui.InizioBadge, ui.LenBadge, ui.LenCard})
+        FieldRoom(*field, "00000");
+    FieldRoom(*ui.CodiceImpianto, "-00000");
+    for (StepBar* bar : {ui.ScrollTentativi, ui.ScrollPriorita, ui.ScrollPriorita2})
+        bar->setFixedHeight(field_height);
 }
 
 }  // namespace
@@ -59,51 +101,10 @@ void Contenitore::DeriveLook()
 {
     StyleForm(*this);
     const QFontMetrics metrics(font());
-
-    ui_->PannelloAcquisire->SetBold(true);
-    ui_->OraTerminale->SetRoom(QStringLiteral("RX ERROR"));
-    ui_->DataTerminale->SetRoom(QStringLiteral("Mer 00/00/0000"));
-    ui_->PannelloStato->SetRoom(QStringLiteral("0000000000"));
-    ui_->PannelloVersione->SetRoom(QStringLiteral("0000000000"));
-    ui_->PanelTentativi->SetRoom(QStringLiteral("00"));
-    // It takes what the strip has left and widens nothing; what does not fit is in its tool tip.
-    ui_->LabelUltimoComando->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    ui_->PannelloTentativi->SetRoom(QStringLiteral("Tentativi00/00"));
-    ui_->LabelAvviso->SetRoom(QStringLiteral("Terminale non attivo"));
-
-    ui_->LabelTimbrature->setMinimumWidth(
-        Widest(metrics, {"Timbrature In Memoria:", "Timbrature Flaggate:"}));
-    ui_->LabelNomeCard->setMinimumWidth(Widest(metrics, {"Nome:", "Cod.Impianto:"}));
-    ui_->LabelPercentuale->setMinimumWidth(Widest(metrics, {"Restano:", "Completato:"}));
-    ui_->LabelScarto->setMinimumWidth(Widest(metrics, {"−00 min 00 s"}));
-    ui_->LabelOrologio->setMinimumWidth(Widest(metrics, {"Terminale 00:"}));
-    ui_->LabelModifiche->setMinimumWidth(Widest(metrics, {"Modifiche non salvate"}));
-    ui_->LabelTerminale->setMinimumWidth(QFontMetrics(ui_->LabelTerminale->font())
-                                             .horizontalAdvance(QStringLiteral("Terminale n°00")));
-    ui_->PannelloPercentuale->setMinimumWidth(metrics.averageCharWidth() * 15);
-
+    RoomOfPanels(*ui_);
+    RoomOfLabels(*ui_, metrics);
+    RoomOfFields(*ui_);
     ui_->cmdAggiorna->setMinimumWidth(ui_->cmdAcquisisce->minimumWidth());
-
-    // Titles of neighbouring sections stand on one line, whether there are buttons beside them or
-    // not.
-    for (QLabel* title : {ui_->LabelIdentita, ui_->LabelLinea})
-        title->setMinimumHeight(ui_->cmdRiceveCard->sizeHint().height());
-
-    const int field_height = ui_->NomeFile->sizeHint().height();
-    ui_->cmdSfoglia->setFixedHeight(field_height);
-    ui_->ComboTipoTerminale->SetRoom(QStringLiteral("SuperStrale"));
-    for (ChoiceBox* box : {ui_->ComboPorta, ui_->ComboVelocita, ui_->ComboRitardo}) {
-        box->SetRoom(QStringLiteral("Com 0"));
-        box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    }
-    for (QLineEdit* field : {ui_->Tentativi, ui_->Priorita, ui_->Priorita2})
-        FieldRoom(*field, "000");
-    for (QLineEdit* field : {ui_->InizioImpianto, ui_->LenImpianto, ui_->InizioAzienda,
-                             ui_->LenAzienda, ui_->InizioBadge, ui_->LenBadge, ui_->LenCard})
-        FieldRoom(*field, "00000");
-    FieldRoom(*ui_->CodiceImpianto, "-00000");
-    for (StepBar* bar : {ui_->ScrollTentativi, ui_->ScrollPriorita, ui_->ScrollPriorita2})
-        bar->setFixedHeight(field_height);
 
     KeepRoom({ui_->LabelPriorita1, ui_->LabelPriorita2, ui_->LabelRitardo, ui_->Priorita,
               ui_->Priorita2, ui_->ComboRitardo, ui_->ScrollPriorita, ui_->ScrollPriorita2,

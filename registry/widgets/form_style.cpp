@@ -92,4 +92,13 @@ void MakeEquallyWide(std::initializer_list<QPushButton*> buttons)
     for (QPushButton* button : buttons) button->setMinimumWidth(width);
 }
 
+void KeepRoom(std::initializer_list<QWidget*> controls)
+{
+    for (QWidget* control : controls) {
+        QSizePolicy policy = control->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        control->setSizePolicy(policy);
+    }
+}
+
 }  // namespace orlo

@@ -18,4 +18,7 @@ void StyleForm(QWidget& window);
 /// StyleForm, whose widths differ between the filled button and the others.
 void MakeEquallyWide(std::initializer_list<QPushButton*> buttons);
 
+/// Lets controls that are hidden keep their places, so that nothing moves when they come and go.
+void KeepRoom(std::initializer_list<QWidget*> controls);
+
 }  // namespace orlo
