@@ -1,11 +1,10 @@
 #include "simulator/object_terminal_settings.h"
 
+#include "simulator/punch_settings.h"
 #include "simulator/setting_pairs.h"
-#include "simulator/usage_error.h"
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 
 namespace orlo::simulator
 {
@@ -34,24 +33,6 @@ const ObjectModel* Find(std::string_view name)
     return found == kModels.end() ? nullptr : &*found;
 }
 
-std::vector<ObjectPunch> TakePunches(SettingPairs& pairs)
-{
-    const std::optional<std::string> path = pairs.Text("file");
-    const std::optional<int> count = pairs.Number("timbrature", 0, kMostRecords);
-    const std::optional<int> seed = pairs.Number("seme", 0, 999999999);
-    if (!path)
-        return InventObjectPunches(static_cast<std::size_t>(count.value_or(0)),
-                                   static_cast<std::uint32_t>(seed.value_or(1)));
-    if (count || seed) RefuseTerminal("file esclude timbrature e seme");
-    std::ifstream file(*path);
-    if (!file) RefuseTerminal("non si apre " + *path);
-    try {
-        return ReadObjectPunches(file);
-    } catch (const UsageError& error) {
-        RefuseTerminal(*path + ", " + error.what());
-    }
-}
-
 }  // namespace
 
 bool IsObjectModel(std::string_view text)
@@ -67,7 +48,7 @@ ObjectTerminalSettings ParseObjectTerminal(std::string_view text)
     const ObjectModel* const model = Find(settings.model);
     if (model == nullptr) RefuseTerminal("modello sconosciuto: " + settings.model);
     settings.number = pairs.TerminalNumber();
-    settings.punches = TakePunches(pairs);
+    settings.punches = TakePunches(pairs, kMostRecords, InventObjectPunches, ReadObjectPunches);
     settings.capacity = static_cast<std::size_t>(
         pairs.Number("capacita", 1, kMostRecords).value_or(model->capacity));
     if (settings.punches.size() > settings.capacity)

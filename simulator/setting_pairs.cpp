@@ -3,6 +3,8 @@
 #include "simulator/digits.h"
 #include "simulator/usage_error.h"
 
+#include <utility>
+
 namespace orlo::simulator
 {
 
@@ -18,13 +20,14 @@ void RefuseTerminal(const std::string& reason)
     throw UsageError("terminale: " + reason);
 }
 
-SettingPairs::SettingPairs(std::string_view text)
+SettingPairs::SettingPairs(std::string_view text, std::string described)
+    : described_(std::move(described))
 {
     for (const std::string& pair : Split(text, ',')) {
         const std::size_t equals = pair.find('=');
-        if (equals == std::string::npos) RefuseTerminal("manca \"=\" in \"" + pair + "\"");
+        if (equals == std::string::npos) Refuse("manca \"=\" in \"" + pair + "\"");
         if (!values_.emplace(pair.substr(0, equals), pair.substr(equals + 1)).second)
-            RefuseTerminal("chiave ripetuta: " + pair.substr(0, equals));
+            Refuse("chiave ripetuta: " + pair.substr(0, equals));
     }
 }
 
@@ -40,14 +43,14 @@ std::optional<int> SettingPairs::Number(const std::string& key, int least, int m
     if (!text) return std::nullopt;
     const std::optional<int> value = NumberOf(*text);
     if (!value || *value < least || *value > most)
-        RefuseTerminal(key + " va da " + std::to_string(least) + " a " + std::to_string(most));
+        Refuse(key + " va da " + std::to_string(least) + " a " + std::to_string(most));
     return value;
 }
 
 int SettingPairs::TerminalNumber()
 {
     const std::optional<int> number = Number("numero", 1, kMostTerminals);
-    if (!number) RefuseTerminal("manca numero");
+    if (!number) Refuse("manca numero");
     return *number;
 }
 
@@ -56,13 +59,18 @@ std::chrono::seconds SettingPairs::Seconds(const std::string& key)
     const std::string text = Text(key).value_or("0");
     const bool behind = text.starts_with('-');
     const std::optional<int> seconds = NumberOf(std::string_view(text).substr(behind ? 1 : 0));
-    if (!seconds) RefuseTerminal(key + " in secondi, anche negativo: " + text);
+    if (!seconds) Refuse(key + " in secondi, anche negativo: " + text);
     return std::chrono::seconds(behind ? -*seconds : *seconds);
 }
 
 void SettingPairs::RefuseTheRest() const
 {
-    if (!values_.empty()) RefuseTerminal("chiave sconosciuta: " + values_.begin()->first);
+    if (!values_.empty()) Refuse("chiave sconosciuta: " + values_.begin()->first);
+}
+
+void SettingPairs::Refuse(const std::string& reason) const
+{
+    throw UsageError(described_ + ": " + reason);
 }
 
 }  // namespace orlo::simulator

@@ -12,12 +12,13 @@ namespace orlo::simulator
 /// Throws UsageError about the description of a terminal.
 [[noreturn]] void RefuseTerminal(const std::string& reason);
 
-/// The pairs key=value that describe a terminal; every key is taken out by the one who reads it,
-/// so that what remains is unknown. All throw UsageError.
+/// The pairs key=value that describe a terminal or a modem; every key is taken out by the one who
+/// reads it, so that what remains is unknown. All throw UsageError, whose text begins with what is
+/// described.
 class SettingPairs
 {
 public:
-    explicit SettingPairs(std::string_view text);
+    explicit SettingPairs(std::string_view text, std::string described = "terminale");
 
     std::optional<std::string> Text(const std::string& key);
     std::optional<int> Number(const std::string& key, int least, int most);
@@ -31,6 +32,9 @@ public:
     void RefuseTheRest() const;
 
 private:
+    [[noreturn]] void Refuse(const std::string& reason) const;
+
+    std::string described_;
     std::map<std::string, std::string> values_;
 };
 

@@ -1,11 +1,10 @@
 #include "simulator/terminal_settings.h"
 
 #include "simulator/digits.h"
+#include "simulator/punch_settings.h"
 #include "simulator/punch_source.h"
 #include "simulator/setting_pairs.h"
-#include "simulator/usage_error.h"
 
-#include <fstream>
 #include <optional>
 
 namespace orlo::simulator
@@ -24,24 +23,6 @@ const TerminalModel* TakeModel(SettingPairs& pairs)
     const TerminalModel* model = FindModel(*name);
     if (model == nullptr) RefuseTerminal("modello sconosciuto: " + *name);
     return model;
-}
-
-std::vector<Punch> TakePunches(SettingPairs& pairs, const TerminalModel& model)
-{
-    const std::optional<std::string> path = pairs.Text("file");
-    const std::optional<int> count = pairs.Number("timbrature", 0, kMostPunches);
-    const std::optional<int> seed = pairs.Number("seme", 0, 999999999);
-    if (!path)
-        return InventPunches(static_cast<std::size_t>(count.value_or(0)),
-                             static_cast<std::uint32_t>(seed.value_or(1)), model);
-    if (count || seed) RefuseTerminal("file esclude timbrature e seme");
-    std::ifstream file(*path);
-    if (!file) RefuseTerminal("non si apre " + *path);
-    try {
-        return ReadPunches(file);
-    } catch (const UsageError& error) {
-        RefuseTerminal(*path + ", " + error.what());
-    }
 }
 
 // Start and length of the plant code, start and length of the badge number, plant code.
@@ -71,7 +52,10 @@ TerminalSettings ParseTerminal(std::string_view text)
     settings.model = TakeModel(pairs);
     settings.number = pairs.TerminalNumber();
 
-    settings.punches = TakePunches(pairs, *settings.model);
+    const auto invent = [&settings](std::size_t count, std::uint32_t seed) {
+        return InventPunches(count, seed, *settings.model);
+    };
+    settings.punches = TakePunches(pairs, kMostPunches, invent, ReadPunches);
     const int capacity = static_cast<int>(settings.model->capacity);
     settings.capacity =
         static_cast<std::size_t>(pairs.Number("capacita", 1, kMostPunches).value_or(capacity));

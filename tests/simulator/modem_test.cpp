@@ -208,9 +208,19 @@ TEST_F(Call, ResultsComeInOnePieceOtherwise)
 
 TEST(ModemSettings, AreRefusedWhenTheyCannotBeMeant)
 {
-    for (const char* text :
-         {"esito=FORSE", "esito", "attesa=-1", "attesa=presto", "eco=2", "cade=x", "numero=1", ","})
+    for (const char* text : {"esito=FORSE", "esito", "attesa=-1", "attesa=presto", "eco=2",
+                             "eco=1,eco=0", "cade=x", "numero=1", ","})
         EXPECT_THROW(ParseModem(text), UsageError) << text;
+}
+
+TEST(ModemSettings, RefusalNamesTheModem)
+{
+    try {
+        ParseModem("eco=1,eco=0");
+        FAIL() << "accepted";
+    } catch (const UsageError& error) {
+        EXPECT_STREQ(error.what(), "modem: chiave ripetuta: eco");
+    }
 }
 
 }  // namespace
