@@ -163,7 +163,8 @@ Fa la parte di uno o più terminali su uno pseudo-terminale.
   --stato FILE              scrive lo stato dei terminali alla fine e a ogni SIGUSR1
   -h, --help                questo testo
 
-Scrive "Pronto: PERCORSO" quando la linea si può aprire. Termina con SIGTERM o SIGINT.
+Scrive "Pronto: PERCORSO" quando la linea si può aprire. Termina con SIGTERM,
+SIGINT o SIGHUP.
 Esito: 0 regolare, 1 errore del sistema, 2 uso errato.
 )";
 }
