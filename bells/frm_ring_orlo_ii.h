@@ -4,6 +4,7 @@
 #include "registry/terminal_window.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 
 class QCheckBox;

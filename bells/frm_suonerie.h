@@ -3,6 +3,7 @@
 #include "registry/terminal_window.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 
 class QButtonGroup;

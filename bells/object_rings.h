@@ -2,6 +2,8 @@
 
 #include "registry/contenitore.h"
 
+#include <functional>
+
 namespace orlo
 {
 

@@ -5,8 +5,6 @@
 
 #include "ui_contenitore.h"
 
-#include <QSignalBlocker>
-
 #include <algorithm>
 #include <cmath>
 

@@ -3,6 +3,7 @@
 #include "simulator/digits.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace orlo::simulator

@@ -4,7 +4,6 @@
 #include "simulator/punch_source.h"
 #include "simulator/usage_error.h"
 
-#include <array>
 #include <optional>
 #include <random>
 #include <sstream>

@@ -7,8 +7,6 @@
 #include "tests/support/pseudo_terminal.h"
 #include "tests/support/test_workstation.h"
 
-#include <QElapsedTimer>
-
 #include <gtest/gtest.h>
 #include <sys/file.h>
 
