@@ -10,19 +10,31 @@ namespace
 class MonitorWindow : public MonitorTest
 {
 protected:
-    /// Does that while block 1 is asked for.
+    void TearDown() override
+    {
+        EXPECT_TRUE(!deed_awaited_ || deeds_ > 0) << "block 1 was never asked for";
+        MonitorTest::TearDown();
+    }
+    /// Does that while block 1 is asked for, which must happen in this test.
     void InTheMiddle(std::function<void()> deed)
     {
+        deed_awaited_ = true;
         pc.com1.answer_to = [this, deed = std::move(deed),
                              carry = pc.com1.answer_to](std::string_view bytes) {
             std::vector<Arrival> arrivals = carry(bytes);
-            if (commands.back() == QStringLiteral("301")) deed();
+            if (commands.back() != QStringLiteral("301")) return arrivals;
+            deed();
+            ++deeds_;
             return arrivals;
         };
     }
+
+private:
+    bool deed_awaited_ = false;
+    int deeds_ = 0;
 };
 
-TEST_F(MonitorWindow, EveryGivenNameIsFound)
+TEST_F(MonitorWindow, EveryControlIsFoundByItsName)
 {
     for (const char* name :
          {"ListaMonitor", "LabelTransazioni", "LabelScaricate", "CheckMemo", "ChkTuttaMemoria",
