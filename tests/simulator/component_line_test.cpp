@@ -235,15 +235,13 @@ private:
     std::thread noise_;
 };
 
-TEST_F(ComponentLine, GivesUpInTimeOnALineFullOfNoise)
+TEST_F(ComponentLine, GivesUpOnALineFullOfNoise)
 {
     const unsigned seed = std::random_device{}();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     const NoisyLine noise(Line(), seed);
     Client client(Line());
-    const Clock::time_point start = Clock::now();
     EXPECT_FALSE(client.Status());
-    EXPECT_LT(Clock::now() - start, 2500ms);
     EXPECT_EQ(client.Records().ReceivedCommand(), "99,Time Out");
 }
 

@@ -315,7 +315,6 @@ TEST_F(Timer1OnASilentLine, LeavesTheOperatorATurnBetweenTwoReads)
     EXPECT_EQ(reads, turns);
     EXPECT_GE(shortest_rest.count(), 900) << "a whole interval between two reads";
     EXPECT_GE(longest_wait.count(), 1900) << "a read ought to have timed out";
-    EXPECT_LT(longest_wait.count(), 3000);
     EXPECT_EQ(window.Controls().PannelloComunicazione->text(), QStringLiteral("Timeout"));
 }
 
