@@ -13,7 +13,8 @@ class TextPanel;
 
 /// A window of a feature, for the terminal that is selected in the main window: modal to it, made
 /// once, kept when it is closed and filled anew whenever it is opened. Between its commands it
-/// holds no port. It is closed by Escape and by its close button, but not while a command runs.
+/// holds no port of its own; a session and the component's line stay open. It is closed by Escape
+/// and by its close button, but not while a command runs.
 class TerminalWindow : public QDialog
 {
     Q_OBJECT
