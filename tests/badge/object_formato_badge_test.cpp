@@ -48,7 +48,6 @@ protected:
 TEST_F(ObjectBadgeFormat, IsReadFieldByFieldAndTheClockAfterIt)
 {
     for (const char* model : {"Orlo", "Sipa"}) {
-        Controls().ListaTerminali->clear();
         clock_reads = 0;
         Connect(model);
         Receive();

@@ -38,14 +38,6 @@ class SerialBadgeFormat : public ConnectedWindow
 protected:
     int clock_reads = 0;
 
-    void Connect(const QString& model, const std::string& settings = {},
-                 const std::vector<std::string>& faults = {})
-    {
-        Controls().ListaTerminali->clear();
-        commands.clear();
-        pc.com1.sent.clear();
-        ConnectedWindow::Connect(model, settings, faults);
-    }
     void Receive()
     {
         cmdRiceveCard_Click(window, [this] { ++clock_reads; });

@@ -8,8 +8,6 @@ namespace
 TEST_F(FrmRingOrloII, EveryLineIsSentToTheFirstFourModels)
 {
     for (const char* model : {"Orlo II", "Strale", "Strale N", "Lumo"}) {
-        Controls().ListaTerminali->clear();
-        commands.clear();
         const int opened = pc.com1.times_opened;
         Open(model);
         Press("cmdTrasmette");
@@ -41,8 +39,6 @@ TEST_F(FrmRingOrloII, TelegramsAreSentByteForByte)
               "\x02\x84"
               "14CLEAR\xD2\r");
     Press("cmdUscita");
-    Controls().ListaTerminali->clear();
-    pc.com1.sent.clear();
     Open("OrloTre");
     Press("cmdTrasmette");
     EXPECT_EQ(pc.com1.sent.front(),
@@ -53,8 +49,6 @@ TEST_F(FrmRingOrloII, TelegramsAreSentByteForByte)
 TEST_F(FrmRingOrloII, LinesOnNoDayAreNotSentToOrloTreAndSuperStrale)
 {
     for (const char* model : {"OrloTre", "SuperStrale"}) {
-        Controls().ListaTerminali->clear();
-        commands.clear();
         Open(model);
         // A ring with a time and on no day.
         ClickLine(10);
@@ -79,8 +73,6 @@ TEST_F(FrmRingOrloII, WithoutRowsOrloIISends32TelegramsAndOrloTreNone)
     Press("cmdTrasmette");
     EXPECT_EQ(commands.size(), 32);
     Press("cmdUscita");
-    Controls().ListaTerminali->clear();
-    commands.clear();
     Open("OrloTre");
     Press("cmdTrasmette");
     EXPECT_TRUE(commands.isEmpty());

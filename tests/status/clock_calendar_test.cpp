@@ -14,7 +14,6 @@ class ClockCalendar : public ObjectWindow
 protected:
     void ConnectSerial(const char* model, const std::string& settings = {})
     {
-        Controls().ListaTerminali->clear();
         ConnectedWindow::Connect(QString::fromLatin1(model), settings);
     }
     /// Time, date and the PC's, as they are shown.

@@ -26,7 +26,6 @@ const QString kSerialModels[] = {QStringLiteral("Orlo II"),  QStringLiteral("Str
 TEST_F(ClockTest, EachModelsClockIsShownBesideThePcs)
 {
     for (const QString& model : kSerialModels) {
-        Controls().ListaTerminali->clear();
         Connect(model, "scarto=3");
         cmdLeggeOra_Click(window);
         const bool weekday =
@@ -44,8 +43,6 @@ TEST_F(ClockTest, EachModelsClockIsShownBesideThePcs)
 TEST_F(ClockTest, SettingSendsThePcsClockAndNothingElse)
 {
     for (const QString& model : kSerialModels) {
-        Controls().ListaTerminali->clear();
-        commands.clear();
         Connect(model, "scarto=-95");
         EXPECT_TRUE(cmdSincro_Click(window).done);
         EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK"));
@@ -96,7 +93,6 @@ TEST_F(ClockTest, TimeOutLeavesTheDisplaysAndClosesThePort)
 TEST_F(ClockTest, BadFrameIsShownSlicedLikeAnAnswer)
 {
     for (const QString& model : kSerialModels) {
-        Controls().ListaTerminali->clear();
         Connect(model, {}, {"*:checksum-errato"});
         pc.clock.SetTimeOfDay(QTime(8, 0));
         cmdLeggeOra_Click(window);

@@ -45,7 +45,6 @@ protected:
     /// Leaves COM1 open behind a test of terminal 4, whose next request is answered again.
     void TestASilentTerminal()
     {
-        Controls().ListaTerminali->clear();
         ConnectedWindow::Connect(QStringLiteral("Strale"), {}, {"1:silenzio"});
         Controls().NomeFile->setText(folder.filePath(QStringLiteral("punches")));
         EnterABadgeLayout();
@@ -147,7 +146,6 @@ TEST_F(OpenPort, OfAModemIsHungUpAtOnceAndClosedByLogOff)
 TEST_F(OpenPort, OfAnOpenLineIsNeitherOpenedNorClosedByACommand)
 {
     for (const Command& command : std::span(kCommands).first(6)) {
-        Controls().ListaTerminali->clear();
         ConnectedWindow::Connect(QStringLiteral("Strale"));
         Controls().NomeFile->setText(folder.filePath(QStringLiteral("punches")));
         EnterABadgeLayout();

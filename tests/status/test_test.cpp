@@ -13,14 +13,6 @@ constexpr const char* kSerialModels[] = {"Orlo II", "Strale",  "Strale N",
 class LinkTest : public ConnectedWindow
 {
 protected:
-    void Connect(const QString& model, const std::string& settings = {},
-                 const std::vector<std::string>& faults = {})
-    {
-        Controls().ListaTerminali->clear();
-        commands.clear();
-        pc.com1.sent.clear();
-        ConnectedWindow::Connect(model, settings, faults);
-    }
     QString State() const { return Controls().PannelloStato->text(); }
     QString Version() const { return Controls().PannelloVersione->text(); }
 };

@@ -84,7 +84,6 @@ TEST_F(Timer1Test, ReadsItByTheModelThatItHadWhenAnotherIsSelected)
 TEST_F(Timer1Test, DoesNothingForOrloAndSipa)
 {
     for (const char* model : {"Orlo", "Sipa"}) {
-        Controls().ListaTerminali->clear();
         Connect(QStringLiteral("Strale"));
         Register(kTerminal, QString::fromLatin1(model));
         window.SelectTerminalLine(1);

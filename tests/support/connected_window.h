@@ -39,13 +39,15 @@ protected:
 
     const Ui::Contenitore& Controls() const { return window.Controls(); }
 
-    /// Puts terminal 4 of that model into the register, selects it, and connects it. `settings` and
-    /// `faults` in the simulator's words.
+    /// Puts terminal 4 of that model into the register, where it is the only one, selects it, and
+    /// connects it. Nothing has been sent. `settings` and `faults` in the simulator's words.
     void Connect(const QString& model, const std::string& settings = {},
                  const std::vector<std::string>& faults = {})
     {
+        Controls().ListaTerminali->clear();
+        commands.clear();
+        pc.com1.sent.clear();
         Register(kTerminal, model);
-        window.SelectTerminalLine(0);
         std::vector<simulator::FaultRule> rules;
         rules.reserve(faults.size());
         for (const std::string& fault : faults) rules.push_back(simulator::ParseFaultRule(fault));
