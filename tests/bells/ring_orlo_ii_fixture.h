@@ -4,25 +4,13 @@
 #include "bells/ring_list.h"
 #include "jet/integrity_check.h"
 #include "tests/bells/bell_window_fixture.h"
-#include "tests/end_to_end/child_process.h"
+#include "tests/bells/full_sample.h"
+#include "tests/end_to_end/mdb_export.h"
 #include "tests/jet/sample_files.h"
 #include "tests/support/connected_window.h"
 
 namespace orlo::testing
 {
-
-inline const char kTerminal1[] =
-    "1,1,8,0,\"01111100\",1,3\n"
-    "1,2,12,0,\"10000011\",2,4\n"
-    "1,3,13,30,\"01111100\",1,5\n"
-    "1,4,17,30,\"10000011\",2,6\n"
-    "1,5,18,0,\"01111100\",1,7\n"
-    "1,6,6,5,\"10000011\",2,8\n";
-inline const char kTerminal4[] =
-    "4,1,8,5,\"01111110\",2,5\n"
-    "4,2,12,5,\"01111110\",2,5\n"
-    "4,3,13,35,\"01111110\",2,5\n"
-    "4,4,17,35,\"01111110\",2,5\n";
 
 /// Terminal 4, which has four rings in the full sample and none in the older one.
 class FrmRingOrloII : public BellWindowTest<ConnectedWindow>
@@ -75,13 +63,7 @@ protected:
     {
         return Controls().LabelUltimoComando->text().section(u' ', 1).toStdString();
     }
-    std::string Exported() const
-    {
-        return end_to_end::ChildProcess(ORLO_MDB_EXPORT, {"-H", file.string(), "Suonerie"},
-                                        {folder.Path().string(), {"LC_ALL=C.UTF-8"}, {}})
-            .Wait()
-            .output;
-    }
+    std::string Exported() const { return end_to_end::MdbExport(file, "Suonerie"); }
 };
 
 }  // namespace orlo::testing

@@ -1,7 +1,8 @@
 #include "bells/suonerie.h"
 
 #include "jet/integrity_check.h"
-#include "tests/end_to_end/child_process.h"
+#include "tests/bells/full_sample.h"
+#include "tests/end_to_end/mdb_export.h"
 #include "tests/jet/sample_files.h"
 
 #include <gtest/gtest.h>
@@ -16,20 +17,8 @@ using jet::test::ReadFile;
 using jet::test::Sample;
 
 const char kHeading[] = "Terminale,Locazione,Ora,Minuti,Giorni,Numero_Relè,Tempo_Relè\n";
-const char kTerminal1[] =
-    "1,1,8,0,\"01111100\",1,3\n"
-    "1,2,12,0,\"10000011\",2,4\n"
-    "1,3,13,30,\"01111100\",1,5\n"
-    "1,4,17,30,\"10000011\",2,6\n"
-    "1,5,18,0,\"01111100\",1,7\n"
-    "1,6,6,5,\"10000011\",2,8\n";
-const char kTerminal4[] =
-    "4,1,8,5,\"01111110\",2,5\n"
-    "4,2,12,5,\"01111110\",2,5\n"
-    "4,3,13,35,\"01111110\",2,5\n"
-    "4,4,17,35,\"01111110\",2,5\n";
 
-TEST(BellQuery, IsTheGivenStatement)
+TEST(BellQuery, AsksForTheRowsOfOneTerminal)
 {
     EXPECT_EQ(BellQuery(4),
               u"SELECT DISTINCTROW Suonerie.Terminale, Suonerie.Locazione, Suonerie.Ora , "
@@ -42,17 +31,14 @@ TEST(BellQuery, IsTheGivenStatement)
 class Suonerie : public testing::TestWithParam<const char*>
 {
 protected:
-    /// A database with the ten rings above; terminal 1 has six, terminal 4 four.
+    /// A database with rings of terminals 1 and 4.
     void OpenFull() { Open("nimbo-full-"); }
     /// One of earlier years, without the table.
     void OpenOlder() { Open("nimbo-base-"); }
 
     std::string Exported(const std::string& table) const
     {
-        return end_to_end::ChildProcess(ORLO_MDB_EXPORT, {file.string(), table},
-                                        {folder.Path().string(), {"LC_ALL=C.UTF-8"}, {}})
-            .Wait()
-            .output;
+        return end_to_end::MdbExport(file, table, end_to_end::Heading::With);
     }
     void ExpectSound() const { EXPECT_EQ(jet::CheckIntegrity(file), std::vector<std::string>{}); }
     void MakeTable(std::u16string name)

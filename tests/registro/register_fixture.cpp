@@ -1,5 +1,7 @@
 #include "tests/registro/register_fixture.h"
 
+#include "tests/end_to_end/mdb_export.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -72,12 +74,7 @@ void RegisterFolder::ExpectRefused(const std::vector<std::string>& arguments,
 
 std::string RegisterFolder::Exported(const std::string& table) const
 {
-    const Ended ended =
-        end_to_end::ChildProcess(ORLO_MDB_EXPORT, {"-H", PathOf("nimbo.mdb"), table},
-                                 {folder_, {"LC_ALL=C.UTF-8"}, {}})
-            .Wait();
-    EXPECT_EQ(ended.status, 0) << ended.errors;
-    return ended.output;
+    return end_to_end::MdbExport(PathOf("nimbo.mdb"), table);
 }
 
 }  // namespace orlo::registro::test
