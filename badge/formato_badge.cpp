@@ -26,7 +26,7 @@ void cmdRiceveCard_Click(Contenitore& window, const std::function<void()>& read_
 {
     DoBadgeCommand(window, [&] {
         LeggeFormatoBadge(window);
-        read_clock();
+        if (!window.LeaveAsked()) read_clock();
     });
 }
 

@@ -96,8 +96,10 @@ QString FaultOf(const QString& value, int width)
     if (NumericValue(value) < 0) return QStringLiteral("è minore di zero");
     if (value.size() > width)
         return QStringLiteral("ha più cifre di quante ne prende il terminale (%1)").arg(width);
-    // A CR, which another program may have put into the register, would end the telegram.
-    if (std::any_of(value.begin(), value.end(), [](QChar c) { return c < u' '; }))
+    // A CR, which another program may have put into the register, would end the telegram; what
+    // Windows-1252 lacks would become a "?" that nobody typed.
+    if (std::any_of(value.begin(), value.end(), [](QChar c) { return c < u' '; }) ||
+        !FirstOutsideWindows1252(value).isEmpty())
         return QStringLiteral("contiene caratteri che non si possono inviare");
     return {};
 }
@@ -139,16 +141,23 @@ void ReadSerialBadgeFormat(Contenitore& window, const TerminalModel& model)
         return;
     }
     Telegrams telegrams(window, *session.Port());
+    QString not_shown;
     for (const LayoutField field : kLayoutFields) {
+        // A silent terminal would hold up the end of the program for twenty seconds.
+        if (window.LeaveAsked()) break;
         const std::string answer =
             telegrams.Exchange(ReadFieldCommand(model.first_badge_parameter, field));
         const auto characters = static_cast<std::size_t>(WidthOf(window, field, kReadWidth));
         const QString number = QString::fromStdString(NumberAtEnd(answer, characters));
         QLineEdit& control = Control(window, field);
         // A field that would cut the number shows none: a cut code is another company's.
-        control.setText(number.size() > control.maxLength() ? QStringLiteral("0") : number);
+        const bool fits = number.size() <= control.maxLength();
+        control.setText(fits ? number : QStringLiteral("0"));
+        if (!fits)
+            not_shown =
+                QStringLiteral("%1 troppo lungo: %2; ").arg(control.accessibleName(), number);
     }
-    window.NoteOutcome(telegrams.Outcome());
+    window.NoteOutcome(not_shown + telegrams.Outcome());
 }
 
 void SendSerialBadgeFormat(Contenitore& window, const TerminalModel& model)
@@ -164,9 +173,12 @@ void SendSerialBadgeFormat(Contenitore& window, const TerminalModel& model)
         return;
     }
     Telegrams telegrams(window, *session.Port());
-    for (const LayoutField field : kLayoutFields)
+    for (const LayoutField field : kLayoutFields) {
+        // Half a layout is not stored.
+        if (window.LeaveAsked()) return;
         telegrams.Exchange(
             WriteFieldCommand(model.first_badge_parameter, field, ValueToSend(window, field)));
+    }
     if (model.store_wait == StoreWait::Long)
         telegrams.ExchangeWithLongWait("97STORE");
     else

@@ -25,8 +25,12 @@ constexpr int kLastTick = 100;
 /// Well below a step of the clock, so that no change is missed.
 constexpr std::chrono::milliseconds kBetweenReadings{20};
 
-void SendRequest(SerialPortControl& port, int terminal_number, std::string_view command)
+void SendRequest(Workstation& workstation, SerialPortControl& port, int terminal_number,
+                 std::string_view command)
 {
+    // Behind the reading of the clock that has just failed: its answer would be taken for this one.
+    if (!workstation.unasked && workstation.clock.Monotonic() < workstation.unasked_answer_until)
+        LetLineRunOut(workstation, port);
     // A late answer to the request before is thrown away here.
     port.DiscardInput();
     port.Output(BuildRequestFrame(terminal_number, command));
@@ -52,7 +56,7 @@ std::chrono::milliseconds SleepFor(double seconds)
 std::string ExchangeTelegram(Workstation& workstation, SerialPortControl& port, int terminal_number,
                              std::string_view command, const MeanwhileWork& meanwhile)
 {
-    SendRequest(port, terminal_number, command);
+    SendRequest(workstation, port, terminal_number, command);
     if (terminal_number <= 0) {
         if (meanwhile) meanwhile();
         return {};
@@ -78,7 +82,7 @@ std::string ExchangeTelegram(Workstation& workstation, SerialPortControl& port, 
 std::string ExchangeTelegramTicks(Workstation& workstation, SerialPortControl& port,
                                   int terminal_number, std::string_view command)
 {
-    SendRequest(port, terminal_number, command);
+    SendRequest(workstation, port, terminal_number, command);
     if (terminal_number <= 0) return {};
 
     std::string received;
@@ -103,6 +107,9 @@ void LetLineRunOut(Workstation& workstation, SerialPortControl& port)
         port.DiscardInput();
         workstation.clock.SleepUntilInput(port, run_out.silence);
     } while (port.InBufferCount() > 0 && workstation.clock.Monotonic() < end);
+    workstation.unasked_answer_until = workstation.unasked
+                                           ? workstation.clock.Monotonic() + kRunOut.longest
+                                           : std::chrono::milliseconds{0};
 }
 
 }  // namespace orlo

@@ -184,6 +184,9 @@ void Contenitore::SaveSelected(const TerminalRecord& entered)
         return;
     }
     *SelectedSlot() = entered;
+    // A terminal that is not active is asked for nothing, not for its clock either.
+    if (entered.Attivo == kFalse && state_.CurrentTerminalNumber == n)
+        state_.CurrentModel = nullptr;
     QString line = ListLine(n, entered, WithoutBlanksAround(entered.Descrizione));
     try {
         line = CostruzioneStringa(state_, n);

@@ -1,5 +1,6 @@
 #include "registry/terminal_window.h"
 
+#include "registry/held_line.h"
 #include "registry/widgets/form_style.h"
 #include "registry/widgets/input_shield.h"
 #include "registry/widgets/text_panel.h"
@@ -68,6 +69,8 @@ void TerminalWindow::open()
         activateWindow();
         return;
     }
+    // While the window is open the clock is not read, and nothing else would close it.
+    ClosePortLeftOpen(desk_);
     if (title_.isEmpty()) title_ = windowTitle();
     terminal_ = desk_.SelectedTerminal();
     setWindowTitle(title_ + QString::number(terminal_));

@@ -3,6 +3,7 @@
 #include "link/telegram.h"
 #include "registry/component_call.h"
 #include "registry/contenitore_controls.h"
+#include "registry/held_line.h"
 #include "registry/port_session.h"
 #include "registry/wait_terminal_delay.h"
 #include "status/status_answer.h"
@@ -87,7 +88,10 @@ void Timer1_Timer(Contenitore& window)
     if (window.LineIsOpen() && window.State().SessionPort != window.State().CurrentPort) return;
     // Without a call the modem would take the telegram for a command, and the caption of the dial
     // or of the log-off would be gone within a second.
-    if (window.State().CurrentModem && !window.LineIsOpen()) return;
+    if (window.State().CurrentModem && !window.LineIsOpen()) {
+        ClosePortLeftOpen(window);
+        return;
+    }
     // A wait that spans midnight lasts until the next day, and nobody has asked for this one.
     if (window.Station().clock.SecondsSinceMidnight() >= kDaySeconds - kTickSeconds) return;
     ReadSerialClock(window, *model);

@@ -231,6 +231,51 @@ TEST_F(SerialBadgeFormat, ValueThatWouldEndItsTelegramIsNamedAndNothingIsSent)
     EXPECT_EQ(pc.com1.times_opened, 0);
 }
 
+TEST_F(SerialBadgeFormat, CharacterThatWindows1252LacksIsNamedAndNothingIsSent)
+{
+    Connect(QStringLiteral("Strale"));
+    Enter(Of("1", "5", "6", "6", "1"));
+    Controls().NomeCard->setText(QString::fromUtf8("1中2"));
+    EXPECT_EQ(ToldInsteadOfSending(),
+              QStringLiteral("Il campo «%1» contiene caratteri che non si possono inviare: il "
+                             "formato badge non è stato inviato.")
+                  .arg(Controls().NomeCard->accessibleName()));
+}
+
+TEST_F(SerialBadgeFormat, PlantCodeThatItsFieldWouldCutIsShownAsNoneAndSaidToBe)
+{
+    Connect(QStringLiteral("Strale"), "badge=1/15/7/6/987654321098765");
+    EXPECT_EQ(LastLineOfReceiving(),
+              QStringLiteral("Codice impianto del badge troppo lungo: 987654321098765; risposte 5 "
+                             "su 5"));
+    EXPECT_EQ(Shown(), Of("1", "15", "7", "6", "0"));
+}
+
+TEST_F(SerialBadgeFormat, ProgramThatIsToEndWaitsForTheRunningTelegramOnly)
+{
+    const auto LeaveDuring = [this](int telegram) {
+        auto answer = pc.com1.answer_to;
+        pc.com1.answer_to = [this, answer, telegram](std::string_view request) {
+            auto arrivals = answer(request);
+            if (commands.size() == telegram) window.close();
+            return arrivals;
+        };
+    };
+    Connect(QStringLiteral("Strale"), "badge=2/5/8/6/00123");
+    LeaveDuring(2);
+    LastLineOfReceiving();
+    EXPECT_EQ(commands, (QStringList{QStringLiteral("950006"), QStringLiteral("950007")}));
+    EXPECT_EQ(clock_reads, 0);
+    EXPECT_FALSE(pc.com1.PortOpen());
+
+    Connect(QStringLiteral("Strale"));
+    Enter(Of("1", "1", "1", "1", "1"));
+    LeaveDuring(3);
+    LastLineOfSending();
+    EXPECT_EQ(commands.size(), 3) << "half a layout is not stored";
+    EXPECT_FALSE(pc.com1.PortOpen());
+}
+
 TEST_F(SerialBadgeFormat, PortThatDoesNotOpenIsTheOutcomeAndNothingIsSent)
 {
     Connect(QStringLiteral("Strale"));

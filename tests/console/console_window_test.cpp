@@ -43,6 +43,14 @@ TEST_F(ConsoleWindow, OpensModalWithItsTerminalsNumber)
     EXPECT_EQ(form.focusWidget(), &Command());
 }
 
+TEST_F(ConsoleWindow, OpeningClosesThePortThatATestLeftOpen)
+{
+    ConnectedWindow::Connect(QStringLiteral("Strale"));
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    form.open();
+    EXPECT_FALSE(pc.com1.PortOpen());
+}
+
 TEST_F(ConsoleWindow, SerialModelsHaveNoParameters)
 {
     int number = 1;

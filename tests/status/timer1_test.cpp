@@ -1,6 +1,7 @@
 #include "link/qt_serial_port.h"
 #include "link/system_clock.h"
 #include "status/legge_data_ora.h"
+#include "status/test.h"
 #include "tests/support/connected_window.h"
 #include "tests/support/pseudo_terminal.h"
 
@@ -107,6 +108,26 @@ TEST_F(Timer1Test, SendsNothingToAModemWithoutACall)
     Controls().Verde->show();
     WaitForTicks();
     EXPECT_FALSE(commands.isEmpty());
+}
+
+TEST_F(Timer1Test, ClosesThePortThatATestLeftOpenBehindAModemWithoutACall)
+{
+    Connect(QStringLiteral("Strale"), {}, {"*:silenzio"});
+    Controls().CheckModem->setChecked(true);
+    cmdTest_Click(window);
+    ASSERT_TRUE(pc.com1.PortOpen());
+    WaitForTicks();
+    EXPECT_FALSE(pc.com1.PortOpen());
+}
+
+TEST_F(Timer1Test, ReadsNoTerminalThatWasSavedAsInactive)
+{
+    Connect(QStringLiteral("Strale"));
+    Prepare();
+    Controls().Abilitazione->click();
+    Controls().cmdAggiorna->click();
+    WaitForTicks();
+    EXPECT_TRUE(commands.isEmpty());
 }
 
 TEST_F(Timer1Test, SaysWhoseClockIsNotAnswering)
