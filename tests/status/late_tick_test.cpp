@@ -18,7 +18,6 @@ protected:
     /// A reading that is given up; the terminal answers it so many milliseconds after its request.
     void Tick(int milliseconds, const std::vector<std::string>& faults_behind = {})
     {
-        Controls().ListaTerminali->clear();
         std::vector<std::string> faults = {"1:ritardo=" + std::to_string(milliseconds)};
         faults.insert(faults.end(), faults_behind.begin(), faults_behind.end());
         Connect(QStringLiteral("Strale"), "badge=1/5/7/6/00123", faults);
