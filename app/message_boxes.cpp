@@ -62,12 +62,14 @@ void MessageBoxes::Tell(DialogIcon icon, const QString& title, const QString& te
     Show(box);
 }
 
-bool MessageBoxes::AskYesNo(DialogIcon icon, const QString& title, const QString& text)
+bool MessageBoxes::AskYesNo(DialogIcon icon, const QString& title, const QString& text,
+                            bool when_ending)
 {
-    if (Termination::Requested()) return true;
+    if (Termination::Requested()) return when_ending;
     QMessageBox box(BoxIcon(icon), title, text, QMessageBox::Yes | QMessageBox::No, Above());
     box.setDefaultButton(QMessageBox::No);
-    return Show(box) == QMessageBox::Yes || Termination::Requested();
+    const bool yes = Show(box) == QMessageBox::Yes;
+    return Termination::Requested() ? when_ending : yes;
 }
 
 }  // namespace orlo

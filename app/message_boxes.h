@@ -10,8 +10,7 @@ namespace orlo
 
 class Termination;
 
-/// Message boxes over the main window. A request to end the program takes an open box away, a
-/// question being answered so that the running command ends.
+/// Message boxes over the main window. A request to end the program takes an open box away.
 class MessageBoxes : public OperatorDialog
 {
 public:
@@ -21,7 +20,8 @@ public:
 
     void Tell(DialogIcon icon, const QString& title, const QString& text,
               const QString& informative) override;
-    bool AskYesNo(DialogIcon icon, const QString& title, const QString& text) override;
+    bool AskYesNo(DialogIcon icon, const QString& title, const QString& text,
+                  bool when_ending) override;
     bool OperatorPresent() const override { return true; }
 
 private:

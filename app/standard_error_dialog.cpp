@@ -16,9 +16,9 @@ void StandardErrorDialog::Tell(DialogIcon /*icon*/, const QString& title, const 
 }
 
 bool StandardErrorDialog::AskYesNo(DialogIcon /*icon*/, const QString& /*title*/,
-                                   const QString& /*text*/)
+                                   const QString& /*text*/, bool when_ending)
 {
-    return Termination::Requested();
+    return when_ending && Termination::Requested();
 }
 
 void WriteErrorLine(const QString& text)

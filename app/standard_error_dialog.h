@@ -12,7 +12,8 @@ class StandardErrorDialog : public OperatorDialog
 public:
     void Tell(DialogIcon icon, const QString& title, const QString& text,
               const QString& informative) override;
-    bool AskYesNo(DialogIcon icon, const QString& title, const QString& text) override;
+    bool AskYesNo(DialogIcon icon, const QString& title, const QString& text,
+                  bool when_ending) override;
     bool OperatorPresent() const override { return false; }
 };
 

@@ -55,6 +55,7 @@ Termination::Termination(QObject* parent) : QObject(parent), notifier_(nullptr)
 Termination::~Termination()
 {
     for (const int signal_number : {SIGTERM, SIGINT, SIGHUP}) std::signal(signal_number, SIG_DFL);
+    g_requested = 0;
 }
 
 bool Termination::Requested()

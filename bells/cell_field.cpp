@@ -82,6 +82,25 @@ void TimeField::focusInEvent(QFocusEvent* event)
     if (!isModified()) before_ = text();
 }
 
+void TimeField::contextMenuEvent(QContextMenuEvent* event)
+{
+    ForgetSteps();
+    CellField::contextMenuEvent(event);
+}
+
+/// The steps back lead through a field that is empty, which is midnight.
+void TimeField::ForgetSteps()
+{
+    const bool modified = isModified();
+    const int cursor = cursorPosition();
+    const int selected = selectionStart();
+    const int length = selectionLength();
+    setText(displayText());
+    setModified(modified);
+    setCursorPosition(cursor);
+    if (length > 0) setSelection(selected, length);
+}
+
 void TimeField::mousePressEvent(QMouseEvent* event)
 {
     refused_ = false;
@@ -90,6 +109,8 @@ void TimeField::mousePressEvent(QMouseEvent* event)
 
 void TimeField::keyPressEvent(QKeyEvent* event)
 {
+    // See ForgetSteps.
+    if (event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo)) return;
     if (!isModified()) before_ = text();
     const QString typed = event->text();
     const bool digit = typed.size() == 1 && typed[0].isDigit();

@@ -34,7 +34,7 @@ private:
 /// 02:35. A digit that makes no time is refused with a beep, the field shows the time from before,
 /// and what is typed behind it is refused too: the rest of 24:00 would be another time. A key that
 /// deletes or moves, a click or coming anew ends that. Leaving it shows the time with all its
-/// digits.
+/// digits. Nothing is undone step by step.
 class TimeField : public CellField
 {
     Q_OBJECT
@@ -43,11 +43,13 @@ public:
     explicit TimeField(QWidget* parent = nullptr);
 
 protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    void ForgetSteps();
     void EndHour();
     void TakeDigit(QChar digit);
     void Refuse();

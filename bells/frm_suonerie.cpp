@@ -95,7 +95,7 @@ bool FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QStri
         const TextPanel& caption = *Desk().Controls().PannelloComunicazione;
         ClearOutcome(*ui_->Esito);
         done = Desk().PrepareCurrentTerminal() && work();
-        const bool said = caption.text().startsWith(QLatin1String("Errore"));
+        const bool said = !caption.text().isEmpty();
         ui_->Esito->setText(done ? kCommunicationOk : said ? caption.text() : failed);
         Desk().ResetLineBehindCommand();
     });

@@ -57,8 +57,9 @@ private:
     int done_ = 0;
 };
 
-/// Calls until it succeeds, as many times as the terminal has attempts, once at the least. The
-/// delay of the terminal is waited for before each repetition.
+/// Calls until it succeeds, as many times as the terminal has attempts, once at the least, but not
+/// again when the program is to end. The delay of the terminal is waited for before each
+/// repetition.
 bool Attempt(Contenitore& window, const std::function<bool()>& call)
 {
     const int limit = window.State().CurrentRetries;
@@ -69,6 +70,7 @@ bool Attempt(Contenitore& window, const std::function<bool()>& call)
         window.Controls().PannelloTentativi->setText(
             QStringLiteral("Tentativi%1/%2").arg(attempt).arg(limit));
         window.Station().clock.ProcessPendingEvents();
+        if (window.LeaveAsked()) return false;
         WaitTerminalDelay(window.State(), window.Station());
     }
     return true;

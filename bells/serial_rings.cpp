@@ -34,6 +34,16 @@ Exchanged Exchange(Contenitore& window, std::string_view command)
     return {answer == kTimeout ? kTimeoutCaption : kCommunicationOk, good_frame};
 }
 
+/// Takes the outcome of the command before from the screen: a silent terminal leaves the window
+/// without a turn for seconds.
+TextPanel& EmptyCaption(Contenitore& window)
+{
+    TextPanel& caption = *window.Controls().PannelloComunicazione;
+    caption.clear();
+    window.Station().clock.ProcessPendingEvents();
+    return caption;
+}
+
 /// The sending ends before its last line.
 SentRings Ended(TextPanel& caption, const QString& status)
 {
@@ -45,6 +55,7 @@ SentRings Ended(TextPanel& caption, const QString& status)
 /// for the terminal. How many answers came in a good frame nobody asks; the operator is told it.
 SentRings Finished(int sent, int good)
 {
+    if (sent == 0) return {kCommunicationOk, QStringLiteral("nessuna suoneria da inviare")};
     return {kCommunicationOk, good == sent
                                   ? kCommunicationOk
                                   : QStringLiteral("risposte %1 su %2").arg(good).arg(sent)};
@@ -54,8 +65,7 @@ SentRings Finished(int sent, int good)
 
 SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& lines)
 {
-    TextPanel& caption = *window.Controls().PannelloComunicazione;
-    caption.clear();
+    TextPanel& caption = EmptyCaption(window);
     int sent = 0;
     int good = 0;
     for (qsizetype line = 0; line < lines.size(); ++line) {
@@ -75,11 +85,12 @@ SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& l
 
 QString ClearRings(Contenitore& window)
 {
-    TextPanel& caption = *window.Controls().PannelloComunicazione;
-    caption.clear();
-    QString status = Exchange(window, kClearRings).status;
-    caption.setText(status);
-    return status;
+    TextPanel& caption = EmptyCaption(window);
+    const Exchanged exchanged = Exchange(window, kClearRings);
+    caption.setText(exchanged.status);
+    if (exchanged.status == kCommunicationOk)
+        window.NoteOutcome(Finished(/*sent=*/1, exchanged.good_frame ? 1 : 0).outcome);
+    return exchanged.status;
 }
 
 }  // namespace orlo

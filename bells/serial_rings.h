@@ -14,8 +14,8 @@ namespace orlo
 
 struct SentRings {
     QString status;
-    /// What the line of the last command has to say: the status, or how many rings were answered
-    /// well: "risposte 31 su 32".
+    /// What the line of the last command has to say: the status, how many rings were answered well,
+    /// "risposte 31 su 32", or that there was none to send.
     QString outcome;
 };
 
@@ -24,7 +24,8 @@ struct SentRings {
 /// shows the number of the line that was answered: "5/32 Comunicazione OK".
 SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& lines);
 
-/// Takes all rings out of the terminal.
+/// Takes all rings out of the terminal. The line of the last command says that no good frame came
+/// back: "risposte 0 su 1".
 QString ClearRings(Contenitore& window);
 
 }  // namespace orlo

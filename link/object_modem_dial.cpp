@@ -12,17 +12,19 @@ constexpr int kMostReads = 10000;
 constexpr std::int32_t kLongestText = 1000;
 constexpr std::chrono::seconds kBetweenLooks{1};
 
+enum class ModemAnswer { Any, None, Aborted };
+
 /// Whether the modem says anything at all: its words are not read, "BUSY" counts like "CONNECT".
-bool ModemAnswers(Workstation& workstation, component::TelegramComunication& line)
+ModemAnswer WaitForModem(Workstation& workstation, component::TelegramComunication& line)
 {
     std::chrono::milliseconds next_look = workstation.clock.Monotonic() + kBetweenLooks;
     for (int read = 0; read < kMostReads; ++read) {
-        if (!line.ReceiveString(kLongestText, /*at_once=*/true).empty()) return true;
+        if (!line.ReceiveString(kLongestText, /*at_once=*/true).empty()) return ModemAnswer::Any;
         if (workstation.clock.Monotonic() < next_look) continue;
-        if (PressioneTastoEsc(workstation)) return false;
+        if (PressioneTastoEsc(workstation)) return ModemAnswer::Aborted;
         next_look = workstation.clock.Monotonic() + kBetweenLooks;
     }
-    return false;
+    return ModemAnswer::None;
 }
 
 /// The component takes everything by reference; each try gets values of its own.
@@ -33,24 +35,43 @@ bool SendPlantCode(component::TelegramComunication& line, ObjectCall call)
     return line.SendTelegram(call.terminal, call.priority, command, answer);
 }
 
+/// False when the operator wants no more tries.
+bool TellPlantCode(Workstation& workstation, component::TelegramComunication& line,
+                   const ObjectCall& call)
+{
+    for (int tried = 0; tried < call.retries; ++tried) {
+        if (tried > 0 && PressioneTastoEsc(workstation)) return false;
+        const bool acknowledged = SendPlantCode(line, call);
+        workstation.clock.YieldToEventLoop();
+        if (acknowledged) break;
+    }
+    return true;
+}
+
+void TellSilence(Workstation& workstation)
+{
+    workstation.dialog.Tell(DialogIcon::Critical, QStringLiteral("Attenzione"),
+                            QStringLiteral("Il Modem non risponde"));
+    // The key that may have closed the box is not a wish to stop.
+    workstation.escape.Query();
+}
+
 }  // namespace
 
-void ObjectModemDial(Workstation& workstation, component::TelegramComunication& line,
+bool ObjectModemDial(Workstation& workstation, component::TelegramComunication& line,
                      const ObjectCall& call)
 {
     line.SendString("ATD" + call.phone_number + '\r');
-    if (!ModemAnswers(workstation, line)) {
-        workstation.dialog.Tell(DialogIcon::Critical, QStringLiteral("Attenzione"),
-                                QStringLiteral("Il Modem non risponde"));
-        // The key that may have closed the box is not a wish to stop.
-        workstation.escape.Query();
-        return;
+    switch (WaitForModem(workstation, line)) {
+        case ModemAnswer::Aborted:
+            return false;
+        case ModemAnswer::None:
+            TellSilence(workstation);
+            return true;
+        case ModemAnswer::Any:
+            break;
     }
-    bool acknowledged = false;
-    for (int tried = 0; tried < call.retries && !acknowledged; ++tried) {
-        acknowledged = SendPlantCode(line, call);
-        workstation.clock.YieldToEventLoop();
-    }
+    return TellPlantCode(workstation, line, call);
 }
 
 void ObjectPulseDtr(Workstation& workstation, component::TelegramComunication& line, bool by_modem)

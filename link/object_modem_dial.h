@@ -20,9 +20,10 @@ struct ObjectCall {
 /// Dials over the line that the component holds open and, when the modem has answered anything,
 /// tells the plant behind it that it is meant: "@@," and its code, `retries` times at the most. A
 /// modem that says nothing is told in a message box; what else goes wrong shows in the transfers
-/// that follow. An Escape, looked for once a second, counts as no answer.
-void ObjectModemDial(Workstation& workstation, component::TelegramComunication& line,
-                     const ObjectCall& call);
+/// that follow. False when the operator ends the call by Escape, which is looked for once a second
+/// and before each repetition of the code: the command is not to go on, and nothing was hung up.
+[[nodiscard]] bool ObjectModemDial(Workstation& workstation, component::TelegramComunication& line,
+                                   const ObjectCall& call);
 
 /// Drops and raises DTR, at which a modem hangs up. Does nothing when the terminal is not reached
 /// by modem.

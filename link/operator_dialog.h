@@ -19,9 +19,10 @@ public:
     virtual void Tell(DialogIcon icon, const QString& title, const QString& text,
                       const QString& informative = {}) = 0;
 
-    /// A box with Yes and No; true for Yes. No is the default button.
-    [[nodiscard]] virtual bool AskYesNo(DialogIcon icon, const QString& title,
-                                        const QString& text) = 0;
+    /// A box with Yes and No; true for Yes. No is the default button. `when_ending` is the answer
+    /// when the program is to end and nobody will press either.
+    [[nodiscard]] virtual bool AskYesNo(DialogIcon icon, const QString& title, const QString& text,
+                                        bool when_ending = false) = 0;
 
     /// False when nobody is there to answer: waits that overrun then end by themselves.
     virtual bool OperatorPresent() const = 0;

@@ -10,7 +10,8 @@ bool PressioneTastoEsc(Workstation& workstation)
     if (!key.pressed_since_last_query || key.held_now) return false;
     const bool abort =
         workstation.dialog.AskYesNo(DialogIcon::Question, QStringLiteral("Attenzione"),
-                                    QStringLiteral("Si desidera interrompere la procedura?"));
+                                    QStringLiteral("Si desidera interrompere la procedura?"),
+                                    /*when_ending=*/true);
     // The key that may have closed the question is not another wish to stop.
     workstation.escape.Query();
     return abort;

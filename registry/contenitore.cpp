@@ -186,6 +186,9 @@ bool Contenitore::PrepareCurrentTerminal()
     ClosePortLeftOpen(*this);
     // Whatever is read from now on is this terminal's.
     if (clock_terminal_ != SelectedTerminal()) EmptyClockDisplays();
+    // A silent terminal leaves the window without a turn: the outcome of the command before would
+    // stand there meanwhile.
+    workstation_.clock.ProcessPendingEvents();
     state_.CurrentModel = ShownModel();
     state_.CurrentPort = PortOf(ui_->ComboPorta->currentText());
     state_.CurrentSpeed = WholeNumberOrZero<std::int32_t>(ui_->ComboVelocita->currentText());

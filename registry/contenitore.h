@@ -71,7 +71,8 @@ public:
     /// Copies the selected terminal from the controls into the current-terminal block. For an Orlo
     /// or a Sipa it also closes the component's line if it is open, opens it anew, and dials when
     /// the terminal is reached by modem; the line stays open behind the command. False when the
-    /// component is missing or failed, which the caption then says: nothing is to be asked.
+    /// component is missing or failed, or the operator ended the call, which the caption then says:
+    /// nothing is to be asked.
     bool PrepareCurrentTerminal();
 
     /// Makes the modem behind the component's line hang up, when the current terminal is reached by

@@ -72,6 +72,7 @@ bool Contenitore::PrepareComponent(const TerminalModel& model)
     }
     if (AnotherLineIsOpen(*this, state_.CurrentPort) || HoldsTheComponentsPort(*this)) return false;
     component::TelegramComunication& line = *state_.Component->TelegramObject;
+    bool aborted = false;
     const QString failure = GuardComponentCalls(*this, [&] {
         OpenLink(state_, line);
         if (!state_.CurrentModem) return;
@@ -79,9 +80,13 @@ bool Contenitore::PrepareComponent(const TerminalModel& model)
         const auto as_before = qScopeGuard(
             [this, hidden = ui_->LabelEsc->isHidden()] { ui_->LabelEsc->setHidden(hidden); });
         ui_->LabelEsc->show();
-        ObjectModemDial(workstation_, line, CallOf(state_));
+        aborted = !ObjectModemDial(workstation_, line, CallOf(state_));
     });
-    return failure.isEmpty();
+    if (!aborted) return failure.isEmpty();
+    // The modem may still be dialling, that of a Sipa too, which no command resets.
+    if (PulseModemLine())
+        ui_->PannelloComunicazione->setText(QStringLiteral("Chiamata interrotta."));
+    return false;
 }
 
 bool Contenitore::PulseModemLine()

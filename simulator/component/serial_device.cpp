@@ -35,14 +35,32 @@ constexpr std::array<SpeedRow, 11> kSpeeds = {{{110, B110},
                                                {57600, B57600},
                                                {115200, B115200}}};
 
-std::optional<std::string> SystemReason()
+const char* const kTaken = "usata da un altro programma";
+
+/// Why the system refuses, for the operator's window; in the system's own words only what is
+/// unusual. Letters with accents would need another encoding than this file's.
+std::string SystemReason()
 {
-    return std::strerror(errno);
+    switch (errno) {
+        case ENOENT:
+        case ENODEV:
+        case ENXIO:
+            return "dispositivo non trovato";
+        case EACCES:
+        case EPERM:
+            return "permesso negato";
+        case EBUSY:
+            return kTaken;
+        case ENOTTY:
+            return "dispositivo non seriale";
+        default:
+            return std::strerror(errno);
+    }
 }
 
 std::optional<std::string> Prepare(int descriptor, int bits_per_second)
 {
-    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) return "usata da un altro programma";
+    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) return kTaken;
     const auto* const speed =
         std::find_if(kSpeeds.begin(), kSpeeds.end(),
                      [&](const SpeedRow& row) { return row.bits_per_second == bits_per_second; });

@@ -223,6 +223,24 @@ TEST_F(ObjectAcquisition, ModemOfAnOrloIsDialledAndHungUp)
                     "SetAsDeleted()", "GetNextRecord(4, \"7\")", "DTR(false)", "DTR(true)"));
 }
 
+TEST_F(ObjectAcquisition, ACallThatIsEndedIsTheReasonAndNothingIsAsked)
+{
+    Punches({"1"});
+    Controls().CheckModem->setChecked(true);
+    pc.dialog.answer_yes = true;
+    component.on_call = [this](const std::string& call) {
+        if (!call.starts_with("ReceiveString")) return;
+        pc.clock.Advance(std::chrono::seconds{1});
+        pc.escape.pressed = true;
+    };
+    const AcquisitionOutcome outcome = Acquire();
+    EXPECT_FALSE(outcome.done);
+    EXPECT_EQ(outcome.reason, QStringLiteral("Chiamata interrotta."));
+    EXPECT_THAT(component.CallsOf("GetRecordsInfo"), IsEmpty());
+    EXPECT_EQ(component.calls.back(), "DTR(true)");
+    EXPECT_TRUE(pc.dialog.told.empty());
+}
+
 TEST_F(ObjectAcquisition, ModemOfASipaIsNotPulsed)
 {
     RegisterObject("Sipa");

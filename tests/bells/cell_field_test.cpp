@@ -1,5 +1,9 @@
 #include "bells/cell_field.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMimeData>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -81,6 +85,81 @@ TEST(TimeField, AnHourThatBecomesNoHourGivesItsSecondDigitUp)
     field.setCursorPosition(0);
     QTest::keyClick(&field, Qt::Key_2);
     EXPECT_EQ(field.displayText(), QStringLiteral("2 :45"));
+}
+
+TEST(TimeField, NothingIsUndoneByKey)
+{
+    TimeField field;
+    field.setText(QStringLiteral("08:30"));
+    field.selectAll();
+    QTest::keyClick(&field, Qt::Key_9);
+    for (int times = 0; times < 3; ++times) {
+        QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(field.displayText(), QStringLiteral("9 :  "));
+    }
+    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(field.displayText(), QStringLiteral("9 :  "));
+}
+
+TEST(TimeField, TheContextMenuOffersNoUndoAndKeepsTheRest)
+{
+    TimeField field;
+    field.setText(QStringLiteral("08:30"));
+    field.selectAll();
+    QTest::keyClicks(&field, QStringLiteral("9"));
+    field.setSelection(0, 1);
+    ASSERT_TRUE(field.isUndoAvailable());
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QCoreApplication::sendEvent(&field, &event);
+    QWidget* const menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    ASSERT_GE(menu->actions().size(), 4);
+    EXPECT_TRUE(menu->actions()[0]->text().startsWith(QStringLiteral("&Undo")));
+    EXPECT_FALSE(menu->actions()[0]->isEnabled());
+    EXPECT_FALSE(menu->actions()[1]->isEnabled()) << "redo";
+    menu->close();
+    EXPECT_EQ(field.displayText(), QStringLiteral("9 :  "));
+    EXPECT_EQ(field.selectedText(), QStringLiteral("9"));
+    EXPECT_TRUE(field.isModified());
+}
+
+struct Brought {
+    const char* text;
+    const char* shown;
+};
+// What is no time leaves the one from before.
+const Brought kBrought[] = {
+    {"09:45", "09:45"}, {"0945", "09:45"}, {"25:00", "08:30"},
+    {"08:75", "08:30"}, {"2400", "08:30"},
+};
+
+TEST(TimeField, APastedTimeIsTakenAndWhatIsNoneIsNot)
+{
+    for (const Brought& test : kBrought) {
+        TimeField field;
+        field.setText(QStringLiteral("08:30"));
+        field.selectAll();
+        QApplication::clipboard()->setText(QString::fromLatin1(test.text));
+        QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(field.displayText().toStdString(), test.shown) << test.text;
+    }
+}
+
+TEST(TimeField, ADroppedTimeIsTakenAndWhatIsNoneIsNot)
+{
+    for (const Brought& test : kBrought) {
+        TimeField field;
+        field.setText(QStringLiteral("08:30"));
+        field.selectAll();
+        QMimeData dragged;
+        dragged.setText(QString::fromLatin1(test.text));
+        QDragEnterEvent entry({0, 0}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&field, &entry);
+        ASSERT_TRUE(entry.isAccepted());
+        QDropEvent event({0, 0}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&field, &event);
+        EXPECT_EQ(field.displayText().toStdString(), test.shown) << test.text;
+    }
 }
 
 TEST(DurationField, TakesOnlyDigitsAndNoMoreThanItHasRoomFor)

@@ -124,6 +124,23 @@ TEST_F(FrmRingOrloII, AListThatCouldNotBeLoadedIsNotSent)
     EXPECT_EQ(Status(), "Errore: la tabella delle suonerie non si può leggere.");
 }
 
+TEST_F(FrmRingOrloII, AListThatLoadsBehindOneThatDidNotCanBeStoredAndSent)
+{
+    UseDatabase("nimbo-base-2000.mdb", jet::OpenMode::ReadOnly);
+    Open();
+    ASSERT_FALSE(Enabled("cmdTrasmette"));
+    Press("cmdUscita");
+    UseDatabase("nimbo-full-2000.mdb");
+    Register(1, QStringLiteral("Strale"));
+    window.SelectTerminalLine(1);
+    OpenBells("frmRingOrloII");
+    EXPECT_EQ(bells->windowTitle(), QStringLiteral("Suonerie Terminale n° 1"));
+    EXPECT_TRUE(Enabled("cmdTrasmette"));
+    EXPECT_TRUE(Enabled("cmdAggiorna"));
+    EXPECT_EQ(Status(), "");
+    EXPECT_EQ(Line(0), "01   08:00     03     0 1 1 1 1 1 0 0    1 0");
+}
+
 TEST_F(FrmRingOrloII, TheWeekIsDrawnAndAMarkChoosesItsLine)
 {
     Open();

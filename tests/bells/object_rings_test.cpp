@@ -1,4 +1,5 @@
 #include "tests/bells/suonerie_fixture.h"
+#include "tests/support/paint_count.h"
 
 #include <algorithm>
 
@@ -58,27 +59,6 @@ TEST_F(FrmSuonerie, ASilentTerminalIsAskedAsOftenAsItHasAttempts)
     EXPECT_EQ(terminal.component.CallsOf("DTR").size(), 2U) << "also behind a failure";
 }
 
-/// Counts how often a control is painted with no marks.
-class PaintedEmpty : public QObject
-{
-public:
-    explicit PaintedEmpty(WeekDrawing& drawing) : drawing_(drawing)
-    {
-        drawing_.installEventFilter(this);
-    }
-    int times = 0;
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint && drawing_.Marks().empty()) ++times;
-        return false;
-    }
-
-private:
-    WeekDrawing& drawing_;
-};
-
 TEST_F(FrmSuonerie, TheOldWeekIsGoneFromTheDrawingBeforeTheFirstDayIsAskedFor)
 {
     Open();
@@ -86,7 +66,7 @@ TEST_F(FrmSuonerie, TheOldWeekIsGoneFromTheDrawingBeforeTheFirstDayIsAskedFor)
     Press("Giorno_2");
     ASSERT_EQ(Marks().size(), 1U);
     rings.silent = true;
-    PaintedEmpty painted(Control<WeekDrawing>("DisegnoSettimana"));
+    const PaintCount painted(Control("DisegnoSettimana"), [this] { return Marks().empty(); });
     std::vector<int> painted_at_requests;
     terminal.component.on_call = [&](const std::string& call) {
         if (call.starts_with("Rings.Receive")) painted_at_requests.push_back(painted.times);
@@ -335,6 +315,58 @@ TEST_F(FrmSuonerie, AnOrloBehindAModemIsDialledAndHungUpBehindEachCommand)
     }
 }
 
+TEST_F(FrmSuonerie, ACallThatTheOperatorEndsReadsNothingAndClearsNothing)
+{
+    Open();
+    Controls().CheckModem->setChecked(true);
+    Entry(2, 2) = kNoon;
+    pc.dialog.answer_yes = true;
+    terminal.component.on_call = [this](const std::string& call) {
+        if (!call.starts_with("ReceiveString")) return;
+        pc.clock.Advance(std::chrono::milliseconds{100});
+        pc.escape.pressed = true;
+    };
+    Press("cmdRiceveSuonerie");
+    EXPECT_TRUE(terminal.component.CallsOf("Rings.Receive").empty());
+    EXPECT_TRUE(terminal.component.CallsOf("SendTelegram").empty());
+    EXPECT_EQ(Calls(CallsMade().end() - 2, CallsMade().end()), (Calls{"DTR(false)", "DTR(true)"}));
+    EXPECT_TRUE(Entry(2, 2) == kNoon);
+    EXPECT_TRUE(pc.dialog.told.empty());
+    EXPECT_EQ(Text("Esito"), "Chiamata interrotta.");
+    EXPECT_EQ(Controls().LabelUltimoComando->text().section(u' ', 1),
+              QStringLiteral("Lettura suonerie, terminale 4: Chiamata interrotta."));
+}
+
+TEST_F(FrmSuonerie, ValuesOfNoTimeAreShownAndSentAsTheyCame)
+{
+    rings.week[0] = {RingEntry{0, 25, 70, 99}, kNoon};
+    Open();
+    Press("cmdRiceveSuonerie");
+    Press("Giorno_0");
+    EXPECT_EQ(Times(3), "12:00 10;25:70 99;00:00 0;");
+    ASSERT_EQ(Marks().size(), 2U);
+    EXPECT_EQ(Marks()[1].minute, 1439) << "the last of its day";
+    // Through the time without typing.
+    Control("Ring_1").setFocus(Qt::TabFocusReason);
+    Control("cmdTrasmetteSuonerie").setFocus();
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(terminal.component.CallsOf("Rings.Send").at(1), "Rings.Send(4, 7) 0/2 25:70 99");
+}
+
+TEST_F(FrmSuonerie, APortThatIsNoneIsLeftToTheComponent)
+{
+    rings.silent = true;
+    Connect();
+    Controls().ComboPorta->setCurrentIndex(-1);
+    state.Component->RingsObject = rings.Make();
+    OpenBells("FrmSuonerie");
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(CallsMade().front(), "OpenComunication(0, 38400)");
+    EXPECT_EQ(Told(DialogIcon::Critical), QStringLiteral("Errore nella ricezione dei dati"));
+    EXPECT_EQ(Text("Esito"), "Errore nella ricezione dei dati");
+    EXPECT_TRUE(Enabled("cmdRiceveSuonerie"));
+}
+
 TEST_F(FrmSuonerie, AnEndOfTheProgramFollowsTheWholeWeek)
 {
     Open();
@@ -346,6 +378,33 @@ TEST_F(FrmSuonerie, AnEndOfTheProgramFollowsTheWholeWeek)
     Press("cmdTrasmetteSuonerie");
     EXPECT_EQ(terminal.component.CallsOf("Rings.Send").size(), 168U);
     EXPECT_EQ(asked_to_leave, 1);
+}
+
+TEST_F(FrmSuonerie, AProgramThatIsToEndRepeatsNothing)
+{
+    const struct {
+        const char* button;
+        const char* asked;
+    } cases[] = {{"cmdRiceveSuonerie", "Rings.Receive(4, 7, day 0)"},
+                 {"cmdTrasmetteSuonerie", "Rings.Send(4, 7) 0/1 00:00 0"}};
+    rings.silent = true;
+    Open();
+    Controls().Tentativi->setText(QStringLiteral("40"));
+    terminal.component.on_call = [this](const std::string& call) {
+        if (call.starts_with("Rings.")) window.close();
+    };
+    int asked_to_leave = 0;
+    QObject::connect(&window, &Contenitore::LeaveRequested, bells, [&] { ++asked_to_leave; });
+    for (const auto& test : cases) {
+        terminal.component.calls.clear();
+        Press(test.button);
+        EXPECT_EQ(terminal.component.CallsOf("Rings.Receive").size() +
+                      terminal.component.CallsOf("Rings.Send").size(),
+                  1U)
+            << test.button;
+        EXPECT_EQ(std::ranges::count(CallsMade(), test.asked), 1) << test.button;
+    }
+    EXPECT_EQ(asked_to_leave, 2);
 }
 
 TEST_F(FrmSuonerie, WithoutAComponentNothingIsCleared)

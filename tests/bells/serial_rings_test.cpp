@@ -1,4 +1,5 @@
 #include "tests/bells/ring_orlo_ii_fixture.h"
+#include "tests/support/paint_count.h"
 
 namespace orlo::testing
 {
@@ -92,7 +93,8 @@ TEST_F(FrmRingOrloII, AFinishedSendIsThatInTheLineOfTheLastCommand)
     OpenBells("frmRingOrloII");
     Press("cmdTrasmette");
     EXPECT_EQ(commands.size(), 4) << "nothing more was sent";
-    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: Comunicazione OK");
+    EXPECT_EQ(Status(), "Comunicazione OK");
+    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: nessuna suoneria da inviare");
 }
 
 TEST_F(FrmRingOrloII, WhatWasNotSavedIsNotSentAndThatIsSaid)
@@ -185,11 +187,86 @@ TEST_F(FrmRingOrloII, ResetClearsTheTerminalAndTheListAndNotTheTable)
     EXPECT_EQ(pc.dialog.asked[0].icon, DialogIcon::Critical);
     EXPECT_EQ(pc.dialog.asked[0].title, QStringLiteral("Attenzione"));
     EXPECT_EQ(pc.dialog.asked[0].text, QStringLiteral("Si desidera azzerare le suonerie?"));
+    EXPECT_FALSE(pc.dialog.asked[0].when_ending);
     EXPECT_EQ(commands.join(u'|'), QStringLiteral("14CLEAR"));
     EXPECT_TRUE(Terminal().Bells().Rings().empty());
     EXPECT_EQ(Status(), "Comunicazione OK");
     EXPECT_EQ(List().Lines(), RingLines({}));
     EXPECT_EQ(Exported(), std::string(kTerminal1) + kTerminal4);
+}
+
+TEST_F(FrmRingOrloII, AResetAnsweredByABadFrameIsToldBeside)
+{
+    pc.dialog.answer_yes = true;
+    Open("Orlo II", {"14*:checksum-errato"});
+    Press("cmdReset");
+    EXPECT_EQ(Status(), "Comunicazione OK");
+    EXPECT_EQ(LastCommand(), "Azzeramento suonerie, terminale 4: risposte 0 su 1");
+    Press("cmdUscita");
+    Controls().ListaTerminali->clear();
+    Open("Orlo II");
+    Press("cmdReset");
+    EXPECT_EQ(LastCommand(), "Azzeramento suonerie, terminale 4: Comunicazione OK");
+}
+
+TEST_F(FrmRingOrloII, AResetUsesAnOpenLineAndLeavesItOpen)
+{
+    pc.dialog.answer_yes = true;
+    Open();
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    Press("cmdReset");
+    EXPECT_EQ(commands, QStringList{QStringLiteral("14CLEAR")});
+    EXPECT_EQ(pc.com1.times_opened, 1);
+    EXPECT_TRUE(pc.com1.PortOpen());
+    EXPECT_EQ(Status(), "Comunicazione OK");
+}
+
+TEST_F(FrmRingOrloII, AResetDoesNotUseTheLineOfAnotherPort)
+{
+    pc.dialog.answer_yes = true;
+    Open();
+    state.SessionPort = 2;
+    Controls().Verde->show();
+    Press("cmdReset");
+    EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(Status(),
+              "Errore: è collegata la linea della COM 2, non quella di questo terminale.");
+    EXPECT_EQ(LastCommand(),
+              "Azzeramento suonerie, terminale 4: Errore: è collegata la linea della COM 2, non "
+              "quella di questo terminale.");
+    EXPECT_EQ(List().Lines(), RingLines({}));
+}
+
+TEST_F(FrmRingOrloII, WithoutAPortNothingIsSentAndThatIsSaid)
+{
+    pc.dialog.answer_yes = true;
+    Open();
+    Controls().ComboPorta->setCurrentIndex(-1);
+    for (const char* button : {"cmdTrasmette", "cmdReset"}) {
+        Press(button);
+        EXPECT_TRUE(commands.isEmpty()) << button;
+        EXPECT_EQ(Status(), "Errore aprendo la COM") << button;
+        EXPECT_EQ(Outcome().toStdString(), "Errore aprendo la COM") << button;
+    }
+}
+
+TEST_F(FrmRingOrloII, TheOutcomeBeforeIsGoneFromTheWindowBeforeTheTerminalIsAsked)
+{
+    pc.dialog.answer_yes = true;
+    Open("Orlo II", {"13#33:silenzio", "14#1:silenzio"});
+    Press("cmdTrasmette");
+    const PaintCount painted(Control("PannelloSuonerie"), [this] { return Status().empty(); });
+    int painted_when_asked = 0;
+    for (const int first : {33, 34}) {
+        ASSERT_EQ(commands.size(), first - 1);
+        DuringTelegram(first, [&] { painted_when_asked = painted.times; });
+        const int before = painted.times;
+        Press(first == 33 ? "cmdTrasmette" : "cmdReset");
+        EXPECT_GT(painted_when_asked, before) << commands.last().toStdString();
+        EXPECT_EQ(Status(), "Timeout");
+    }
 }
 
 TEST_F(FrmRingOrloII, ResetThatIsNotConfirmedDoesNothing)
@@ -231,6 +308,13 @@ TEST_F(FrmRingOrloII, NothingReactsWhileRingsAreSentAndACloseFollows)
         const int row = List().currentRow();
         QTest::keyClick(&List(), Qt::Key_Down);
         inert = inert && List().currentRow() == row;
+        const std::string entered = Text("Ring") + Text("TempoRings") + Days();
+        for (const char* field : {"Ring", "TempoRings"}) {
+            QTest::mouseClick(&Control(field), Qt::LeftButton);
+            QTest::keyClicks(&Control(field), QStringLiteral("9"));
+        }
+        Press("Festivo");
+        inert = inert && Text("Ring") + Text("TempoRings") + Days() == entered;
         bells->close();
         inert = inert && bells->isVisible();
         return carry(request);
@@ -287,9 +371,11 @@ TEST_F(FrmRingOrloII, ALineThatDropsEndsTheSendAndIsSaid)
     EXPECT_TRUE(Enabled("cmdTrasmette"));
 }
 
-TEST_F(FrmRingOrloII, EscapeClosesAndNoPortIsHeld)
+TEST_F(FrmRingOrloII, EscapeBehindACommandClosesAndNoPortIsHeld)
 {
     Open();
+    Press("cmdTrasmette");
+    ASSERT_EQ(commands.size(), 32);
     QTest::keyClick(bells, Qt::Key_Escape);
     EXPECT_FALSE(bells->isVisible());
     EXPECT_FALSE(pc.com1.PortOpen());

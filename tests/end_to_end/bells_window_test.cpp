@@ -67,10 +67,12 @@ TEST_P(ObjectBells, AWeekSentIsReadBackEqualByAnotherStartOfTheProgram)
     EXPECT_EQ(Text("TempoRings_1"), QStringLiteral("4"));
 }
 
-TEST_P(ObjectBells, AWindowThatIsClosedHoldsNothingBack)
+TEST_P(ObjectBells, AWindowThatIsClosedBehindACommandHoldsNothingBack)
 {
     Start("");
     OpenBells("FrmSuonerie");
+    Press("cmdRiceveSuonerie");
+    ASSERT_EQ(Text("Esito"), QStringLiteral("Comunicazione OK"));
     QTest::keyClick(form, Qt::Key_Escape);
     EXPECT_FALSE(form->isVisible());
     Controls().cmdTest->click();

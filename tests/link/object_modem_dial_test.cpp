@@ -27,7 +27,7 @@ protected:
                     .phone_number = "0464 910685",
                     .plant_code = "15"};
 
-    void Dial() { ObjectModemDial(pc.workstation, *objects->TelegramObject, call); }
+    bool Dial() { return ObjectModemDial(pc.workstation, *objects->TelegramObject, call); }
     /// Every call to the component takes that long.
     void EachCallTakes(std::chrono::milliseconds time)
     {
@@ -38,7 +38,7 @@ protected:
 TEST_F(ObjectModem, DialsAndTellsThePlantCode)
 {
     component.received_texts = {"", "", "CONNECT"};
-    Dial();
+    EXPECT_TRUE(Dial());
     EXPECT_THAT(component.calls,
                 ElementsAre("SendString(\"ATD0464 910685\r\")", "ReceiveString(1000, true)",
                             "ReceiveString(1000, true)", "ReceiveString(1000, true)",
@@ -52,7 +52,7 @@ TEST_F(ObjectModem, PlantCodeIsRepeatedUpToTheRetriesWithAYieldAfterEach)
     component.acknowledged_try = 0;
     std::vector<std::chrono::milliseconds> at;
     component.on_call = [&](const std::string&) { at.push_back(pc.clock.Passed()); };
-    Dial();
+    EXPECT_TRUE(Dial());
     EXPECT_THAT(
         component.CallsOf("SendTelegram"),
         ElementsAre("SendTelegram(7, 6, \"@@,15\", \"\")", "SendTelegram(7, 6, \"@@,15\", \"\")",
@@ -68,7 +68,7 @@ TEST_F(ObjectModem, AcknowledgedPlantCodeIsNotRepeated)
 {
     component.received_texts = {"CONNECT"};
     component.acknowledged_try = 2;
-    Dial();
+    EXPECT_TRUE(Dial());
     EXPECT_EQ(component.CallsOf("SendTelegram").size(), 2U);
 }
 
@@ -76,13 +76,13 @@ TEST_F(ObjectModem, WithoutRetriesThePlantCodeIsNotSent)
 {
     component.received_texts = {"CONNECT"};
     call.retries = 0;
-    Dial();
+    EXPECT_TRUE(Dial());
     EXPECT_TRUE(component.CallsOf("SendTelegram").empty());
 }
 
 TEST_F(ObjectModem, SilentModemIsToldAfterTenThousandReads)
 {
-    Dial();
+    EXPECT_TRUE(Dial());
     EXPECT_EQ(component.CallsOf("ReceiveString").size(), 10000U);
     ASSERT_EQ(pc.dialog.told.size(), 1U);
     EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::Critical);
@@ -95,28 +95,41 @@ TEST_F(ObjectModem, AnswerToTheLastReadCounts)
 {
     component.received_texts.assign(9999, "");
     component.received_texts.push_back("\r");
-    Dial();
+    EXPECT_TRUE(Dial());
     EXPECT_TRUE(pc.dialog.told.empty());
     EXPECT_EQ(component.CallsOf("SendTelegram").size(), 1U);
 }
 
-TEST_F(ObjectModem, EscapeCountsAsNoAnswer)
+TEST_F(ObjectModem, EscapeEndsTheCallWithoutABox)
 {
     EachCallTakes(10ms);
     pc.escape.pressed = true;
     pc.dialog.answer_yes = true;
-    Dial();
+    EXPECT_FALSE(Dial());
     // 100 reads of 10 ms behind the first look at the clock.
     EXPECT_EQ(component.CallsOf("ReceiveString").size(), 100U);
-    ASSERT_EQ(pc.dialog.told.size(), 1U);
-    EXPECT_EQ(pc.dialog.told[0].text, QStringLiteral("Il Modem non risponde"));
+    EXPECT_TRUE(pc.dialog.told.empty());
     EXPECT_TRUE(component.CallsOf("SendTelegram").empty());
+}
+
+TEST_F(ObjectModem, EscapeEndsTheRepetitionOfThePlantCode)
+{
+    call.retries = 40;
+    component.received_texts = {"CONNECT"};
+    component.acknowledged_try = 0;
+    component.on_call = [this](const std::string&) {
+        pc.escape.pressed = component.CallsOf("SendTelegram").size() == 2;
+    };
+    pc.dialog.answer_yes = true;
+    EXPECT_FALSE(Dial());
+    EXPECT_EQ(component.CallsOf("SendTelegram").size(), 2U);
+    EXPECT_TRUE(pc.dialog.told.empty());
 }
 
 TEST_F(ObjectModem, TheEscapeThatClosesTheBoxIsNoWishToStop)
 {
     pc.dialog.on_tell = [&] { pc.escape.pressed = true; };
-    Dial();
+    EXPECT_TRUE(Dial());
     EXPECT_FALSE(pc.escape.pressed);
 }
 
@@ -128,7 +141,7 @@ TEST_F(ObjectModem, EscapeIsLookedForOnceASecond)
     };
     component.received_texts.assign(549, "");
     component.received_texts.push_back("CONNECT");
-    Dial();
+    EXPECT_TRUE(Dial());
     EXPECT_EQ(pc.dialog.asked.size(), 5U) << "in five and a half seconds";
     EXPECT_EQ(component.CallsOf("SendTelegram").size(), 1U);
 }

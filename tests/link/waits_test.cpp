@@ -131,6 +131,7 @@ TEST_F(Waits, EscapeQuestionHasItsTitleAndText)
     EXPECT_EQ(pc.dialog.asked[0].title, QStringLiteral("Attenzione"));
     EXPECT_EQ(pc.dialog.asked[0].text, QStringLiteral("Si desidera interrompere la procedura?"));
     EXPECT_EQ(pc.dialog.asked[0].icon, DialogIcon::Question);
+    EXPECT_TRUE(pc.dialog.asked[0].when_ending) << "nobody is there to say that it goes on";
 }
 
 TEST_F(Waits, EscapeLetsPendingEventsInFirst)

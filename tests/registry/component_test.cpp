@@ -130,6 +130,28 @@ TEST_F(ComponentTest, TheStripSaysThatEscapeEndsTheDial)
     EXPECT_TRUE(hint->isHidden());
 }
 
+TEST_F(ComponentTest, ACallThatTheOperatorEndsIsHungUpAndNothingIsToBeAsked)
+{
+    state.Component = component.Make();
+    pc.dialog.answer_yes = true;
+    component.on_call = [this](const std::string& call) {
+        if (!call.starts_with("ReceiveString")) return;
+        pc.clock.Advance(std::chrono::seconds{1});
+        pc.escape.pressed = true;
+    };
+    for (const TerminalType type : {TerminalType::Orlo, TerminalType::Sipa}) {
+        component.calls.clear();
+        state.TelegramLinkOpen = false;
+        Select(type, /*by_modem=*/true);
+        EXPECT_FALSE(window.PrepareCurrentTerminal());
+        EXPECT_EQ(Outcome(), QStringLiteral("Chiamata interrotta."));
+        EXPECT_THAT(component.calls,
+                    ElementsAre("OpenComunication(2, 38400)", "SendString(\"ATD0123\r\")",
+                                "ReceiveString(1000, true)", "DTR(false)", "DTR(true)"));
+    }
+    EXPECT_TRUE(pc.dialog.told.empty());
+}
+
 TEST_F(ComponentTest, MissingComponentIsSaidAndNothingIsCalled)
 {
     Select(TerminalType::Orlo, /*by_modem=*/true);

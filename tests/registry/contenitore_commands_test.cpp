@@ -1,4 +1,5 @@
 #include "tests/registry/contenitore_fixture.h"
+#include "tests/support/paint_count.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -54,6 +55,19 @@ TEST_F(ContenitoreCommands, NothingEnablesAButtonWithoutItsFeature)
     EXPECT_TRUE(Enabled("cmdTest"));
     window.SetFeatureAvailable(&Control<QAbstractButton>("cmdTest"), false);
     EXPECT_FALSE(Enabled("cmdTest"));
+}
+
+TEST_F(ContenitoreCommands, AClearedOutcomeIsOffTheScreenBeforeTheTerminalIsTalkedTo)
+{
+    TextPanel& caption = Control<TextPanel>("PannelloComunicazione");
+    caption.setText(QStringLiteral("Comunicazione OK"));
+    const testing::PaintCount painted(caption, [&caption] { return caption.text().isEmpty(); });
+    Run([this, &caption, &painted] {
+        caption.clear();
+        const int before = painted.times;
+        EXPECT_TRUE(window.PrepareCurrentTerminal());
+        EXPECT_GT(painted.times, before);
+    });
 }
 
 TEST_F(ContenitoreCommands, WhileOneRunsEveryButtonIsDisabledButNoFrame)

@@ -47,7 +47,7 @@ public:
         told.push_back(title + u'|' + text);
         if (while_shown) while_shown();
     }
-    bool AskYesNo(DialogIcon, const QString&, const QString&) override { return false; }
+    bool AskYesNo(DialogIcon, const QString&, const QString&, bool) override { return false; }
     bool OperatorPresent() const override { return true; }
 
     std::vector<QString> told;

@@ -2,6 +2,7 @@
 
 #include "simulator/pseudo_terminal.h"
 #include "tests/simulator/component_fixture.h"
+#include "tests/support/file_permissions.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -10,6 +11,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <random>
 #include <thread>
@@ -35,7 +37,7 @@ void PrintTo(const FailureCase& failure, std::ostream* out)
     *out << failure.fault;
 }
 
-class ComponentFailure : public ComponentTest, public testing::WithParamInterface<FailureCase>
+class ComponentFailure : public ComponentTest, public ::testing::WithParamInterface<FailureCase>
 {
 };
 
@@ -55,17 +57,17 @@ TEST_P(ComponentFailure, HasItsCodeOnceAndNotAgain)
 
 INSTANTIATE_TEST_SUITE_P(
     Each, ComponentFailure,
-    testing::Values(FailureCase{"EndOfRecords", "esito=ER", "ER"},
-                    FailureCase{"Given", "esito=21,Errore linea", "21,Errore linea"},
-                    FailureCase{"LostRequest", "richiesta-persa", "99,Time Out"},
-                    FailureCase{"LostAnswer", "silenzio", "99,Time Out"},
-                    FailureCase{"LateAnswer", "ritardo=2100", "99,Time Out"},
-                    FailureCase{"WrongCheck", "checksum-errato", "99,Time Out"},
-                    FailureCase{"CutAnswer", "troncata", "99,Time Out"},
-                    FailureCase{"MissingBytes", "byte-mancanti=3", "99,Time Out"},
-                    FailureCase{"NoiseBefore", "rumore-prima=300", ""},
-                    FailureCase{"NoiseAfter", "rumore-dopo=300", ""},
-                    FailureCase{"ByteByByte", "byte-singoli=5", ""}),
+    ::testing::Values(FailureCase{"EndOfRecords", "esito=ER", "ER"},
+                      FailureCase{"Given", "esito=21,Errore linea", "21,Errore linea"},
+                      FailureCase{"LostRequest", "richiesta-persa", "99,Time Out"},
+                      FailureCase{"LostAnswer", "silenzio", "99,Time Out"},
+                      FailureCase{"LateAnswer", "ritardo=2100", "99,Time Out"},
+                      FailureCase{"WrongCheck", "checksum-errato", "99,Time Out"},
+                      FailureCase{"CutAnswer", "troncata", "99,Time Out"},
+                      FailureCase{"MissingBytes", "byte-mancanti=3", "99,Time Out"},
+                      FailureCase{"NoiseBefore", "rumore-prima=300", ""},
+                      FailureCase{"NoiseAfter", "rumore-dopo=300", ""},
+                      FailureCase{"ByteByByte", "byte-singoli=5", ""}),
     [](const auto& instance) { return std::string(instance.param.name); });
 
 TEST_F(ComponentLine, AnswersAllMembersWithTheCodeOfTheFailure)
@@ -119,7 +121,7 @@ TEST_F(ComponentLine, TheEchoOfAModemIsNoAnswer)
         std::string heard;
         for (int read = 0; read < 1000 && heard.empty(); ++read)
             heard = client.Telegram().ReceiveString(1000, true);
-        EXPECT_THAT(heard, testing::HasSubstr("CONNECT")) << "echo " << echo;
+        EXPECT_THAT(heard, ::testing::HasSubstr("CONNECT")) << "echo " << echo;
         EXPECT_EQ(heard.find("ATD"), std::string::npos) << "echo " << echo;
     }
 }
@@ -137,8 +139,8 @@ TEST_F(ComponentLine, SaysWhyADeviceCannotBeOpened)
         std::int32_t speed;
         const char* code;
     } cases[] = {
-        {PathOf("niente"), 1, 9600, "98,COM1 non si apre: No such file or directory"},
-        {PathOf("file"), 1, 9600, "98,COM1 non si apre: Inappropriate ioctl for device"},
+        {PathOf("niente"), 1, 9600, "98,COM1 non si apre: dispositivo non trovato"},
+        {PathOf("file"), 1, 9600, "98,COM1 non si apre: dispositivo non seriale"},
         {PathOf("occupata"), 1, 9600, "98,COM1 non si apre: usata da un altro programma"},
         {Line(), 1, 9601, "98,COM1 non si apre: non conosce 9601 bit/s"},
         {Line(), 2, 9600, "98,COM2 non assegnata"},
@@ -153,6 +155,18 @@ TEST_F(ComponentLine, SaysWhyADeviceCannotBeOpened)
         EXPECT_FALSE(client.Status());
         EXPECT_EQ(client.Records().ReceivedCommand(), code);
     }
+}
+
+TEST_F(ComponentLine, SaysThatADeviceIsNotForThisUser)
+{
+    std::ofstream(PathOf("altrui")) << "not to be opened\n";
+    std::filesystem::permissions(PathOf("altrui"), std::filesystem::perms::none);
+    StartTerminal("");
+    const orlo::testing::HeededPermissions heeded;
+    Client client(PathOf("altrui"));
+    client.Open(1, 9600);
+    EXPECT_FALSE(client.Status());
+    EXPECT_EQ(client.Records().ReceivedCommand(), "98,COM1 non si apre: permesso negato");
 }
 
 TEST_F(ComponentLine, IsHeldByOneClientAtATime)
@@ -238,7 +252,7 @@ private:
 TEST_F(ComponentLine, GivesUpOnALineFullOfNoise)
 {
     const unsigned seed = std::random_device{}();
-    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    SCOPED_TRACE(::testing::Message() << "seed " << seed);
     const NoisyLine noise(Line(), seed);
     Client client(Line());
     EXPECT_FALSE(client.Status());

@@ -21,6 +21,7 @@ public:
         QString title;
         QString text;
         QString informative;
+        bool when_ending = false;
     };
     std::vector<Box> told;
     std::vector<Box> asked;
@@ -35,9 +36,10 @@ public:
         told.push_back({icon, title, text, informative});
         on_tell();
     }
-    bool AskYesNo(DialogIcon icon, const QString& title, const QString& text) override
+    bool AskYesNo(DialogIcon icon, const QString& title, const QString& text,
+                  bool when_ending) override
     {
-        asked.push_back({icon, title, text, {}});
+        asked.push_back({icon, title, text, {}, when_ending});
         return answer_yes;
     }
     bool OperatorPresent() const override { return present; }
