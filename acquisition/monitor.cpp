@@ -90,6 +90,7 @@ bool SerialMonitor::ReadBlocks()
         if (result == Block::Missing) reading_.NoteMissingBlock();
         reading_.ShowProgress(block + 1, last + 1);
     }
+    reading_.NoteDeclared(PunchesInMemory(model_.counting, state.TPnt));
     return true;
 }
 
@@ -116,11 +117,7 @@ SerialMonitor::Block SerialMonitor::ReadBlock(SerialPortControl& port, int block
 
 void SerialMonitor::AggiungeInLista(int block, const std::string& answer)
 {
-    const auto punches = DecodeMonitorAnswer(answer, reading_.NextNumber(), rules_);
-    reading_.Add(punches);
-    // The block behind the last punch is asked for to hear the terminal's "END".
-    const bool last = block == LastMonitorBlock(desk_.State().TPnt);
-    if (last && !punches.empty()) reading_.NoteMoreThanDeclared();
+    reading_.Add(DecodeMonitorAnswer(answer, reading_.NextNumber(), rules_));
     Caption(QStringLiteral("Comunicazione OK"));
     form_.Controls().LabelScaricate->setText(
         QStringLiteral("Transazioni Acquisite: %1").arg(PunchesRead(block, answer)));

@@ -86,8 +86,17 @@ QString MonitorReading::Outcome() const
     if (status_missing_) return QStringLiteral("Errore: stato della memoria non arrivato");
     if (missing_blocks_ > 0)
         return QStringLiteral("Errore: blocchi non arrivati: %1").arg(missing_blocks_);
-    if (more_than_declared_) return QStringLiteral("Errore: la lista può non essere completa");
+    if (BeyondDeclared() != 0) return QStringLiteral("Errore: la lista può non essere completa");
     return {};
+}
+
+/// How many punches the list has more than the terminal declared, below zero how many fewer; 0 too
+/// where something else says why, or makes the declared number itself doubtful.
+int MonitorReading::BeyondDeclared() const
+{
+    if (!declared_ || status_missing_ || missing_blocks_ > 0) return 0;
+    const int beyond = NextNumber() - 1 - *declared_;
+    return stopped_ || Failed() ? std::max(beyond, 0) : beyond;
 }
 
 /// Empty when nothing is.
@@ -98,10 +107,14 @@ QString MonitorReading::WhatIsWrong() const
     QStringList wrong;
     if (status_missing_)
         wrong << QStringLiteral("Lo stato della memoria non è arrivato: ") + doubt;
-    else if (more_than_declared_)
+    else if (BeyondDeclared() > 0)
         wrong << QStringLiteral(
                      "Il terminale contiene più timbrature di quante ne ha dichiarate: ") +
                      doubt;
+    else if (BeyondDeclared() < 0)
+        wrong << QStringLiteral(
+            "Sono arrivate meno timbrature di quante il terminale ne ha dichiarate: la lista può "
+            "non essere completa.");
     if (missing_blocks_ == 1)
         wrong << QStringLiteral(
             "Di un blocco di timbrature non è arrivata la risposta: la lista non è completa, e "

@@ -30,10 +30,16 @@ TEST_F(SerialMonitor, LastBlockIsAskedForWhenTheTerminalHasMore)
     Read();
     EXPECT_EQ(Blocks(), Texts({"0", "1", "2", "3", "4", "5"}));
     EXPECT_EQ(Lines().size(), 60);
-    ExpectDoubt(
-        QStringLiteral("Errore: la lista può non essere completa"),
-        QStringLiteral("Il terminale contiene più timbrature di quante ne ha dichiarate: la "
-                       "lista può non essere completa e gli stati non valgono."));
+    ExpectOtherThanDeclared(More());
+}
+
+TEST_F(SerialMonitor, PunchMadeDuringTheReadingIsTold)
+{
+    // It came behind block 1 and shifted what followed by one.
+    Answering("Strale", {kStatus24, Records(10), Records(10), Records(6), "END"});
+    Read();
+    EXPECT_EQ(Lines().size(), 26);
+    ExpectOtherThanDeclared(More());
 }
 
 TEST_F(SerialMonitor, EndEndsTheReadingBeforeTheLastBlock)
@@ -42,7 +48,46 @@ TEST_F(SerialMonitor, EndEndsTheReadingBeforeTheLastBlock)
     Read();
     EXPECT_EQ(Blocks(), Texts({"0", "1"}));
     EXPECT_EQ(Lines().size(), 10);
-    EXPECT_EQ(Told(), ReceptionOk());
+    ExpectOtherThanDeclared(Fewer());
+}
+
+TEST_F(SerialMonitor, FewerPunchesThanDeclaredAreToldByEachModelsCount)
+{
+    const struct {
+        const char* model;
+        const char* pointer;
+        int listed;
+        bool told;
+    } cases[] = {{"Strale", "00009", 10, false},
+                 {"Strale", "00009", 9, true},
+                 {"OrloTre", "00010", 10, false},
+                 {"OrloTre", "00010", 9, true}};
+    for (const auto& [model, pointer, listed, told] : cases) {
+        Answering(model,
+                  {std::string("TPnt ") + pointer + " TrInMemory 00010 TpntOld 00000 TpntNew 00010",
+                   Records(listed), "END"});
+        window.SelectTerminalLine(Controls().ListaTerminali->count() - 1);
+        Read();
+        EXPECT_EQ(pc.dialog.told.back().informative, told ? Fewer() : QString())
+            << model << ", " << listed;
+        form.close();
+    }
+}
+
+TEST_F(SerialMonitor, TerminalEmptiedBeforeItIsReadHasFewerThanDeclared)
+{
+    Answering("Strale", {kStatus24, "END"});
+    Read();
+    EXPECT_TRUE(Lines().isEmpty());
+    ExpectOtherThanDeclared(Fewer());
+}
+
+TEST_F(SerialMonitor, BlockThatIsCutShortIsTold)
+{
+    Answering("Strale", {kStatus24, Records(10), "9 123456000108300015", Records(5), "END"});
+    Read();
+    EXPECT_EQ(Lines().size(), 15);
+    ExpectOtherThanDeclared(Fewer());
 }
 
 TEST_F(SerialMonitor, EachModelIsCountedAndToldByItsOwnRule)
@@ -102,8 +147,9 @@ TEST_F(SerialMonitor, BlockWithoutAnAnswerIsLeftOutAndTold)
     EXPECT_EQ(Lines().size(), 15);
     EXPECT_EQ(Label("LabelScaricate"), QStringLiteral("Transazioni Acquisite: 25"));
     EXPECT_EQ(Told(), ReceptionOk());
-    EXPECT_TRUE(pc.dialog.told[0].informative.startsWith(
-        QStringLiteral("Di un blocco di timbrature non è arrivata la risposta: ")));
+    EXPECT_EQ(pc.dialog.told[0].informative,
+              QStringLiteral("Di un blocco di timbrature non è arrivata la risposta: la lista non "
+                             "è completa, e numeri e stati dopo di esso non valgono."));
     EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore: blocchi non arrivati: 1"));
 }
 
@@ -133,6 +179,7 @@ TEST_F(SerialMonitor, AnswerOfFewerThan26CharactersAddsNoLine)
     Read();
     EXPECT_TRUE(Lines().isEmpty());
     EXPECT_EQ(Label("LabelScaricate"), QStringLiteral("Transazioni Acquisite: 0"));
+    ExpectOtherThanDeclared(Fewer());
 }
 
 TEST_F(SerialMonitor, EveryRecordOfAnAnswerIsListedHoweverMany)

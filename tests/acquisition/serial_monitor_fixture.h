@@ -69,6 +69,23 @@ protected:
         EXPECT_EQ(pc.dialog.told.back().text, QStringLiteral("Ricezione dati OK"));
         EXPECT_EQ(pc.dialog.told.back().informative, informative);
     }
+    /// The same for a list that is shorter or longer than the terminal declared.
+    void ExpectOtherThanDeclared(const QString& informative) const
+    {
+        ExpectDoubt(QStringLiteral("Errore: la lista può non essere completa"), informative);
+    }
+    static QString Fewer()
+    {
+        return QStringLiteral(
+            "Sono arrivate meno timbrature di quante il terminale ne ha dichiarate: la lista può "
+            "non essere completa.");
+    }
+    static QString More()
+    {
+        return QStringLiteral(
+            "Il terminale contiene più timbrature di quante ne ha dichiarate: la lista può non "
+            "essere completa e gli stati non valgono.");
+    }
     static QStringList Texts(std::initializer_list<const char*> texts)
     {
         QStringList list;
@@ -78,6 +95,7 @@ protected:
 };
 
 inline constexpr const char* kStatus41 = "TPnt 00041 TrInMemory 00042 TpntOld 00000 TpntNew 00041";
+inline constexpr const char* kStatus24 = "TPnt 00024 TrInMemory 00025 TpntOld 00000 TpntNew 00024";
 inline constexpr const char* kRecord = "9 123456000108300015030601";
 
 inline std::string Records(int count)
