@@ -48,11 +48,18 @@ void MonitorReading::Finish()
 {
     CloseFile();
     TellOutcome();
-    if (!stopped_)
-        form_.Desk().Station().dialog.Tell(
-            DialogIcon::Information, QStringLiteral("Comunicazione"),
-            Failed() ? failure_ : QStringLiteral("Ricezione dati OK"), WhatIsWrong());
+    const QString wrong = WhatIsWrong();
+    // Who stopped it knows that it was stopped, but not what is wrong with the lines he sees.
+    if (!stopped_ || !wrong.isEmpty())
+        form_.Desk().Station().dialog.Tell(DialogIcon::Information, QStringLiteral("Comunicazione"),
+                                           HowItEnded(), wrong);
     form_.Controls().PercentualeMonitor->setValue(0);
+}
+
+QString MonitorReading::HowItEnded() const
+{
+    if (stopped_) return QStringLiteral("Lettura interrotta");
+    return Failed() ? failure_ : QStringLiteral("Ricezione dati OK");
 }
 
 void MonitorReading::CloseFile()
@@ -81,8 +88,7 @@ void MonitorReading::TellOutcome()
 QString MonitorReading::Outcome() const
 {
     if (file_failed_) return QStringLiteral("Errore: \"%1\" non scritto").arg(MonitorFile::Name());
-    if (stopped_) return QStringLiteral("Lettura interrotta");
-    if (Failed()) return failure_;
+    if (stopped_ || Failed()) return HowItEnded();
     if (status_missing_) return QStringLiteral("Errore: stato della memoria non arrivato");
     if (missing_blocks_ > 0)
         return QStringLiteral("Errore: blocchi non arrivati: %1").arg(missing_blocks_);

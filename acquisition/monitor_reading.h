@@ -46,6 +46,7 @@ public:
 private:
     void CloseFile();
     void TellFileFailure(const QString& text);
+    QString HowItEnded() const;
     QString Outcome() const;
     QString WhatIsWrong() const;
     int BeyondDeclared() const;

@@ -50,6 +50,37 @@ TEST_F(SerialMonitor, EscapeStopsBetweenBlocksAndTheListingIsWhole)
     EXPECT_TRUE(form.isVisible());
 }
 
+TEST_F(SerialMonitor, BlocksMissingFromAStoppedReadingAreTold)
+{
+    Connect("Strale", "timbrature=60", {"30#2:silenzio", "30#3:silenzio", "30#4:silenzio"});
+    EscapeAt(QStringLiteral("302"), /*yes=*/true);
+    Read();
+    EXPECT_EQ(Lines().size(), 20);
+    ExpectStoppedAndTold(
+        QStringLiteral("Di un blocco di timbrature non è arrivata la risposta: la lista non è "
+                       "completa, e numeri e stati dopo di esso non valgono."));
+}
+
+TEST_F(SerialMonitor, DoubtOfAStoppedReadingIsTold)
+{
+    Connect("Strale", "timbrature=60", {"32#1:checksum-errato"});
+    EscapeAt(QStringLiteral("300"), /*yes=*/true);
+    Read();
+    EXPECT_EQ(Lines().size(), 10);
+    ExpectStoppedAndTold(
+        QStringLiteral("Lo stato della memoria non è arrivato: la lista può non essere completa e "
+                       "gli stati non valgono."));
+}
+
+TEST_F(SerialMonitor, StoppedReadingIsToldWhatItHasTooManyOnly)
+{
+    Answering("Strale", {kStatus24, Records(10), Records(10), Records(10)});
+    EscapeAt(QStringLiteral("302"), /*yes=*/true);
+    Read();
+    EXPECT_EQ(Lines().size(), 30);
+    ExpectStoppedAndTold(More());
+}
+
 TEST_F(SerialMonitor, EscapeAnsweredWithNoReadsOn)
 {
     Connect("Strale", "timbrature=42");

@@ -74,6 +74,14 @@ protected:
     {
         ExpectDoubt(QStringLiteral("Errore: la lista può non essere completa"), informative);
     }
+    /// A reading that the operator stopped and whose lines are not what they seem.
+    void ExpectStoppedAndTold(const QString& informative) const
+    {
+        const QString stopped = QStringLiteral("Lettura interrotta");
+        EXPECT_EQ(Label("EsitoMonitor"), stopped);
+        ASSERT_EQ(Told(), QStringList{QStringLiteral("Comunicazione|") + stopped});
+        EXPECT_EQ(pc.dialog.told[0].informative, informative);
+    }
     static QString Fewer()
     {
         return QStringLiteral(
