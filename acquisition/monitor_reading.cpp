@@ -130,7 +130,9 @@ QString MonitorReading::WhatIsWrong() const
                      "Di %1 blocchi di timbrature non è arrivata la risposta: la lista non è "
                      "completa, e numeri e stati dopo di essi non valgono.")
                      .arg(missing_blocks_);
-    return wrong.join(u' ');
+    if (wrong.isEmpty()) return {};
+    wrong.front()[0] = wrong.front()[0].toLower();
+    return QStringLiteral("Attenzione: ") + wrong.join(u' ');
 }
 
 }  // namespace orlo

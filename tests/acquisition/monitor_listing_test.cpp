@@ -56,9 +56,9 @@ TEST_F(SerialMonitor, BlocksMissingFromAStoppedReadingAreTold)
     EscapeAt(QStringLiteral("302"), /*yes=*/true);
     Read();
     EXPECT_EQ(Lines().size(), 20);
-    ExpectStoppedAndTold(
-        QStringLiteral("Di un blocco di timbrature non è arrivata la risposta: la lista non è "
-                       "completa, e numeri e stati dopo di esso non valgono."));
+    ExpectStoppedAndTold(QStringLiteral(
+        "Attenzione: di un blocco di timbrature non è arrivata la risposta: la lista non è "
+        "completa, e numeri e stati dopo di esso non valgono."));
 }
 
 TEST_F(SerialMonitor, DoubtOfAStoppedReadingIsTold)
@@ -67,9 +67,9 @@ TEST_F(SerialMonitor, DoubtOfAStoppedReadingIsTold)
     EscapeAt(QStringLiteral("300"), /*yes=*/true);
     Read();
     EXPECT_EQ(Lines().size(), 10);
-    ExpectStoppedAndTold(
-        QStringLiteral("Lo stato della memoria non è arrivato: la lista può non essere completa e "
-                       "gli stati non valgono."));
+    ExpectStoppedAndTold(QStringLiteral(
+        "Attenzione: lo stato della memoria non è arrivato: la lista può non essere completa e "
+        "gli stati non valgono."));
 }
 
 TEST_F(SerialMonitor, StoppedReadingIsToldWhatItHasTooManyOnly)

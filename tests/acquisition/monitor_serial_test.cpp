@@ -148,8 +148,9 @@ TEST_F(SerialMonitor, BlockWithoutAnAnswerIsLeftOutAndTold)
     EXPECT_EQ(Label("LabelScaricate"), QStringLiteral("Transazioni Acquisite: 25"));
     EXPECT_EQ(Told(), ReceptionOk());
     EXPECT_EQ(pc.dialog.told[0].informative,
-              QStringLiteral("Di un blocco di timbrature non è arrivata la risposta: la lista non "
-                             "è completa, e numeri e stati dopo di esso non valgono."));
+              QStringLiteral(
+                  "Attenzione: di un blocco di timbrature non è arrivata la risposta: la lista non "
+                  "è completa, e numeri e stati dopo di esso non valgono."));
     EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore: blocchi non arrivati: 1"));
 }
 

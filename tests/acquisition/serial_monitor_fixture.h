@@ -85,13 +85,15 @@ protected:
     static QString Fewer()
     {
         return QStringLiteral(
-            "Sono arrivate meno timbrature di quante il terminale ne ha dichiarate: la lista può "
+            "Attenzione: sono arrivate meno timbrature di quante il terminale ne ha dichiarate: la "
+            "lista può "
             "non essere completa.");
     }
     static QString More()
     {
         return QStringLiteral(
-            "Il terminale contiene più timbrature di quante ne ha dichiarate: la lista può non "
+            "Attenzione: il terminale contiene più timbrature di quante ne ha dichiarate: la lista "
+            "può non "
             "essere completa e gli stati non valgono.");
     }
     static QStringList Texts(std::initializer_list<const char*> texts)
