@@ -13,8 +13,26 @@
 #include <QClipboard>
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace orlo
 {
+
+namespace
+{
+
+/// The first character that is not sent, empty when all are. A control character, which only
+/// pasting brings into a field, nobody sees there; a CR would end the telegram before its checksum
+/// and what follows would be a second one.
+QString FirstNotSent(const QString& text)
+{
+    const auto control = std::find_if(text.begin(), text.end(), [](QChar character) {
+        return character.category() == QChar::Other_Control;
+    });
+    return control != text.end() ? QString(*control) : FirstOutsideWindows1252(text);
+}
+
+}  // namespace
 
 FrmComandi::FrmComandi(Contenitore& desk)
     : TerminalWindow(desk, *desk.Controls().cmdComandi), ui_(std::make_unique<Ui::FrmComandi>())
@@ -62,7 +80,7 @@ void FrmComandi::cmdTrasmetteComando_Click()
     CommandField_Change();
     ClearOutcome(*ui_->EsitoComando);
     const TypedCommand typed = Typed();
-    const QString refused = FirstOutsideWindows1252(typed.command + typed.parameters);
+    const QString refused = FirstNotSent(typed.command + typed.parameters);
     if (!refused.isEmpty()) {
         Refuse(refused);
         return;
@@ -77,9 +95,9 @@ void FrmComandi::Refuse(const QString& character)
 {
     Desk().Controls().PannelloComunicazione->setText(
         tr("Errore: il carattere \"%1\" (U+%2) non può essere inviato.")
-            .arg(character, QString::number(character.toUcs4().constFirst(), 16)
-                                .toUpper()
-                                .rightJustified(4, u'0')));
+            .arg(VisibleText(character), QString::number(character.toUcs4().constFirst(), 16)
+                                             .toUpper()
+                                             .rightJustified(4, u'0')));
 }
 
 void FrmComandi::SendCommand(const TypedCommand& typed)

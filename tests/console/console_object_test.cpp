@@ -91,6 +91,16 @@ TEST_F(ObjectConsole, CodeWithoutDataIsCopied)
     EXPECT_FALSE(Button("cmdCopia").isEnabled());
 }
 
+TEST_F(ObjectConsole, ControlCharacterInTheParametersIsNotSent)
+{
+    Connect();
+    Data().setText(QStringLiteral("01\n"));
+    Send("GETREL");
+    EXPECT_TRUE(component.calls.empty());
+    EXPECT_EQ(Status(),
+              QStringLiteral("Errore: il carattere \"<LF>\" (U+000A) non può essere inviato."));
+}
+
 TEST_F(ObjectConsole, ParameterOutsideTheCodePageIsNotSent)
 {
     Connect();

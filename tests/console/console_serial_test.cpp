@@ -1,5 +1,8 @@
 #include "tests/console/console_fixture.h"
 
+#include <QApplication>
+#include <QClipboard>
+
 namespace orlo::testing
 {
 namespace
@@ -62,6 +65,26 @@ TEST_F(SerialConsole, CharacterOutsideTheCodePageIsNamedAndNothingIsSent)
     Command().setText(QStringLiteral("?"));
     Press();
     EXPECT_EQ(commands, QStringList{QStringLiteral("?")});
+}
+
+TEST_F(SerialConsole, PastedControlCharactersAreNamedAndNothingIsSent)
+{
+    const struct {
+        const char* pasted;
+        const char* named;
+    } cases[] = {{"03\r32\r", "\"<CR>\" (U+000D)"}, {"03\n32", "\"<LF>\" (U+000A)"},
+                 {"03\t32", "\"<HT>\" (U+0009)"},   {"03\x7F", "\"<DEL>\" (U+007F)"},
+                 {"\xC2\x81", "\"<81>\" (U+0081)"}, {"→\n", "\"<LF>\" (U+000A)"}};
+    Connect();
+    for (const auto& [pasted, named] : cases) {
+        QApplication::clipboard()->setText(QString::fromUtf8(pasted));
+        Command().clear();
+        Command().paste();
+        Press();
+        EXPECT_TRUE(pc.com1.sent.empty()) << named;
+        EXPECT_EQ(Status(), QStringLiteral("Errore: il carattere %1 non può essere inviato.")
+                                .arg(QLatin1String(named)));
+    }
 }
 
 TEST_F(SerialConsole, EmptyCommandSendsATelegramWithoutABody)
