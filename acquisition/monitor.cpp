@@ -105,7 +105,11 @@ SerialMonitor::Block SerialMonitor::ReadBlock(SerialPortControl& port, int block
         // A late answer would be taken for that of the next request.
         if (!arrived || failed_before) LetLineRunOut(desk_.Station(), port);
         if (arrived) {
-            if (IsEndOfMemory(answer)) return Block::EndOfMemory;
+            if (IsEndOfMemory(answer)) {
+                // The last thing said would be how the attempt before failed.
+                if (failed_before) Caption(QStringLiteral("Comunicazione OK"));
+                return Block::EndOfMemory;
+            }
             AggiungeInLista(block, answer);
             return Block::Read;
         }

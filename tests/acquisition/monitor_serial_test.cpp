@@ -128,6 +128,17 @@ TEST_F(SerialMonitor, FailedBlockIsAskedForAgain)
     EXPECT_TRUE(pc.dialog.told[0].informative.isEmpty());
 }
 
+TEST_F(SerialMonitor, LostAnswerToTheLastRequestIsNotTheOutcome)
+{
+    Connect("Strale", "timbrature=25", {"30#4:silenzio"});
+    Read();
+    EXPECT_EQ(Blocks(), Texts({"0", "1", "2", "3", "3"}));
+    EXPECT_EQ(Lines().size(), 25);
+    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Comunicazione OK"));
+    EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(QStringLiteral("Comunicazione OK")));
+    EXPECT_TRUE(pc.dialog.told[0].informative.isEmpty());
+}
+
 TEST_F(SerialMonitor, LateAnswerIsNotTakenForTheNextBlock)
 {
     Connect("Strale", "timbrature=25", {"30#2:ritardo=2500"});
