@@ -74,6 +74,10 @@ bool SerialMonitor::ReadBlocks()
 {
     const PortSession session(desk_);
     if (session.Port() == nullptr || !reading_.OpenFile()) return false;
+    if (NumericValue(desk_.Controls().Tentativi->text()) < 1) {
+        reading_.Fail(kNoAttempts);
+        return true;
+    }
     const ProgramState& state = desk_.State();
     const auto slot = static_cast<std::size_t>(state.CurrentTerminalNumber - 1);
     rules_ = MonitorRulesFor(state.TerminalTable.at(slot).Tipo, model_.counting, state.TPnt,

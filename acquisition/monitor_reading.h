@@ -12,6 +12,10 @@ namespace orlo
 
 class FrmMonitor;
 
+/// The outcome where `Tentativi` leaves nothing to be asked. An old database that got the column
+/// when it was upgraded has nothing in it, which is 0.
+inline const QString kNoAttempts = QStringLiteral("Errore: i tentativi sono 0");
+
 /// One reading of a punch memory: the list, the listing beside it, and how it ends.
 class MonitorReading
 {

@@ -220,13 +220,19 @@ TEST_F(SerialMonitor, BytesOfARecordAreTheSameInListAndListing)
     EXPECT_EQ(List().LinesSeen(), 1);
 }
 
-TEST_F(SerialMonitor, NoAttemptAsksForNothingAndSaysWhatIsMissing)
+TEST_F(SerialMonitor, TerminalWithoutAttemptsIsAskedForNothingAndTheReasonTold)
 {
-    Connect("Strale", "timbrature=3");
-    Controls().Tentativi->setText(QStringLiteral("0"));
+    // As a database leaves it that got the column when it was upgraded.
+    Connect("Strale", "timbrature=25");
+    state.TerminalTable[kTerminal - 1].Tentativi = 0;
+    window.SelectTerminalLine(0);
     Read();
     EXPECT_EQ(commands, Texts({"32"}));
-    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore: blocchi non arrivati: 2"));
+    const QString reason = QStringLiteral("Errore: i tentativi sono 0");
+    EXPECT_EQ(Label("EsitoMonitor"), reason);
+    EXPECT_EQ(Told(), QStringList{QStringLiteral("Comunicazione|") + reason});
+    EXPECT_EQ(pc.dialog.told[0].informative, QString());
+    EXPECT_FALSE(pc.com1.PortOpen());
 }
 
 TEST_F(SerialMonitor, DataThatReadsLikeAFailureIsOne)
