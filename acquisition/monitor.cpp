@@ -7,6 +7,7 @@
 #include "acquisition/stato_memoria.h"
 #include "link/telegram.h"
 #include "registry/contenitore_controls.h"
+#include "registry/held_line.h"
 #include "registry/numeric_value.h"
 #include "registry/port_session.h"
 
@@ -88,6 +89,10 @@ bool SerialMonitor::ReadBlocks()
         if (result == Block::Stopped) break;
         if (result == Block::EndOfMemory) {
             reading_.ShowProgress(1, 1);
+            break;
+        }
+        if (result == Block::Missing && session.Port()->LineLost()) {
+            reading_.Fail(LostLineText(desk_));
             break;
         }
         // What follows is read all the same: the operator sees at least that.

@@ -235,6 +235,35 @@ TEST_F(SerialMonitor, TerminalWithoutAttemptsIsAskedForNothingAndTheReasonTold)
     EXPECT_FALSE(pc.com1.PortOpen());
 }
 
+TEST_F(SerialMonitor, LineThatFallsEndsTheReadingAndIsTheOutcome)
+{
+    Connect("Strale", "timbrature=60");
+    LoseLineAt(QStringLiteral("302"));
+    QList<int> values;
+    QObject::connect(&Find<QProgressBar>("PercentualeMonitor"), &QProgressBar::valueChanged, &form,
+                     [&values](int value) { values << value; });
+    Read();
+    EXPECT_EQ(Lines().size(), 20);
+    // The status, blocks 0 and 1, and the three attempts for block 2.
+    EXPECT_EQ(pc.com1.sent.size(), 6U);
+    EXPECT_EQ(values, (QList<int>{14, 28, 0}));
+    const QString fallen = QStringLiteral("Errore: la linea è caduta.");
+    EXPECT_EQ(Label("EsitoMonitor"), fallen);
+    EXPECT_EQ(Told(), QStringList{QStringLiteral("Comunicazione|") + fallen});
+    EXPECT_EQ(pc.dialog.told[0].informative, QString());
+}
+
+TEST_F(SerialMonitor, HeldLineThatFallsAsksForALogOff)
+{
+    Connect("Strale", "timbrature=60");
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    LoseLineAt(QStringLiteral("302"));
+    Read();
+    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore: la linea è caduta. Premere Log-off."));
+}
+
 TEST_F(SerialMonitor, DataThatReadsLikeAFailureIsOne)
 {
     Answering("Strale", {"TPnt 00000 TrInMemory 00001 TpntOld 00000 TpntNew 00000", "TIMEOUT",

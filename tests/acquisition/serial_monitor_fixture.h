@@ -51,6 +51,16 @@ protected:
         };
     }
 
+    /// The line falls when that request goes out.
+    void LoseLineAt(const QString& request)
+    {
+        pc.com1.answer_to = [this, request, carry = pc.com1.answer_to](std::string_view bytes) {
+            std::vector<Arrival> arrivals = carry(bytes);
+            pc.com1.line_lost = commands.back() == request;
+            return pc.com1.line_lost ? std::vector<Arrival>() : arrivals;
+        };
+    }
+
     /// Requests for blocks, the others apart.
     QStringList Blocks() const
     {
