@@ -1,5 +1,6 @@
 #include "tests/acquisition/monitor_fixture.h"
 
+#include <QAccessible>
 #include <QTimer>
 
 namespace orlo::testing
@@ -231,8 +232,22 @@ TEST_F(MonitorWindow, NoTwoMnemonicsAreAlikeAndEveryInputHasAName)
     EXPECT_PRED1(AllDifferent, MnemonicsOf(form) + u'T');
     for (const char* name :
          {"ListaMonitor", "CheckMemo", "ChkTuttaMemoria", "cmdMonitor", "cmdUscita", "cmdCopia",
-          "FiltroMonitor", "FiltroStato", "LabelTransazioni", "LabelScaricate", "EsitoMonitor"})
+          "FiltroMonitor", "FiltroStato", "EsitoMonitor"})
         EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;
+}
+
+TEST_F(MonitorWindow, CountsAndOutcomeAreThereForAssistivePrograms)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=5");
+    Read();
+    const auto said = [this](const char* name, QAccessible::Text kind) {
+        return QAccessible::queryAccessibleInterface(&Find<QLabel>(name))->text(kind);
+    };
+    EXPECT_EQ(said("LabelTransazioni", QAccessible::Name),
+              QStringLiteral("Transazioni Presenti:  5"));
+    EXPECT_EQ(said("LabelScaricate", QAccessible::Name),
+              QStringLiteral("Transazioni Acquisite: 5"));
+    EXPECT_EQ(said("EsitoMonitor", QAccessible::Description), QStringLiteral("Comunicazione OK"));
 }
 
 }  // namespace

@@ -57,6 +57,8 @@ TEST_F(ObjectConsole, RefusalShowsItsCodeAndTheData)
     component.received_data = "resto";
     Send("GETREL");
     EXPECT_EQ(Label("ReceveidCommand"), QStringLiteral("99,Time Out"));
+    EXPECT_EQ(Find<QLabel>("ReceveidCommand").accessibleDescription(),
+              QStringLiteral("99,Time Out"));
     EXPECT_EQ(Answer(), QStringLiteral("resto"));
     EXPECT_EQ(Status(), QString());
     EXPECT_EQ(Outcome(), QString());

@@ -216,6 +216,9 @@ TEST_F(ConsoleWindow, NoTwoMnemonicsAreAlikeAndEveryInputHasAName)
     for (const char* name : {"CommandField", "DataField", "cmdTrasmetteComando", "cmdUscita",
                              "cmdCopia", "ReceivedDataLabel", "ReceveidCommand", "EsitoComando"})
         EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;
+    // What has the focus when the answer has it.
+    EXPECT_EQ(form.findChild<QPlainTextEdit*>()->accessibleName(),
+              QStringLiteral("Risposta del terminale"));
 }
 
 }  // namespace

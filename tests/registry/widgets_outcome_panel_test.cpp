@@ -20,6 +20,18 @@ TEST(OutcomePanel, GoodAndFailedOutcomesAreReadOut)
                                                   QStringLiteral("Errore aprendo la COM")}));
 }
 
+TEST(OutcomePanel, OutcomeIsItsDescriptionBeforeItIsReadOut)
+{
+    struct Panel : OutcomePanel {
+        QString described;
+        void Alert() override { described = accessibleDescription(); }
+    } panel;
+    panel.setText(QStringLiteral("Errore aprendo la COM"));
+    EXPECT_EQ(panel.described, QStringLiteral("Errore aprendo la COM"));
+    panel.clear();
+    EXPECT_EQ(panel.accessibleDescription(), QString());
+}
+
 TEST(OutcomePanel, ATextWrittenAsIntoAnyLabelIsNoticedWhenPainted)
 {
     OutcomePanel panel;
