@@ -135,14 +135,14 @@ bool FrmMonitor::eventFilter(QObject* watched, QEvent* event)
     return TerminalWindow::eventFilter(watched, event);
 }
 
-// Enter in a filter leads to what it found, and in a list that has lines it does nothing: a
-// reading would empty the list.
+// Enter in a filter leads to what it found. Elsewhere it reads, as the default button, only while
+// the list is empty: a reading would empty it. The buttons keep their Enter to themselves.
 void FrmMonitor::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (enter && (ui_->FiltroMonitor->hasFocus() || ui_->FiltroStato->hasFocus()))
         ui_->ListaMonitor->setFocus();
-    else if (enter && ui_->ListaMonitor->hasFocus() && ui_->ListaMonitor->count() > 0)
+    else if (enter && ui_->ListaMonitor->count() > 0)
         event->accept();
     else
         TerminalWindow::keyPressEvent(event);
