@@ -8,7 +8,6 @@
 
 #include "ui_frm_monitor.h"
 
-#include <QFileInfo>
 #include <QKeyEvent>
 
 namespace orlo
@@ -53,7 +52,7 @@ void FrmMonitor::Form_Load()
     ui_->LabelTuttaMemoria->setVisible(object_driven);
     ui_->ChkTuttaMemoria->setChecked(false);
     ui_->CheckMemo->setChecked(false);
-    ui_->CheckMemo->setToolTip(QFileInfo(MonitorFile::Name()).absoluteFilePath());
+    ui_->CheckMemo->setToolTip(MonitorFile::Path());
     ui_->FiltroMonitor->clear();
     OfferStates(object_driven);
     for (QLabel* label : {ui_->LabelTransazioni, ui_->LabelScaricate}) label->clear();

@@ -14,7 +14,8 @@ namespace orlo
 bool MonitorReading::OpenFile()
 {
     if (!form_.Controls().CheckMemo->isChecked() || file_.Open()) return true;
-    TellFileFailure(QStringLiteral("Impossibile scrivere il file \"%1\": %2."));
+    TellFileFailure(QStringLiteral("non scritto"),
+                    QStringLiteral("Impossibile scrivere il file \"%1\": %2."));
     return false;
 }
 
@@ -65,15 +66,16 @@ QString MonitorReading::HowItEnded() const
 void MonitorReading::CloseFile()
 {
     if (file_.IsOpen() && !file_.Close())
-        TellFileFailure(QStringLiteral("Il file \"%1\" non è completo: %2."));
+        TellFileFailure(QStringLiteral("non completo"),
+                        QStringLiteral("Il file \"%1\" non è completo: %2."));
 }
 
 // The outcome stands there before the box: behind it the caption would say that all is well.
-void MonitorReading::TellFileFailure(const QString& text)
+void MonitorReading::TellFileFailure(const QString& state, const QString& text)
 {
-    file_failed_ = true;
+    file_state_ = state;
     TellOutcome();
-    TellCritical(form_.Desk(), text.arg(MonitorFile::Name(), file_.Error()));
+    TellCritical(form_.Desk(), text.arg(MonitorFile::Path(), file_.Error()));
 }
 
 void MonitorReading::TellOutcome()
@@ -87,7 +89,8 @@ void MonitorReading::TellOutcome()
 /// Empty when the caption says it all.
 QString MonitorReading::Outcome() const
 {
-    if (file_failed_) return QStringLiteral("Errore: \"%1\" non scritto").arg(MonitorFile::Name());
+    if (!file_state_.isEmpty())
+        return QStringLiteral("Errore: \"%1\" %2").arg(MonitorFile::Name(), file_state_);
     if (stopped_ || Failed()) return HowItEnded();
     if (status_missing_) return QStringLiteral("Errore: stato della memoria non arrivato");
     if (missing_blocks_ > 0)

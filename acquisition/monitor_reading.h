@@ -49,7 +49,7 @@ public:
 
 private:
     void CloseFile();
-    void TellFileFailure(const QString& text);
+    void TellFileFailure(const QString& state, const QString& text);
     QString HowItEnded() const;
     QString Outcome() const;
     QString WhatIsWrong() const;
@@ -58,7 +58,7 @@ private:
     FrmMonitor& form_;
     MonitorFile file_;
     bool stopped_ = false;
-    bool file_failed_ = false;
+    QString file_state_;  ///< of a listing that failed
     bool status_missing_ = false;
     std::optional<int> declared_;
     int missing_blocks_ = 0;

@@ -101,9 +101,9 @@ TEST_F(SerialMonitor, ListingThatCannotBeMadeStopsTheReading)
     EXPECT_TRUE(Blocks().isEmpty());
     ASSERT_EQ(pc.dialog.told.size(), 1U);
     EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::Critical);
-    EXPECT_TRUE(pc.dialog.told[0].text.startsWith(
-        QStringLiteral("Impossibile scrivere il file \"MONITOR.TXT\": ")));
-    ExpectListingNotWritten();
+    EXPECT_EQ(pc.dialog.told[0].text,
+              QStringLiteral("Impossibile scrivere il file \"%1\": è una cartella.").arg(Path()));
+    ExpectListingIs("non scritto");
     EXPECT_FALSE(pc.com1.PortOpen());
 }
 
@@ -119,10 +119,11 @@ TEST_F(SerialMonitor, ListingThatIsNotWholeIsToldAndTheListIs)
     EXPECT_EQ(Lines().size(), 60);
     ASSERT_EQ(pc.dialog.told.size(), 2U);
     EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::Critical);
-    EXPECT_TRUE(pc.dialog.told[0].text.startsWith(
-        QStringLiteral("Il file \"MONITOR.TXT\" non è completo: ")));
+    EXPECT_EQ(
+        pc.dialog.told[0].text,
+        QStringLiteral("Il file \"%1\" non è completo: il file è troppo grande.").arg(Path()));
     EXPECT_EQ(pc.dialog.told[1].text, QStringLiteral("Ricezione dati OK"));
-    ExpectListingNotWritten();
+    ExpectListingIs("non completo");
 }
 
 TEST_F(SerialMonitor, ListingThatDoesNotReachTheDiskIsToldAndTheListIs)
@@ -137,8 +138,8 @@ TEST_F(SerialMonitor, ListingThatDoesNotReachTheDiskIsToldAndTheListIs)
     ASSERT_EQ(pc.dialog.told.size(), 2U);
     EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::Critical);
     EXPECT_TRUE(pc.dialog.told[0].text.startsWith(
-        QStringLiteral("Il file \"MONITOR.TXT\" non è completo: ")));
-    ExpectListingNotWritten();
+        QStringLiteral("Il file \"%1\" non è completo: ").arg(Path())));
+    ExpectListingIs("non completo");
 }
 
 TEST_F(SerialMonitor, SecondReadingBeginsAnew)
