@@ -9,6 +9,7 @@
 #include "ui_frm_monitor.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 namespace orlo
 {
@@ -129,7 +130,7 @@ void FrmMonitor::DeriveLook()
 bool FrmMonitor::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == ui_->LabelTuttaMemoria && event->type() == QEvent::MouseButtonPress &&
-        !Desk().CommandRunning())
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && !Desk().CommandRunning())
         ui_->ChkTuttaMemoria->click();
     return TerminalWindow::eventFilter(watched, event);
 }

@@ -70,6 +70,8 @@ TEST_F(MonitorWindow, PressOnItsLabelTicksWholeMemory)
 {
     Register(4, QStringLiteral("Orlo"));
     form.open();
+    QTest::mouseClick(&Find<QLabel>("LabelTuttaMemoria"), Qt::RightButton);
+    EXPECT_FALSE(Find<QCheckBox>("ChkTuttaMemoria").isChecked());
     QTest::mouseClick(&Find<QLabel>("LabelTuttaMemoria"), Qt::LeftButton);
     EXPECT_TRUE(Find<QCheckBox>("ChkTuttaMemoria").isChecked());
 }
