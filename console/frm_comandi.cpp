@@ -38,6 +38,8 @@ FrmComandi::FrmComandi(Contenitore& desk)
     : TerminalWindow(desk, *desk.Controls().cmdComandi), ui_(std::make_unique<Ui::FrmComandi>())
 {
     ui_->setupUi(this);
+    // Twice as far from what follows as a label is from its field.
+    ui_->LabelTitolo->setContentsMargins(0, 0, 0, ui_->disposizione_2->verticalSpacing());
     ShowOutcomeIn(*ui_->EsitoComando);
     connect(ui_->CommandField, &QLineEdit::textChanged, this, &FrmComandi::CommandField_Change);
     connect(ui_->cmdTrasmetteComando, &QPushButton::clicked, this,
@@ -60,6 +62,8 @@ void FrmComandi::Form_Load()
     for (QWidget* control : std::initializer_list<QWidget*>{
              ui_->labelParametri, ui_->DataField, ui_->LabelComando, ui_->ReceveidCommand})
         control->setVisible(object_driven);
+    // Alt+C leads to the command, from the title where the label does not show.
+    ui_->LabelTitolo->setText(object_driven ? tr("Comando da inviare") : tr("&Comando da inviare"));
     // The command takes the room of the parameters that are not there, and of the gap before them.
     ui_->disposizione_2->addWidget(ui_->CommandField, 2, 0, 1, object_driven ? 1 : 2);
     ui_->CommandField->clear();

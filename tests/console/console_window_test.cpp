@@ -95,6 +95,39 @@ TEST_F(ConsoleWindow, FieldAndButtonAreAsFarApartForEveryModel)
     EXPECT_EQ(gap(), 6);
 }
 
+TEST_F(ConsoleWindow, TitleIsAsFarFromWhatFollowsForEveryModel)
+{
+    Connect();
+    const auto gap = [this](const char* next) {
+        QApplication::processEvents();
+        const auto& title = Find<QLabel>("LabelTitolo");
+        const int words = title.geometry().bottom() - title.contentsMargins().bottom();
+        return Find<QWidget>(next).y() - words - 1;
+    };
+    EXPECT_EQ(gap("CommandField"), 6);
+    form.close();
+    Register(5, QStringLiteral("Orlo"));
+    window.SelectTerminalLine(1);
+    form.open();
+    EXPECT_EQ(gap("LabelComando"), 6);
+}
+
+TEST_F(ConsoleWindow, AltCLeadsToTheCommandForEveryModel)
+{
+    Connect();
+    const auto lead = [this] {
+        Button("cmdUscita").setFocus();
+        QTest::keyClick(&form, Qt::Key_C, Qt::AltModifier);
+        return form.focusWidget();
+    };
+    EXPECT_EQ(lead(), &Command());
+    form.close();
+    Register(5, QStringLiteral("Orlo"));
+    window.SelectTerminalLine(1);
+    form.open();
+    EXPECT_EQ(lead(), &Command());
+}
+
 TEST_F(ConsoleWindow, SendAndCloseStandInOneColumn)
 {
     Connect();
@@ -211,6 +244,8 @@ TEST_F(ConsoleWindow, EscapeClosesUnlessACommandRuns)
 
 TEST_F(ConsoleWindow, NoTwoMnemonicsAreAlikeAndEveryInputHasAName)
 {
+    Register(4, QStringLiteral("Orlo"));
+    form.open();
     EXPECT_EQ(MnemonicsOf(form).size(), 5);
     EXPECT_PRED1(AllDifferent, MnemonicsOf(form));
     for (const char* name : {"CommandField", "DataField", "cmdTrasmetteComando", "cmdUscita",
