@@ -11,6 +11,17 @@
 namespace orlo
 {
 
+namespace
+{
+
+/// What is sent to a terminal behind a modem then, the modem takes for commands of its own.
+bool WithoutItsCall(Contenitore& desk)
+{
+    return desk.State().CurrentModem && !desk.LineIsOpen();
+}
+
+}  // namespace
+
 bool MonitorReading::OpenFile()
 {
     if (!form_.Controls().CheckMemo->isChecked() || file_.Open()) return true;
@@ -92,7 +103,9 @@ QString MonitorReading::Outcome() const
     if (!file_state_.isEmpty())
         return QStringLiteral("Errore: \"%1\" %2").arg(MonitorFile::Name(), file_state_);
     if (stopped_ || Failed()) return HowItEnded();
-    if (status_missing_) return QStringLiteral("Errore: stato della memoria non arrivato");
+    if (status_missing_)
+        return QStringLiteral("Errore: stato della memoria non arrivato") +
+               (WithoutItsCall(form_.Desk()) ? QStringLiteral(": fare Log-in") : QString());
     if (missing_blocks_ > 0)
         return QStringLiteral("Errore: blocchi non arrivati: %1").arg(missing_blocks_);
     if (BeyondDeclared() != 0) return QStringLiteral("Errore: la lista può non essere completa");

@@ -17,6 +17,19 @@ TEST_F(SerialMonitor, SilentTerminalIsAskedForNothingMore)
     EXPECT_TRUE(Button("cmdMonitor").isEnabled());
 }
 
+TEST_F(SerialMonitor, SilenceBehindAModemThatWasNotDialledAsksForALogIn)
+{
+    Connect("Strale", "", {"*:silenzio"});
+    Controls().CheckModem->setChecked(true);
+    Read();
+    EXPECT_EQ(Label("EsitoMonitor"), NoStatus() + QStringLiteral(": fare Log-in"));
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    ReadAgain();
+    EXPECT_EQ(Label("EsitoMonitor"), NoStatus());
+}
+
 TEST_F(SerialMonitor, CountersOfAnotherTerminalAreNotUsed)
 {
     Connect("Strale", "timbrature=25");
