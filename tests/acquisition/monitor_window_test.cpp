@@ -1,3 +1,4 @@
+#include "registry/widgets/outcome_panel.h"
 #include "tests/acquisition/monitor_fixture.h"
 
 #include <QAccessible>
@@ -218,6 +219,22 @@ TEST_F(MonitorWindow, OpenLineIsUsedAndLeftOpen)
     EXPECT_EQ(Lines().size(), 5);
     EXPECT_TRUE(pc.com1.PortOpen());
     EXPECT_EQ(pc.com1.times_opened, 1);
+}
+
+TEST_F(MonitorWindow, LongestOutcomeIsWholeAtTheSmallestSize)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=25");
+    Read();
+    form.resize(form.minimumSizeHint());
+    auto& panel = Find<OutcomePanel>("EsitoMonitor");
+    for (const char* outcome : {"Errore: stato della memoria non arrivato: fare Log-in",
+                                "Errore: la linea è caduta. Premere Log-off.",
+                                "Errore: è collegata la linea della COM 1, non quella di questo "
+                                "terminale."}) {
+        panel.setText(QString::fromUtf8(outcome));
+        QApplication::processEvents();
+        EXPECT_GE(panel.height(), panel.heightForWidth(panel.width())) << outcome;
+    }
 }
 
 TEST_F(MonitorWindow, ReadAndCloseAreAsWide)

@@ -1,3 +1,4 @@
+#include "registry/widgets/outcome_panel.h"
 #include "tests/console/console_fixture.h"
 
 #include <QApplication>
@@ -116,6 +117,7 @@ TEST_F(ConsoleWindow, AltCLeadsToTheCommandForEveryModel)
 {
     Connect();
     const auto lead = [this] {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
         Button("cmdUscita").setFocus();
         QTest::keyClick(&form, Qt::Key_C, Qt::AltModifier);
         return form.focusWidget();
@@ -212,6 +214,18 @@ TEST_F(ConsoleWindow, AnswerIsCopiedByItsButton)
     EXPECT_EQ(QApplication::clipboard()->text(), Answer());
     Command().clear();
     EXPECT_FALSE(Button("cmdCopia").isEnabled());
+}
+
+TEST_F(ConsoleWindow, LongestOutcomeIsWholeInTheNarrowestWindow)
+{
+    Connect();
+    Send("03");
+    form.resize(form.minimumSizeHint().width(), form.height());
+    auto& panel = Find<OutcomePanel>("EsitoComando");
+    panel.setText(QStringLiteral(
+        "Errore: è collegata la linea della COM 1, non quella di questo terminale."));
+    QApplication::processEvents();
+    EXPECT_GE(panel.height(), panel.heightForWidth(panel.width()));
 }
 
 TEST_F(ConsoleWindow, NoAnswerWidensTheWindow)

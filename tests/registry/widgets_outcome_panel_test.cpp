@@ -68,4 +68,19 @@ TEST(OutcomePanel, AsksForTheRoomOfItsCaptionAndMakesDoWithLess)
     EXPECT_EQ(panel.toolTip(), QString()) << "nothing is cut";
 }
 
+TEST(OutcomePanel, ACaptionThatIsTooLongIsBrokenWhereThePanelMay)
+{
+    OutcomePanel panel;
+    panel.setWordWrap(true);
+    panel.setText(QStringLiteral("Errore aprendo la COM"));
+    const int wide = panel.sizeHint().width();
+    const int one_line = panel.heightForWidth(wide);
+    EXPECT_EQ(one_line, panel.sizeHint().height());
+    EXPECT_GE(panel.heightForWidth(wide * 2 / 3), one_line + panel.fontMetrics().height() - 2);
+    EXPECT_TRUE(panel.sizePolicy().hasHeightForWidth());
+    panel.show();
+    panel.resize(wide * 2 / 3, 2 * one_line);
+    EXPECT_EQ(panel.toolTip(), QString()) << "nothing is cut";
+}
+
 }  // namespace orlo
