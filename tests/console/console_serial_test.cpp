@@ -191,6 +191,24 @@ TEST_F(SerialConsole, TerminalNumber0AnswersNothingAtOnce)
                                            "03\xE5\x0D"));
 }
 
+TEST_F(SerialConsole, Terminal32IsAddressedAndHeard)
+{
+    Register(32, QStringLiteral("Strale"));
+    form.open();
+    // SOH, address 128 + 32, "OK", checksum 128 + (1 + 160 + 79 + 75) mod 128, CR.
+    pc.com1.answer_to = [](std::string_view) {
+        return std::vector<Arrival>{{{},
+                                     "\x01\xA0"
+                                     "OK\xBB\x0D"}};
+    };
+    Send("03");
+    ASSERT_EQ(pc.com1.sent.size(), 1U);
+    EXPECT_EQ(pc.com1.sent[0],
+              "\x02\xA0"
+              "03\x85\x0D");
+    EXPECT_EQ(Answer(), QStringLiteral("OK"));
+}
+
 TEST_F(SerialConsole, OpenLineIsUsedAndLeftOpen)
 {
     Connect();
