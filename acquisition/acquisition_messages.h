@@ -11,7 +11,7 @@ class Contenitore;
 void TellCritical(Contenitore& window, const QString& text, const QString& informative = {});
 
 /// Tells that punches could not be written into the file named in NomeFile, and returns that text.
-/// `error` is the reason in the system's words, `advice` what to do.
+/// `error` is the reason, `advice` what to do.
 QString TellNotStored(Contenitore& window, const QString& error, const QString& advice);
 
 }  // namespace orlo

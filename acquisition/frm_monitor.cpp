@@ -8,8 +8,8 @@
 
 #include "ui_frm_monitor.h"
 
-#include <QFileInfo>
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 namespace orlo
 {
@@ -41,7 +41,7 @@ void FrmMonitor::Form_Load()
     ui_->LabelTuttaMemoria->setVisible(object_driven);
     ui_->ChkTuttaMemoria->setChecked(false);
     ui_->CheckMemo->setChecked(false);
-    ui_->CheckMemo->setToolTip(QFileInfo(MonitorFile::Name()).absoluteFilePath());
+    ui_->CheckMemo->setToolTip(MonitorFile::Path());
     ui_->FiltroMonitor->clear();
     OfferStates(object_driven);
     for (QLabel* label : {ui_->LabelTransazioni, ui_->LabelScaricate}) label->clear();
@@ -118,19 +118,19 @@ void FrmMonitor::DeriveLook()
 bool FrmMonitor::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == ui_->LabelTuttaMemoria && event->type() == QEvent::MouseButtonPress &&
-        !Desk().CommandRunning())
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && !Desk().CommandRunning())
         ui_->ChkTuttaMemoria->click();
     return TerminalWindow::eventFilter(watched, event);
 }
 
-// Enter in a filter leads to what it found, and in a list that has lines it does nothing: a
-// reading would empty the list.
+// Enter in a filter leads to what it found. Elsewhere it reads, as the default button, only while
+// the list is empty: a reading would empty it. The buttons keep their Enter to themselves.
 void FrmMonitor::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (enter && (ui_->FiltroMonitor->hasFocus() || ui_->FiltroStato->hasFocus()))
         ui_->ListaMonitor->setFocus();
-    else if (enter && ui_->ListaMonitor->hasFocus() && ui_->ListaMonitor->count() > 0)
+    else if (enter && ui_->ListaMonitor->count() > 0)
         event->accept();
     else
         TerminalWindow::keyPressEvent(event);

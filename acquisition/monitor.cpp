@@ -8,6 +8,7 @@
 #include "link/telegram.h"
 #include "registry/captions.h"
 #include "registry/contenitore_controls.h"
+#include "registry/held_line.h"
 #include "registry/numeric_value.h"
 #include "registry/port_session.h"
 
@@ -75,6 +76,10 @@ bool SerialMonitor::ReadBlocks()
 {
     const PortSession session(desk_);
     if (session.Port() == nullptr || !reading_.OpenFile()) return false;
+    if (NumericValue(desk_.Controls().Tentativi->text()) < 1) {
+        reading_.Fail(kNoAttempts);
+        return true;
+    }
     const ProgramState& state = desk_.State();
     const auto slot = static_cast<std::size_t>(state.CurrentTerminalNumber - 1);
     rules_ = MonitorRulesFor(state.TerminalTable.at(slot).Tipo, model_.counting, state.TPnt,
@@ -87,10 +92,15 @@ bool SerialMonitor::ReadBlocks()
             reading_.ShowProgress(1, 1);
             break;
         }
+        if (result == Block::Missing && session.Port()->LineLost()) {
+            reading_.Fail(LostLineText(desk_));
+            break;
+        }
         // What follows is read all the same: the operator sees at least that.
         if (result == Block::Missing) reading_.NoteMissingBlock();
         reading_.ShowProgress(block + 1, last + 1);
     }
+    reading_.NoteDeclared(PunchesInMemory(model_.counting, state.TPnt));
     return true;
 }
 
@@ -104,7 +114,11 @@ SerialMonitor::Block SerialMonitor::ReadBlock(SerialPortControl& port, int block
         const bool arrived = IsAnswer(answer);
         if (!arrived || failed_before) LetLineRunOut(desk_.Station(), port);
         if (arrived) {
-            if (IsEndOfMemory(answer)) return Block::EndOfMemory;
+            if (IsEndOfMemory(answer)) {
+                // The last thing said would be how the attempt before failed.
+                if (failed_before) Caption(kCommunicationOk);
+                return Block::EndOfMemory;
+            }
             AggiungeInLista(block, answer);
             return Block::Read;
         }
@@ -116,11 +130,7 @@ SerialMonitor::Block SerialMonitor::ReadBlock(SerialPortControl& port, int block
 
 void SerialMonitor::AggiungeInLista(int block, const std::string& answer)
 {
-    const auto punches = DecodeMonitorAnswer(answer, reading_.NextNumber(), rules_);
-    reading_.Add(punches);
-    // The block behind the last punch is asked for to hear the terminal's "END".
-    const bool last = block == LastMonitorBlock(desk_.State().TPnt);
-    if (last && !punches.empty()) reading_.NoteMoreThanDeclared();
+    reading_.Add(DecodeMonitorAnswer(answer, reading_.NextNumber(), rules_));
     Caption(kCommunicationOk);
     form_.Controls().LabelScaricate->setText(
         QStringLiteral("Transazioni Acquisite: %1").arg(PunchesRead(block, answer)));

@@ -1,6 +1,9 @@
 #include "acquisition/monitor_file.h"
 
+#include "registry/system_reason.h"
 #include "registry/windows_1252.h"
+
+#include <QFileInfo>
 
 #include <unistd.h>
 
@@ -15,6 +18,11 @@ bool MonitorFile::Open()
     return file_.open(QIODevice::WriteOnly | QIODevice::Truncate) || Fail();
 }
 
+QString MonitorFile::Path()
+{
+    return QFileInfo(Name()).absoluteFilePath();
+}
+
 void MonitorFile::Write(const QString& line)
 {
     if (!IsOpen() || !error_.isEmpty()) return;
@@ -25,7 +33,7 @@ void MonitorFile::Write(const QString& line)
 bool MonitorFile::Close()
 {
     if (IsOpen() && error_.isEmpty() && !file_.flush()) Fail();
-    if (IsOpen() && error_.isEmpty() && fsync(file_.handle()) != 0) error_ = qt_error_string(errno);
+    if (IsOpen() && error_.isEmpty() && fsync(file_.handle()) != 0) Fail();
     file_.close();
     // A medium over the network may tell only now that it is full.
     if (error_.isEmpty() && file_.error() != QFile::NoError) Fail();
@@ -34,7 +42,8 @@ bool MonitorFile::Close()
 
 bool MonitorFile::Fail()
 {
-    error_ = file_.errorString();
+    // The file keeps only words for it, and these in the system's language.
+    error_ = SystemReason(errno);
     return false;
 }
 

@@ -20,10 +20,12 @@ public:
     /// Puts the listing on the disk. False when a part of it could not be written.
     [[nodiscard]] bool Close();
 
-    /// Why it failed, in the system's words.
+    /// Why it failed.
     const QString& Error() const { return error_; }
 
     static QString Name() { return QStringLiteral("MONITOR.TXT"); }
+    /// With the working directory, for the operator to find it.
+    static QString Path();
 
 private:
     bool Fail();

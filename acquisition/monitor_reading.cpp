@@ -11,10 +11,22 @@
 namespace orlo
 {
 
+namespace
+{
+
+/// What is sent to a terminal behind a modem then, the modem takes for commands of its own.
+bool WithoutItsCall(Contenitore& desk)
+{
+    return desk.State().CurrentModem && !desk.LineIsOpen();
+}
+
+}  // namespace
+
 bool MonitorReading::OpenFile()
 {
     if (!form_.Controls().CheckMemo->isChecked() || file_.Open()) return true;
-    TellFileFailure(QStringLiteral("Impossibile scrivere il file \"%1\": %2."));
+    TellFileFailure(QStringLiteral("non scritto"),
+                    QStringLiteral("Impossibile scrivere il file \"%1\": %2."));
     return false;
 }
 
@@ -48,25 +60,33 @@ void MonitorReading::Finish()
 {
     CloseFile();
     TellOutcome();
-    if (!stopped_)
-        form_.Desk().Station().dialog.Tell(
-            DialogIcon::Information, QStringLiteral("Comunicazione"),
-            Failed() ? failure_ : QStringLiteral("Ricezione dati OK"), WhatIsWrong());
+    const QString wrong = WhatIsWrong();
+    // Who stopped it knows that it was stopped, but not what is wrong with the lines he sees.
+    if (!stopped_ || !wrong.isEmpty())
+        form_.Desk().Station().dialog.Tell(DialogIcon::Information, QStringLiteral("Comunicazione"),
+                                           HowItEnded(), wrong);
     form_.Controls().PercentualeMonitor->setValue(0);
+}
+
+QString MonitorReading::HowItEnded() const
+{
+    if (stopped_) return QStringLiteral("Lettura interrotta");
+    return Failed() ? failure_ : QStringLiteral("Ricezione dati OK");
 }
 
 void MonitorReading::CloseFile()
 {
     if (file_.IsOpen() && !file_.Close())
-        TellFileFailure(QStringLiteral("Il file \"%1\" non è completo: %2."));
+        TellFileFailure(QStringLiteral("non completo"),
+                        QStringLiteral("Il file \"%1\" non è completo: %2."));
 }
 
 // The outcome stands there before the box: behind it the caption would say that all is well.
-void MonitorReading::TellFileFailure(const QString& text)
+void MonitorReading::TellFileFailure(const QString& state, const QString& text)
 {
-    file_failed_ = true;
+    file_state_ = state;
     TellOutcome();
-    TellCritical(form_.Desk(), text.arg(MonitorFile::Name(), file_.Error()));
+    TellCritical(form_.Desk(), text.arg(MonitorFile::Path(), file_.Error()));
 }
 
 void MonitorReading::TellOutcome()
@@ -80,14 +100,25 @@ void MonitorReading::TellOutcome()
 /// Empty when the caption says it all.
 QString MonitorReading::Outcome() const
 {
-    if (file_failed_) return QStringLiteral("Errore: \"%1\" non scritto").arg(MonitorFile::Name());
-    if (stopped_) return QStringLiteral("Lettura interrotta");
-    if (Failed()) return failure_;
-    if (status_missing_) return QStringLiteral("Errore: stato della memoria non arrivato");
+    if (!file_state_.isEmpty())
+        return QStringLiteral("Errore: \"%1\" %2").arg(MonitorFile::Name(), file_state_);
+    if (stopped_ || Failed()) return HowItEnded();
+    if (status_missing_)
+        return QStringLiteral("Errore: stato della memoria non arrivato") +
+               (WithoutItsCall(form_.Desk()) ? QStringLiteral(": fare Log-in") : QString());
     if (missing_blocks_ > 0)
         return QStringLiteral("Errore: blocchi non arrivati: %1").arg(missing_blocks_);
-    if (more_than_declared_) return QStringLiteral("Errore: la lista può non essere completa");
+    if (BeyondDeclared() != 0) return QStringLiteral("Errore: la lista può non essere completa");
     return {};
+}
+
+/// How many punches the list has more than the terminal declared, below zero how many fewer; 0 too
+/// where something else says why, or makes the declared number itself doubtful.
+int MonitorReading::BeyondDeclared() const
+{
+    if (!declared_ || status_missing_ || missing_blocks_ > 0) return 0;
+    const int beyond = NextNumber() - 1 - *declared_;
+    return stopped_ || Failed() ? std::max(beyond, 0) : beyond;
 }
 
 /// Empty when nothing is.
@@ -98,10 +129,14 @@ QString MonitorReading::WhatIsWrong() const
     QStringList wrong;
     if (status_missing_)
         wrong << QStringLiteral("Lo stato della memoria non è arrivato: ") + doubt;
-    else if (more_than_declared_)
+    else if (BeyondDeclared() > 0)
         wrong << QStringLiteral(
                      "Il terminale contiene più timbrature di quante ne ha dichiarate: ") +
                      doubt;
+    else if (BeyondDeclared() < 0)
+        wrong << QStringLiteral(
+            "Sono arrivate meno timbrature di quante il terminale ne ha dichiarate: la lista può "
+            "non essere completa.");
     if (missing_blocks_ == 1)
         wrong << QStringLiteral(
             "Di un blocco di timbrature non è arrivata la risposta: la lista non è completa, e "
@@ -111,7 +146,9 @@ QString MonitorReading::WhatIsWrong() const
                      "Di %1 blocchi di timbrature non è arrivata la risposta: la lista non è "
                      "completa, e numeri e stati dopo di essi non valgono.")
                      .arg(missing_blocks_);
-    return wrong.join(u' ');
+    if (wrong.isEmpty()) return {};
+    wrong.front()[0] = wrong.front()[0].toLower();
+    return QStringLiteral("Attenzione: ") + wrong.join(u' ');
 }
 
 }  // namespace orlo

@@ -3,12 +3,18 @@
 #include "acquisition/monitor_file.h"
 #include "acquisition/monitor_lines.h"
 
+#include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace orlo
 {
 
 class FrmMonitor;
+
+/// The outcome where `Tentativi` leaves nothing to be asked. An old database that got the column
+/// when it was upgraded has nothing in it, which is 0.
+inline const QString kNoAttempts = QStringLiteral("Errore: i tentativi sono 0");
 
 /// One reading of a punch memory: the list, the listing beside it, and how it ends.
 class MonitorReading
@@ -30,8 +36,8 @@ public:
     void NoteMissingBlock() { ++missing_blocks_; }
     /// The pointers that lead the reading are not what the terminal says now.
     void NoteMissingStatus() { status_missing_ = true; }
-    /// The last block that the pointers name brought punches.
-    void NoteMoreThanDeclared() { more_than_declared_ = true; }
+    /// How many punches the terminal said it holds; below zero as good as none.
+    void NoteDeclared(int punches) { declared_ = std::max(punches, 0); }
     /// Ends the reading with that text in place of "Ricezione dati OK".
     void Fail(const QString& text) { failure_ = text; }
     bool Failed() const { return !failure_.isEmpty(); }
@@ -43,16 +49,18 @@ public:
 
 private:
     void CloseFile();
-    void TellFileFailure(const QString& text);
+    void TellFileFailure(const QString& state, const QString& text);
+    QString HowItEnded() const;
     QString Outcome() const;
     QString WhatIsWrong() const;
+    int BeyondDeclared() const;
 
     FrmMonitor& form_;
     MonitorFile file_;
     bool stopped_ = false;
-    bool file_failed_ = false;
+    QString file_state_;  ///< of a listing that failed
     bool status_missing_ = false;
-    bool more_than_declared_ = false;
+    std::optional<int> declared_;
     int missing_blocks_ = 0;
     QString failure_;
 };

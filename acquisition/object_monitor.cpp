@@ -121,8 +121,7 @@ ObjectMonitor::Record ObjectMonitor::GetRecord(std::int16_t number)
         if (TryOnce(number, attempt)) return Record::Read;
         if (code_ == kNoMoreRecords) return Record::EndOfData;
     }
-    reading_.Fail(attempt == 1 ? QStringLiteral("Errore: i tentativi sono 0")
-                               : QStringLiteral("Errore: ") + ComponentText(code_));
+    reading_.Fail(attempt == 1 ? kNoAttempts : QStringLiteral("Errore: ") + ComponentText(code_));
     return Record::Missing;
 }
 

@@ -1,5 +1,7 @@
 #include "acquisition/punch_file.h"
 
+#include "registry/system_reason.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -102,7 +104,7 @@ bool PunchFile::Sync()
 
 bool PunchFile::Fail(int system_error)
 {
-    error_ = qt_error_string(system_error);
+    error_ = SystemReason(system_error);
     return false;
 }
 

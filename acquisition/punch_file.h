@@ -17,7 +17,7 @@ namespace orlo
 ///  3. Only what Sync has put on the disk, in the file that still stands under its name, may be
 ///     acknowledged to the terminal.
 ///
-/// Every member returns true on success; otherwise Error() is the reason, in the system's words.
+/// Every member returns true on success; otherwise Error() is the reason, see SystemReason.
 class PunchFile
 {
 public:

@@ -25,6 +25,12 @@ AnswerPanel::AnswerPanel(QWidget* parent) : TextPanel(parent), view_(new QPlainT
     connect(this, &TextPanel::TextChanged, view_, &QPlainTextEdit::setPlainText);
 }
 
+void AnswerPanel::setAccessibleName(const QString& name)
+{
+    TextPanel::setAccessibleName(name);
+    view_->setAccessibleName(name);
+}
+
 void AnswerPanel::CopyAll()
 {
     view_->selectAll();

@@ -16,6 +16,9 @@ class AnswerPanel : public TextPanel
 public:
     explicit AnswerPanel(QWidget* parent = nullptr);
 
+    /// The view, which has the focus, has the name too.
+    void setAccessibleName(const QString& name);
+
     /// Selects the whole text and copies it.
     void CopyAll();
 

@@ -13,13 +13,33 @@
 #include <QClipboard>
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace orlo
 {
+
+namespace
+{
+
+/// The first character that is not sent, empty when all are. A control character, which only
+/// pasting brings into a field, nobody sees there; a CR would end the telegram before its checksum
+/// and what follows would be a second one.
+QString FirstNotSent(const QString& text)
+{
+    const auto control = std::find_if(text.begin(), text.end(), [](QChar character) {
+        return character.category() == QChar::Other_Control;
+    });
+    return control != text.end() ? QString(*control) : FirstOutsideWindows1252(text);
+}
+
+}  // namespace
 
 FrmComandi::FrmComandi(Contenitore& desk)
     : TerminalWindow(desk, *desk.Controls().cmdComandi), ui_(std::make_unique<Ui::FrmComandi>())
 {
     ui_->setupUi(this);
+    // Twice as far from what follows as a label is from its field.
+    ui_->LabelTitolo->setContentsMargins(0, 0, 0, ui_->disposizione_2->verticalSpacing());
     ShowOutcomeIn(*ui_->EsitoComando);
     connect(ui_->CommandField, &QLineEdit::textChanged, this, &FrmComandi::CommandField_Change);
     connect(ui_->cmdTrasmetteComando, &QPushButton::clicked, this,
@@ -42,6 +62,8 @@ void FrmComandi::Form_Load()
     for (QWidget* control : std::initializer_list<QWidget*>{
              ui_->labelParametri, ui_->DataField, ui_->LabelComando, ui_->ReceveidCommand})
         control->setVisible(object_driven);
+    // Alt+C leads to the command, from the title where the label does not show.
+    ui_->LabelTitolo->setText(object_driven ? tr("Comando da inviare") : tr("&Comando da inviare"));
     // The command takes the room of the parameters that are not there, and of the gap before them.
     ui_->disposizione_2->addWidget(ui_->CommandField, 2, 0, 1, object_driven ? 1 : 2);
     ui_->CommandField->clear();
@@ -62,7 +84,7 @@ void FrmComandi::cmdTrasmetteComando_Click()
     CommandField_Change();
     ClearOutcome(*ui_->EsitoComando);
     const TypedCommand typed = Typed();
-    const QString refused = FirstOutsideWindows1252(typed.command + typed.parameters);
+    const QString refused = FirstNotSent(typed.command + typed.parameters);
     if (!refused.isEmpty()) {
         Refuse(refused);
         return;
@@ -77,9 +99,9 @@ void FrmComandi::Refuse(const QString& character)
 {
     Desk().Controls().PannelloComunicazione->setText(
         tr("Errore: il carattere \"%1\" (U+%2) non può essere inviato.")
-            .arg(character, QString::number(character.toUcs4().constFirst(), 16)
-                                .toUpper()
-                                .rightJustified(4, u'0')));
+            .arg(VisibleText(character), QString::number(character.toUcs4().constFirst(), 16)
+                                             .toUpper()
+                                             .rightJustified(4, u'0')));
 }
 
 void FrmComandi::SendCommand(const TypedCommand& typed)

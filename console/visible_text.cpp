@@ -15,10 +15,19 @@ constexpr std::array<const char*, 32> kControlNames = {
     "VT",  "FF",  "CR",  "SO",  "SI",  "DLE", "DC1", "DC2", "DC3", "DC4", "NAK",
     "SYN", "ETB", "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS",  "US"};
 constexpr char16_t kDelete = 0x7F;
+constexpr char16_t kNoBreakSpace = 0xA0;
+constexpr char16_t kSoftHyphen = 0xAD;
 
-QString NameOf(QChar control)
+/// A no-break space looks like a blank, and is copied as one; a soft hyphen like nothing.
+bool IsToBeNamed(QChar character)
 {
-    const char16_t code = control.unicode();
+    return character.category() == QChar::Other_Control || character == kNoBreakSpace ||
+           character == kSoftHyphen;
+}
+
+QString NameOf(QChar character)
+{
+    const char16_t code = character.unicode();
     if (code < kControlNames.size()) return QLatin1String(kControlNames[code]);
     if (code == kDelete) return QStringLiteral("DEL");
     return QString::number(code, 16).toUpper();
@@ -28,12 +37,15 @@ QString NameOf(QChar control)
 
 QString VisibleText(std::string_view bytes)
 {
-    const QString text =
-        FromWindows1252(QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    return VisibleText(
+        FromWindows1252(QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()))));
+}
+
+QString VisibleText(const QString& text)
+{
     QString visible;
     for (const QChar character : text)
-        visible += character.category() == QChar::Other_Control ? u'<' + NameOf(character) + u'>'
-                                                                : QString(character);
+        visible += IsToBeNamed(character) ? u'<' + NameOf(character) + u'>' : QString(character);
     return visible;
 }
 

@@ -32,11 +32,16 @@ SerialPortControl* HeldLine(Contenitore& window)
     SerialPortControl* const port = window.Station().Comm(current);
     // That its device was withdrawn shows only when the port is looked into.
     if (port != nullptr && port->InBufferCount() == 0 && port->LineLost()) {
-        window.Controls().PannelloComunicazione->setText(
-            QStringLiteral("Errore: la linea è caduta. Premere Log-off."));
+        window.Controls().PannelloComunicazione->setText(LostLineText(window));
         return nullptr;
     }
     return port;
+}
+
+QString LostLineText(const Contenitore& window)
+{
+    return window.LineIsOpen() ? QStringLiteral("Errore: la linea è caduta. Premere Log-off.")
+                               : QStringLiteral("Errore: la linea è caduta.");
 }
 
 void ClosePortLeftOpen(Contenitore& window)

@@ -17,6 +17,9 @@ SerialPortControl* HeldLine(Contenitore& window);
 /// True, with the reason in PannelloComunicazione, when a line is open on another port than this.
 [[nodiscard]] bool AnotherLineIsOpen(Contenitore& window, int port);
 
+/// What is said of a line that was lost: while it is held, also what to do.
+QString LostLineText(const Contenitore& window);
+
 /// Closes what is open though no line is held: a link test without an answer leaves its port open
 /// for the next operation to close, which may be one on another port.
 void ClosePortLeftOpen(Contenitore& window);

@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace orlo
 {
 
@@ -39,6 +41,14 @@ QSize OutcomePanel::minimumSizeHint() const
     return RoomOf(kCommunicationOk);
 }
 
+int OutcomePanel::heightForWidth(int width) const
+{
+    const QRect room(0, 0, width - TextLeft(), QWIDGETSIZE_MAX);
+    const QFontMetrics metrics(CaptionFont());
+    const int lines = metrics.boundingRect(room, Qt::TextWordWrap, Caption()).height();
+    return std::max(lines, metrics.height()) + 2;
+}
+
 QSize OutcomePanel::RoomOf(const QString& caption) const
 {
     const QFontMetrics metrics(CaptionFont());
@@ -55,9 +65,12 @@ void OutcomePanel::paintEvent(QPaintEvent*)
     PaintOutcomeGlyph(painter, QRectF(0, (height() - side) / 2.0, side, side), outcome, palette());
     painter.setFont(CaptionFont());
     const QRect place(TextLeft(), 0, width() - TextLeft(), height());
-    style()->drawItemText(&painter, place, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
-                          painter.fontMetrics().elidedText(caption, Qt::ElideRight, place.width()),
-                          foregroundRole());
+    const int flags = Qt::AlignLeft | Qt::AlignVCenter | (wordWrap() ? Qt::TextWordWrap : 0);
+    style()->drawItemText(
+        &painter, place, flags, palette(), isEnabled(),
+        wordWrap() ? caption
+                   : painter.fontMetrics().elidedText(caption, Qt::ElideRight, place.width()),
+        foregroundRole());
 }
 
 void OutcomePanel::resizeEvent(QResizeEvent* event)
@@ -100,7 +113,7 @@ void OutcomePanel::Alert()
 void OutcomePanel::ShowToolTip()
 {
     const int needed = TextLeft() + QFontMetrics(CaptionFont()).horizontalAdvance(Caption());
-    setToolTip(needed > width() ? Caption() : QString());
+    setToolTip(needed > width() && !wordWrap() ? Caption() : QString());
 }
 
 }  // namespace orlo

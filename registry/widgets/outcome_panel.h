@@ -5,7 +5,8 @@
 namespace orlo
 {
 
-/// The outcome of a command: glyph and caption, elided where there is no room. A good or a failed
+/// The outcome of a command: glyph and caption, elided where there is no room, or, in a panel with
+/// wordWrap, broken into as many lines as it needs. A good or a failed
 /// outcome is announced to assistive programs. While there is no outcome a standing remark is
 /// shown in its place.
 class OutcomePanel : public TextPanel
@@ -20,6 +21,7 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

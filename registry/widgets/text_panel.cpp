@@ -28,6 +28,9 @@ void TextPanel::Notice()
 {
     if (text() == noticed_) return;
     noticed_ = text();
+    // The accessible name says what the panel is. This is read out when it is asked for; only an
+    // alert is by itself, so that a clock may change every second.
+    setAccessibleDescription(noticed_);
     emit TextChanged(noticed_);
 }
 

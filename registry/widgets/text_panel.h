@@ -7,7 +7,8 @@ namespace orlo
 
 /// A label whose caption is written by the procedures and watched by other parts of a window.
 /// QLabel tells nobody that its text has changed: this class's own setText does so at once, and a
-/// text written as into any QLabel is noticed when it is painted.
+/// text written as into any QLabel is noticed when it is painted. For assistive programs it is the
+/// panel's description.
 class TextPanel : public QLabel
 {
     Q_OBJECT

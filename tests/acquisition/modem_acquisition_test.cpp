@@ -1,6 +1,6 @@
 #include "registry/modem_session.h"
-#include "simulator/modem.h"
 #include "tests/acquisition/acquisition_fixture.h"
+#include "tests/acquisition/modem_line.h"
 
 namespace orlo
 {
@@ -13,42 +13,23 @@ using namespace std::chrono_literals;
 class ModemAcquisition : public testing::AcquisitionTest
 {
 protected:
-    std::optional<simulator::Modem> modem;
-    QStringList modem_commands;
+    testing::ModemLine modem{pc};
 
     void ConnectByModem(const char* model, const std::vector<std::string>& faults = {})
     {
         Connect(model, "timbrature=25,seme=3", faults);
-        modem.emplace(simulator::ParseModem("attesa=5000"), *line,
-                      [this](const simulator::JournalEntry& entry) {
-                          modem_commands << QString::fromStdString(entry.command);
-                      });
         window.Controls().CheckModem->setChecked(true);
         window.Controls().NumeroTelefono->setText(QStringLiteral("0123"));
-        pc.com1.answer_to = [this](std::string_view bytes) { return Exchange(bytes); };
-        pc.clock.on_tick = [this] {
-            if (modem->WakeAt() && *modem->WakeAt() <= Now())
-                for (testing::Arrival& arrival : Exchange("")) pc.com1.Arrive(arrival.bytes);
-        };
+        modem.PutBefore(*line);
     }
     /// The operator takes a second to press the button: the silence before the escape.
     void LogOff()
     {
         pc.clock.Advance(1s);
         LogOff_Click(window);
-        modem->PortClosed();
+        modem.PortClosed();
     }
     QByteArray Light() const { return window.LineIsOpen() ? "Verde" : "not Verde"; }
-
-private:
-    simulator::Instant Now() { return simulator::Instant(pc.clock.Passed()); }
-    std::vector<testing::Arrival> Exchange(std::string_view bytes)
-    {
-        std::vector<testing::Arrival> arrivals;
-        for (const simulator::LineEvent& event : modem->Receive(bytes, Now()))
-            arrivals.push_back({0ms, event.bytes});
-        return arrivals;
-    }
 };
 
 TEST_F(ModemAcquisition, EveryModelIsAcquiredOverTheOpenLine)
@@ -64,8 +45,8 @@ TEST_F(ModemAcquisition, EveryModelIsAcquiredOverTheOpenLine)
         LogOff();
         EXPECT_EQ(PunchLines().size(), 25);
         EXPECT_EQ(Punches().ToAcquire(), 0U);
-        EXPECT_EQ(modem_commands.filter(QStringLiteral("ATH")).size(), 1);
-        modem_commands.clear();
+        EXPECT_EQ(modem.commands.filter(QStringLiteral("ATH")).size(), 1);
+        modem.commands.clear();
     }
 }
 

@@ -60,6 +60,8 @@ protected:
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         return file.readAll();
     }
+    /// What a message calls it.
+    QString Path() const { return folder_.filePath(FileName()); }
     /// What the listing has to be.
     QByteArray ListAsFile() const
     {
@@ -69,9 +71,10 @@ protected:
     }
 
     /// What the window and the line of the last command say of it.
-    void ExpectListingNotWritten() const
+    void ExpectListingIs(const char* how) const
     {
-        const QString outcome = QStringLiteral("Errore: \"MONITOR.TXT\" non scritto");
+        const QString outcome =
+            QStringLiteral("Errore: \"MONITOR.TXT\" ") + QString::fromLatin1(how);
         EXPECT_EQ(Label("EsitoMonitor"), outcome);
         EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(outcome));
     }

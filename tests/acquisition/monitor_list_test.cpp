@@ -131,6 +131,19 @@ TEST_F(MonitorList, EnterInAListThatIsNotEmptyReadsNothing)
     EXPECT_EQ(commands.size(), 4) << "32, 300, 301, 302: there is nothing to lose";
 }
 
+TEST_F(MonitorList, EnterOnTheTickReadsNothingWhileThereIsAList)
+{
+    auto& tick = Find<QCheckBox>("CheckMemo");
+    tick.setFocus();
+    commands.clear();
+    QTest::keyClick(&tick, Qt::Key_Return);
+    EXPECT_TRUE(commands.isEmpty());
+    EXPECT_EQ(Lines().size(), 12);
+    Button("cmdMonitor").setFocus();
+    QTest::keyClick(&Button("cmdMonitor"), Qt::Key_Return);
+    EXPECT_EQ(commands.size(), 4) << "the button reads";
+}
+
 TEST_F(MonitorList, CopyButtonTakesTheChosenLinesOrAllThatAreShown)
 {
     List().clearSelection();

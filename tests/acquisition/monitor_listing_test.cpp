@@ -50,6 +50,37 @@ TEST_F(SerialMonitor, EscapeStopsBetweenBlocksAndTheListingIsWhole)
     EXPECT_TRUE(form.isVisible());
 }
 
+TEST_F(SerialMonitor, BlocksMissingFromAStoppedReadingAreTold)
+{
+    Connect("Strale", "timbrature=60", {"30#2:silenzio", "30#3:silenzio", "30#4:silenzio"});
+    EscapeAt(QStringLiteral("302"), /*yes=*/true);
+    Read();
+    EXPECT_EQ(Lines().size(), 20);
+    ExpectStoppedAndTold(QStringLiteral(
+        "Attenzione: di un blocco di timbrature non è arrivata la risposta: la lista non è "
+        "completa, e numeri e stati dopo di esso non valgono."));
+}
+
+TEST_F(SerialMonitor, DoubtOfAStoppedReadingIsTold)
+{
+    Connect("Strale", "timbrature=60", {"32#1:checksum-errato"});
+    EscapeAt(QStringLiteral("300"), /*yes=*/true);
+    Read();
+    EXPECT_EQ(Lines().size(), 10);
+    ExpectStoppedAndTold(QStringLiteral(
+        "Attenzione: lo stato della memoria non è arrivato: la lista può non essere completa e "
+        "gli stati non valgono."));
+}
+
+TEST_F(SerialMonitor, StoppedReadingIsToldWhatItHasTooManyOnly)
+{
+    Answering("Strale", {kStatus24, Records(10), Records(10), Records(10)});
+    EscapeAt(QStringLiteral("302"), /*yes=*/true);
+    Read();
+    EXPECT_EQ(Lines().size(), 30);
+    ExpectStoppedAndTold(More());
+}
+
 TEST_F(SerialMonitor, EscapeAnsweredWithNoReadsOn)
 {
     Connect("Strale", "timbrature=42");
@@ -70,9 +101,9 @@ TEST_F(SerialMonitor, ListingThatCannotBeMadeStopsTheReading)
     EXPECT_TRUE(Blocks().isEmpty());
     ASSERT_EQ(pc.dialog.told.size(), 1U);
     EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::Critical);
-    EXPECT_TRUE(pc.dialog.told[0].text.startsWith(
-        QStringLiteral("Impossibile scrivere il file \"MONITOR.TXT\": ")));
-    ExpectListingNotWritten();
+    EXPECT_EQ(pc.dialog.told[0].text,
+              QStringLiteral("Impossibile scrivere il file \"%1\": è una cartella.").arg(Path()));
+    ExpectListingIs("non scritto");
     EXPECT_FALSE(pc.com1.PortOpen());
 }
 
@@ -88,10 +119,11 @@ TEST_F(SerialMonitor, ListingThatIsNotWholeIsToldAndTheListIs)
     EXPECT_EQ(Lines().size(), 60);
     ASSERT_EQ(pc.dialog.told.size(), 2U);
     EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::Critical);
-    EXPECT_TRUE(pc.dialog.told[0].text.startsWith(
-        QStringLiteral("Il file \"MONITOR.TXT\" non è completo: ")));
+    EXPECT_EQ(
+        pc.dialog.told[0].text,
+        QStringLiteral("Il file \"%1\" non è completo: il file è troppo grande.").arg(Path()));
     EXPECT_EQ(pc.dialog.told[1].text, QStringLiteral("Ricezione dati OK"));
-    ExpectListingNotWritten();
+    ExpectListingIs("non completo");
 }
 
 TEST_F(SerialMonitor, ListingThatDoesNotReachTheDiskIsToldAndTheListIs)
@@ -106,8 +138,8 @@ TEST_F(SerialMonitor, ListingThatDoesNotReachTheDiskIsToldAndTheListIs)
     ASSERT_EQ(pc.dialog.told.size(), 2U);
     EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::Critical);
     EXPECT_TRUE(pc.dialog.told[0].text.startsWith(
-        QStringLiteral("Il file \"MONITOR.TXT\" non è completo: ")));
-    ExpectListingNotWritten();
+        QStringLiteral("Il file \"%1\" non è completo: ").arg(Path())));
+    ExpectListingIs("non completo");
 }
 
 TEST_F(SerialMonitor, SecondReadingBeginsAnew)

@@ -186,7 +186,7 @@ TEST_F(ObjectMonitor, ListingThatCannotBeMadeIsTheOutcome)
         WantFile();
         ReadAgain();
         EXPECT_TRUE(component.CallsOf("GetRecord").empty());
-        ExpectListingNotWritten();
+        ExpectListingIs("non scritto");
         form.close();
     }
 }
@@ -201,7 +201,7 @@ TEST_F(ObjectMonitor, ListingThatIsNotWholeIsTheOutcome)
         ReadAgain();
     }
     EXPECT_EQ(Lines().size(), 60);
-    ExpectListingNotWritten();
+    ExpectListingIs("non completo");
 }
 
 TEST_F(ObjectMonitor, NumberReadBeforeIsGoneWhenTheTerminalCannotBePrepared)

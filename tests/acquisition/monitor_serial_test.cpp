@@ -30,10 +30,16 @@ TEST_F(SerialMonitor, LastBlockIsAskedForWhenTheTerminalHasMore)
     Read();
     EXPECT_EQ(Blocks(), Texts({"0", "1", "2", "3", "4", "5"}));
     EXPECT_EQ(Lines().size(), 60);
-    ExpectDoubt(
-        QStringLiteral("Errore: la lista può non essere completa"),
-        QStringLiteral("Il terminale contiene più timbrature di quante ne ha dichiarate: la "
-                       "lista può non essere completa e gli stati non valgono."));
+    ExpectOtherThanDeclared(More());
+}
+
+TEST_F(SerialMonitor, PunchMadeDuringTheReadingIsTold)
+{
+    // It came behind block 1 and shifted what followed by one.
+    Answering("Strale", {kStatus24, Records(10), Records(10), Records(6), "END"});
+    Read();
+    EXPECT_EQ(Lines().size(), 26);
+    ExpectOtherThanDeclared(More());
 }
 
 TEST_F(SerialMonitor, EndEndsTheReadingBeforeTheLastBlock)
@@ -42,7 +48,46 @@ TEST_F(SerialMonitor, EndEndsTheReadingBeforeTheLastBlock)
     Read();
     EXPECT_EQ(Blocks(), Texts({"0", "1"}));
     EXPECT_EQ(Lines().size(), 10);
-    EXPECT_EQ(Told(), ReceptionOk());
+    ExpectOtherThanDeclared(Fewer());
+}
+
+TEST_F(SerialMonitor, FewerPunchesThanDeclaredAreToldByEachModelsCount)
+{
+    const struct {
+        const char* model;
+        const char* pointer;
+        int listed;
+        bool told;
+    } cases[] = {{"Strale", "00009", 10, false},
+                 {"Strale", "00009", 9, true},
+                 {"OrloTre", "00010", 10, false},
+                 {"OrloTre", "00010", 9, true}};
+    for (const auto& [model, pointer, listed, told] : cases) {
+        Answering(model,
+                  {std::string("TPnt ") + pointer + " TrInMemory 00010 TpntOld 00000 TpntNew 00010",
+                   Records(listed), "END"});
+        window.SelectTerminalLine(Controls().ListaTerminali->count() - 1);
+        Read();
+        EXPECT_EQ(pc.dialog.told.back().informative, told ? Fewer() : QString())
+            << model << ", " << listed;
+        form.close();
+    }
+}
+
+TEST_F(SerialMonitor, TerminalEmptiedBeforeItIsReadHasFewerThanDeclared)
+{
+    Answering("Strale", {kStatus24, "END"});
+    Read();
+    EXPECT_TRUE(Lines().isEmpty());
+    ExpectOtherThanDeclared(Fewer());
+}
+
+TEST_F(SerialMonitor, BlockThatIsCutShortIsTold)
+{
+    Answering("Strale", {kStatus24, Records(10), "9 123456000108300015", Records(5), "END"});
+    Read();
+    EXPECT_EQ(Lines().size(), 15);
+    ExpectOtherThanDeclared(Fewer());
 }
 
 TEST_F(SerialMonitor, EachModelIsCountedAndToldByItsOwnRule)
@@ -83,6 +128,17 @@ TEST_F(SerialMonitor, FailedBlockIsAskedForAgain)
     EXPECT_TRUE(pc.dialog.told[0].informative.isEmpty());
 }
 
+TEST_F(SerialMonitor, LostAnswerToTheLastRequestIsNotTheOutcome)
+{
+    Connect("Strale", "timbrature=25", {"30#4:silenzio"});
+    Read();
+    EXPECT_EQ(Blocks(), Texts({"0", "1", "2", "3", "3"}));
+    EXPECT_EQ(Lines().size(), 25);
+    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Comunicazione OK"));
+    EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(QStringLiteral("Comunicazione OK")));
+    EXPECT_TRUE(pc.dialog.told[0].informative.isEmpty());
+}
+
 TEST_F(SerialMonitor, LateAnswerIsNotTakenForTheNextBlock)
 {
     Connect("Strale", "timbrature=25", {"30#2:ritardo=2500"});
@@ -102,8 +158,10 @@ TEST_F(SerialMonitor, BlockWithoutAnAnswerIsLeftOutAndTold)
     EXPECT_EQ(Lines().size(), 15);
     EXPECT_EQ(Label("LabelScaricate"), QStringLiteral("Transazioni Acquisite: 25"));
     EXPECT_EQ(Told(), ReceptionOk());
-    EXPECT_TRUE(pc.dialog.told[0].informative.startsWith(
-        QStringLiteral("Di un blocco di timbrature non è arrivata la risposta: ")));
+    EXPECT_EQ(pc.dialog.told[0].informative,
+              QStringLiteral(
+                  "Attenzione: di un blocco di timbrature non è arrivata la risposta: la lista non "
+                  "è completa, e numeri e stati dopo di esso non valgono."));
     EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore: blocchi non arrivati: 1"));
 }
 
@@ -133,6 +191,7 @@ TEST_F(SerialMonitor, AnswerOfFewerThan26CharactersAddsNoLine)
     Read();
     EXPECT_TRUE(Lines().isEmpty());
     EXPECT_EQ(Label("LabelScaricate"), QStringLiteral("Transazioni Acquisite: 0"));
+    ExpectOtherThanDeclared(Fewer());
 }
 
 TEST_F(SerialMonitor, EveryRecordOfAnAnswerIsListedHoweverMany)
@@ -161,13 +220,48 @@ TEST_F(SerialMonitor, BytesOfARecordAreTheSameInListAndListing)
     EXPECT_EQ(List().LinesSeen(), 1);
 }
 
-TEST_F(SerialMonitor, NoAttemptAsksForNothingAndSaysWhatIsMissing)
+TEST_F(SerialMonitor, TerminalWithoutAttemptsIsAskedForNothingAndTheReasonTold)
 {
-    Connect("Strale", "timbrature=3");
-    Controls().Tentativi->setText(QStringLiteral("0"));
+    // As a database leaves it that got the column when it was upgraded.
+    Connect("Strale", "timbrature=25");
+    state.TerminalTable[kTerminal - 1].Tentativi = 0;
+    window.SelectTerminalLine(0);
     Read();
     EXPECT_EQ(commands, Texts({"32"}));
-    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore: blocchi non arrivati: 2"));
+    const QString reason = QStringLiteral("Errore: i tentativi sono 0");
+    EXPECT_EQ(Label("EsitoMonitor"), reason);
+    EXPECT_EQ(Told(), QStringList{QStringLiteral("Comunicazione|") + reason});
+    EXPECT_EQ(pc.dialog.told[0].informative, QString());
+    EXPECT_FALSE(pc.com1.PortOpen());
+}
+
+TEST_F(SerialMonitor, LineThatFallsEndsTheReadingAndIsTheOutcome)
+{
+    Connect("Strale", "timbrature=60");
+    LoseLineAt(QStringLiteral("302"));
+    QList<int> values;
+    QObject::connect(&Find<QProgressBar>("PercentualeMonitor"), &QProgressBar::valueChanged, &form,
+                     [&values](int value) { values << value; });
+    Read();
+    EXPECT_EQ(Lines().size(), 20);
+    // The status, blocks 0 and 1, and the three attempts for block 2.
+    EXPECT_EQ(pc.com1.sent.size(), 6U);
+    EXPECT_EQ(values, (QList<int>{14, 28, 0}));
+    const QString fallen = QStringLiteral("Errore: la linea è caduta.");
+    EXPECT_EQ(Label("EsitoMonitor"), fallen);
+    EXPECT_EQ(Told(), QStringList{QStringLiteral("Comunicazione|") + fallen});
+    EXPECT_EQ(pc.dialog.told[0].informative, QString());
+}
+
+TEST_F(SerialMonitor, HeldLineThatFallsAsksForALogOff)
+{
+    Connect("Strale", "timbrature=60");
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    LoseLineAt(QStringLiteral("302"));
+    Read();
+    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore: la linea è caduta. Premere Log-off."));
 }
 
 TEST_F(SerialMonitor, DataThatReadsLikeAFailureIsOne)

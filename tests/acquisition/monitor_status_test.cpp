@@ -17,6 +17,19 @@ TEST_F(SerialMonitor, SilentTerminalIsAskedForNothingMore)
     EXPECT_TRUE(Button("cmdMonitor").isEnabled());
 }
 
+TEST_F(SerialMonitor, SilenceBehindAModemThatWasNotDialledAsksForALogIn)
+{
+    Connect("Strale", "", {"*:silenzio"});
+    Controls().CheckModem->setChecked(true);
+    Read();
+    EXPECT_EQ(Label("EsitoMonitor"), NoStatus() + QStringLiteral(": fare Log-in"));
+    ASSERT_TRUE(pc.com1.SetPortOpen(true));
+    state.SessionPort = 1;
+    Controls().Verde->show();
+    ReadAgain();
+    EXPECT_EQ(Label("EsitoMonitor"), NoStatus());
+}
+
 TEST_F(SerialMonitor, CountersOfAnotherTerminalAreNotUsed)
 {
     Connect("Strale", "timbrature=25");
@@ -54,9 +67,10 @@ TEST_F(SerialMonitor, StatusThatTimedOutLeavesTheTerminalItsOwnCounters)
     ReadAgain();
     EXPECT_EQ(Label("LabelTransazioni"), QStringLiteral("Transazioni Presenti:  25"));
     EXPECT_EQ(Lines().size(), 25);
-    ExpectDoubt(NoStatus(),
-                QStringLiteral("Lo stato della memoria non è arrivato: la lista può non "
-                               "essere completa e gli stati non valgono."));
+    ExpectDoubt(
+        NoStatus(),
+        QStringLiteral("Attenzione: lo stato della memoria non è arrivato: la lista può non "
+                       "essere completa e gli stati non valgono."));
 }
 
 TEST_F(SerialMonitor, BadFrameOfTheStatusIsToldAndReadByThePointer0)
@@ -65,9 +79,10 @@ TEST_F(SerialMonitor, BadFrameOfTheStatusIsToldAndReadByThePointer0)
     Read();
     EXPECT_EQ(Blocks(), Texts({"0", "1"}));
     EXPECT_EQ(Lines().size(), 20);
-    ExpectDoubt(NoStatus(),
-                QStringLiteral("Lo stato della memoria non è arrivato: la lista può non "
-                               "essere completa e gli stati non valgono."));
+    ExpectDoubt(
+        NoStatus(),
+        QStringLiteral("Attenzione: lo stato della memoria non è arrivato: la lista può non "
+                       "essere completa e gli stati non valgono."));
 }
 
 TEST_F(SerialMonitor, StatusWithoutCountersIsToldAndReadByThePointer0)
@@ -76,9 +91,10 @@ TEST_F(SerialMonitor, StatusWithoutCountersIsToldAndReadByThePointer0)
     Read();
     EXPECT_EQ(Blocks(), Texts({"0", "1"}));
     EXPECT_EQ(Lines().size(), 3);
-    ExpectDoubt(NoStatus(),
-                QStringLiteral("Lo stato della memoria non è arrivato: la lista può non "
-                               "essere completa e gli stati non valgono."));
+    ExpectDoubt(
+        NoStatus(),
+        QStringLiteral("Attenzione: lo stato della memoria non è arrivato: la lista può non "
+                       "essere completa e gli stati non valgono."));
 }
 
 TEST_F(SerialMonitor, StatusTooShortForAPointerAsksForNothing)
@@ -94,11 +110,12 @@ TEST_F(SerialMonitor, MissingBlockOfADoubtfulReadingIsToldToo)
 {
     Connect("Strale", "timbrature=25", {"32#1:checksum-errato", "30*:silenzio"});
     Read();
-    ExpectDoubt(NoStatus(),
-                QStringLiteral("Lo stato della memoria non è arrivato: la lista può non "
-                               "essere completa e gli stati non valgono. Di 2 blocchi di "
-                               "timbrature non è arrivata la risposta: la lista non è "
-                               "completa, e numeri e stati dopo di essi non valgono."));
+    ExpectDoubt(
+        NoStatus(),
+        QStringLiteral("Attenzione: lo stato della memoria non è arrivato: la lista può non "
+                       "essere completa e gli stati non valgono. Di 2 blocchi di "
+                       "timbrature non è arrivata la risposta: la lista non è "
+                       "completa, e numeri e stati dopo di essi non valgono."));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
+#include "registry/widgets/outcome_panel.h"
 #include "tests/acquisition/monitor_fixture.h"
 
+#include <QAccessible>
 #include <QTimer>
 
 namespace orlo::testing
@@ -81,6 +83,8 @@ TEST_F(MonitorWindow, PressOnItsLabelTicksWholeMemory)
 {
     Register(4, QStringLiteral("Orlo"));
     form.open();
+    QTest::mouseClick(&Find<QLabel>("LabelTuttaMemoria"), Qt::RightButton);
+    EXPECT_FALSE(Find<QCheckBox>("ChkTuttaMemoria").isChecked());
     QTest::mouseClick(&Find<QLabel>("LabelTuttaMemoria"), Qt::LeftButton);
     EXPECT_TRUE(Find<QCheckBox>("ChkTuttaMemoria").isChecked());
 }
@@ -229,6 +233,22 @@ TEST_F(MonitorWindow, OpenLineIsUsedAndLeftOpen)
     EXPECT_EQ(pc.com1.times_opened, 1);
 }
 
+TEST_F(MonitorWindow, LongestOutcomeIsWholeAtTheSmallestSize)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=25");
+    Read();
+    form.resize(form.minimumSizeHint());
+    auto& panel = Find<OutcomePanel>("EsitoMonitor");
+    for (const char* outcome : {"Errore: stato della memoria non arrivato: fare Log-in",
+                                "Errore: la linea è caduta. Premere Log-off.",
+                                "Errore: è collegata la linea della COM 1, non quella di questo "
+                                "terminale."}) {
+        panel.setText(QString::fromUtf8(outcome));
+        QApplication::processEvents();
+        EXPECT_GE(panel.height(), panel.heightForWidth(panel.width())) << outcome;
+    }
+}
+
 TEST_F(MonitorWindow, ReadAndCloseAreAsWide)
 {
     Register(4, QStringLiteral("Strale"));
@@ -243,8 +263,22 @@ TEST_F(MonitorWindow, NoTwoMnemonicsAreAlikeAndEveryInputHasAName)
     EXPECT_PRED1(AllDifferent, MnemonicsOf(form) + u'T');
     for (const char* name :
          {"ListaMonitor", "CheckMemo", "ChkTuttaMemoria", "cmdMonitor", "cmdUscita", "cmdCopia",
-          "FiltroMonitor", "FiltroStato", "LabelTransazioni", "LabelScaricate", "EsitoMonitor"})
+          "FiltroMonitor", "FiltroStato", "EsitoMonitor"})
         EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;
+}
+
+TEST_F(MonitorWindow, CountsAndOutcomeAreThereForAssistivePrograms)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=5");
+    Read();
+    const auto said = [this](const char* name, QAccessible::Text kind) {
+        return QAccessible::queryAccessibleInterface(&Find<QLabel>(name))->text(kind);
+    };
+    EXPECT_EQ(said("LabelTransazioni", QAccessible::Name),
+              QStringLiteral("Transazioni Presenti:  5"));
+    EXPECT_EQ(said("LabelScaricate", QAccessible::Name),
+              QStringLiteral("Transazioni Acquisite: 5"));
+    EXPECT_EQ(said("EsitoMonitor", QAccessible::Description), QStringLiteral("Comunicazione OK"));
 }
 
 }  // namespace

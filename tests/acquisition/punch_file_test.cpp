@@ -79,7 +79,7 @@ TEST_F(PunchFileTest, AnswerThatDoesNotFitIsCutBackWhole)
     ASSERT_TRUE(file.Sync());
     LimitFileSize(20);
     EXPECT_FALSE(file.Append(std::string(100, 'x')));
-    EXPECT_FALSE(file.Error().isEmpty());
+    EXPECT_EQ(file.Error(), QStringLiteral("il file è troppo grande"));
     LimitFileSize(RLIM_INFINITY);
     EXPECT_EQ(Content(), "before\r\n");
 }
@@ -110,14 +110,14 @@ TEST_F(PunchFileTest, FullDeviceIsAnError)
     PunchFile file;
     ASSERT_TRUE(file.Open(QStringLiteral("/dev/full")));
     EXPECT_FALSE(file.Append("x\r\n"));
-    EXPECT_FALSE(file.Error().isEmpty());
+    EXPECT_EQ(file.Error(), QStringLiteral("il disco è pieno"));
 }
 
 TEST_F(PunchFileTest, FolderThatIsMissingIsAnError)
 {
     PunchFile file;
     EXPECT_FALSE(file.Open(folder.filePath(QStringLiteral("no/TIMBRAT.TXT"))));
-    EXPECT_FALSE(file.Error().isEmpty());
+    EXPECT_EQ(file.Error(), QStringLiteral("il file o la cartella non esiste"));
 }
 
 }  // namespace

@@ -51,6 +51,16 @@ protected:
         };
     }
 
+    /// The line falls when that request goes out.
+    void LoseLineAt(const QString& request)
+    {
+        pc.com1.answer_to = [this, request, carry = pc.com1.answer_to](std::string_view bytes) {
+            std::vector<Arrival> arrivals = carry(bytes);
+            pc.com1.line_lost = commands.back() == request;
+            return pc.com1.line_lost ? std::vector<Arrival>() : arrivals;
+        };
+    }
+
     /// Requests for blocks, the others apart.
     QStringList Blocks() const
     {
@@ -69,6 +79,33 @@ protected:
         EXPECT_EQ(pc.dialog.told.back().text, QStringLiteral("Ricezione dati OK"));
         EXPECT_EQ(pc.dialog.told.back().informative, informative);
     }
+    /// The same for a list that is shorter or longer than the terminal declared.
+    void ExpectOtherThanDeclared(const QString& informative) const
+    {
+        ExpectDoubt(QStringLiteral("Errore: la lista può non essere completa"), informative);
+    }
+    /// A reading that the operator stopped and whose lines are not what they seem.
+    void ExpectStoppedAndTold(const QString& informative) const
+    {
+        const QString stopped = QStringLiteral("Lettura interrotta");
+        EXPECT_EQ(Label("EsitoMonitor"), stopped);
+        ASSERT_EQ(Told(), QStringList{QStringLiteral("Comunicazione|") + stopped});
+        EXPECT_EQ(pc.dialog.told[0].informative, informative);
+    }
+    static QString Fewer()
+    {
+        return QStringLiteral(
+            "Attenzione: sono arrivate meno timbrature di quante il terminale ne ha dichiarate: la "
+            "lista può "
+            "non essere completa.");
+    }
+    static QString More()
+    {
+        return QStringLiteral(
+            "Attenzione: il terminale contiene più timbrature di quante ne ha dichiarate: la lista "
+            "può non "
+            "essere completa e gli stati non valgono.");
+    }
     static QStringList Texts(std::initializer_list<const char*> texts)
     {
         QStringList list;
@@ -78,6 +115,7 @@ protected:
 };
 
 inline constexpr const char* kStatus41 = "TPnt 00041 TrInMemory 00042 TpntOld 00000 TpntNew 00041";
+inline constexpr const char* kStatus24 = "TPnt 00024 TrInMemory 00025 TpntOld 00000 TpntNew 00024";
 inline constexpr const char* kRecord = "9 123456000108300015030601";
 
 inline std::string Records(int count)

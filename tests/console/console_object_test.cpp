@@ -57,6 +57,8 @@ TEST_F(ObjectConsole, RefusalShowsItsCodeAndTheData)
     component.received_data = "resto";
     Send("GETREL");
     EXPECT_EQ(Label("ReceveidCommand"), QStringLiteral("99,Time Out"));
+    EXPECT_EQ(Find<QLabel>("ReceveidCommand").accessibleDescription(),
+              QStringLiteral("99,Time Out"));
     EXPECT_EQ(Answer(), QStringLiteral("resto"));
     EXPECT_EQ(Status(), QString());
     EXPECT_EQ(Outcome(), QString());
@@ -89,6 +91,16 @@ TEST_F(ObjectConsole, CodeWithoutDataIsCopied)
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("99,Time Out"));
     Command().clear();
     EXPECT_FALSE(Button("cmdCopia").isEnabled());
+}
+
+TEST_F(ObjectConsole, ControlCharacterInTheParametersIsNotSent)
+{
+    Connect();
+    Data().setText(QStringLiteral("01\n"));
+    Send("GETREL");
+    EXPECT_TRUE(component.calls.empty());
+    EXPECT_EQ(Status(),
+              QStringLiteral("Errore: il carattere \"<LF>\" (U+000A) non può essere inviato."));
 }
 
 TEST_F(ObjectConsole, ParameterOutsideTheCodePageIsNotSent)

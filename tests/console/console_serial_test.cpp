@@ -1,5 +1,8 @@
 #include "tests/console/console_fixture.h"
 
+#include <QApplication>
+#include <QClipboard>
+
 namespace orlo::testing
 {
 namespace
@@ -62,6 +65,26 @@ TEST_F(SerialConsole, CharacterOutsideTheCodePageIsNamedAndNothingIsSent)
     Command().setText(QStringLiteral("?"));
     Press();
     EXPECT_EQ(commands, QStringList{QStringLiteral("?")});
+}
+
+TEST_F(SerialConsole, PastedControlCharactersAreNamedAndNothingIsSent)
+{
+    const struct {
+        const char* pasted;
+        const char* named;
+    } cases[] = {{"03\r32\r", "\"<CR>\" (U+000D)"}, {"03\n32", "\"<LF>\" (U+000A)"},
+                 {"03\t32", "\"<HT>\" (U+0009)"},   {"03\x7F", "\"<DEL>\" (U+007F)"},
+                 {"\xC2\x81", "\"<81>\" (U+0081)"}, {"→\n", "\"<LF>\" (U+000A)"}};
+    Connect();
+    for (const auto& [pasted, named] : cases) {
+        QApplication::clipboard()->setText(QString::fromUtf8(pasted));
+        Command().clear();
+        Command().paste();
+        Press();
+        EXPECT_TRUE(pc.com1.sent.empty()) << named;
+        EXPECT_EQ(Status(), QStringLiteral("Errore: il carattere %1 non può essere inviato.")
+                                .arg(QLatin1String(named)));
+    }
 }
 
 TEST_F(SerialConsole, EmptyCommandSendsATelegramWithoutABody)
@@ -166,6 +189,24 @@ TEST_F(SerialConsole, TerminalNumber0AnswersNothingAtOnce)
     ASSERT_EQ(pc.com1.sent.size(), 1U);
     EXPECT_EQ(pc.com1.sent[0], std::string("\x02\x80"
                                            "03\xE5\x0D"));
+}
+
+TEST_F(SerialConsole, Terminal32IsAddressedAndHeard)
+{
+    Register(32, QStringLiteral("Strale"));
+    form.open();
+    // SOH, address 128 + 32, "OK", checksum 128 + (1 + 160 + 79 + 75) mod 128, CR.
+    pc.com1.answer_to = [](std::string_view) {
+        return std::vector<Arrival>{{{},
+                                     "\x01\xA0"
+                                     "OK\xBB\x0D"}};
+    };
+    Send("03");
+    ASSERT_EQ(pc.com1.sent.size(), 1U);
+    EXPECT_EQ(pc.com1.sent[0],
+              "\x02\xA0"
+              "03\x85\x0D");
+    EXPECT_EQ(Answer(), QStringLiteral("OK"));
 }
 
 TEST_F(SerialConsole, OpenLineIsUsedAndLeftOpen)

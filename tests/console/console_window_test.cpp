@@ -1,3 +1,4 @@
+#include "registry/widgets/outcome_panel.h"
 #include "tests/console/console_fixture.h"
 
 #include <QApplication>
@@ -103,6 +104,40 @@ TEST_F(ConsoleWindow, FieldAndButtonAreAsFarApartForEveryModel)
     EXPECT_EQ(gap(), 6);
 }
 
+TEST_F(ConsoleWindow, TitleIsAsFarFromWhatFollowsForEveryModel)
+{
+    Connect();
+    const auto gap = [this](const char* next) {
+        QApplication::processEvents();
+        const auto& title = Find<QLabel>("LabelTitolo");
+        const int words = title.geometry().bottom() - title.contentsMargins().bottom();
+        return Find<QWidget>(next).y() - words - 1;
+    };
+    EXPECT_EQ(gap("CommandField"), 6);
+    form.close();
+    Register(5, QStringLiteral("Orlo"));
+    window.SelectTerminalLine(1);
+    form.open();
+    EXPECT_EQ(gap("LabelComando"), 6);
+}
+
+TEST_F(ConsoleWindow, AltCLeadsToTheCommandForEveryModel)
+{
+    Connect();
+    const auto lead = [this] {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+        Button("cmdUscita").setFocus();
+        QTest::keyClick(&form, Qt::Key_C, Qt::AltModifier);
+        return form.focusWidget();
+    };
+    EXPECT_EQ(lead(), &Command());
+    form.close();
+    Register(5, QStringLiteral("Orlo"));
+    window.SelectTerminalLine(1);
+    form.open();
+    EXPECT_EQ(lead(), &Command());
+}
+
 TEST_F(ConsoleWindow, SendAndCloseStandInOneColumn)
 {
     Connect();
@@ -189,6 +224,18 @@ TEST_F(ConsoleWindow, AnswerIsCopiedByItsButton)
     EXPECT_FALSE(Button("cmdCopia").isEnabled());
 }
 
+TEST_F(ConsoleWindow, LongestOutcomeIsWholeInTheNarrowestWindow)
+{
+    Connect();
+    Send("03");
+    form.resize(form.minimumSizeHint().width(), form.height());
+    auto& panel = Find<OutcomePanel>("EsitoComando");
+    panel.setText(QStringLiteral(
+        "Errore: è collegata la linea della COM 1, non quella di questo terminale."));
+    QApplication::processEvents();
+    EXPECT_GE(panel.height(), panel.heightForWidth(panel.width()));
+}
+
 TEST_F(ConsoleWindow, NoAnswerWidensTheWindow)
 {
     Connect();
@@ -219,11 +266,16 @@ TEST_F(ConsoleWindow, EscapeClosesUnlessACommandRuns)
 
 TEST_F(ConsoleWindow, NoTwoMnemonicsAreAlikeAndEveryInputHasAName)
 {
+    Register(4, QStringLiteral("Orlo"));
+    form.open();
     EXPECT_EQ(MnemonicsOf(form).size(), 5);
     EXPECT_PRED1(AllDifferent, MnemonicsOf(form));
     for (const char* name : {"CommandField", "DataField", "cmdTrasmetteComando", "cmdUscita",
                              "cmdCopia", "ReceivedDataLabel", "ReceveidCommand", "EsitoComando"})
         EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;
+    // What has the focus when the answer has it.
+    EXPECT_EQ(form.findChild<QPlainTextEdit*>()->accessibleName(),
+              QStringLiteral("Risposta del terminale"));
 }
 
 }  // namespace

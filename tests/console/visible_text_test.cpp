@@ -23,6 +23,7 @@ TEST(VisibleText, ControlCharactersAreNamed)
         {"<b>x</b>", QStringLiteral("<b>x</b>")},
         {"\xE0\xE8\x80", QStringLiteral("àè€")},
         {"\x81\x9D", QStringLiteral("<81><9D>")},
+        {"a\xA0-\xAD\xAE", QStringLiteral("a<A0>-<AD>®")},
     };
     for (const auto& [bytes, shown] : cases)
         EXPECT_EQ(VisibleText(bytes), shown) << shown.toStdString();

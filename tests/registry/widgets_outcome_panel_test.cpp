@@ -20,6 +20,18 @@ TEST(OutcomePanel, GoodAndFailedOutcomesAreReadOut)
                                                   QStringLiteral("Errore aprendo la COM")}));
 }
 
+TEST(OutcomePanel, OutcomeIsItsDescriptionBeforeItIsReadOut)
+{
+    struct Panel : OutcomePanel {
+        QString described;
+        void Alert() override { described = accessibleDescription(); }
+    } panel;
+    panel.setText(QStringLiteral("Errore aprendo la COM"));
+    EXPECT_EQ(panel.described, QStringLiteral("Errore aprendo la COM"));
+    panel.clear();
+    EXPECT_EQ(panel.accessibleDescription(), QString());
+}
+
 TEST(OutcomePanel, ATextWrittenAsIntoAnyLabelIsNoticedWhenPainted)
 {
     OutcomePanel panel;
@@ -53,6 +65,21 @@ TEST(OutcomePanel, AsksForTheRoomOfItsCaptionAndMakesDoWithLess)
     EXPECT_GT(panel.sizeHint().width(), smallest.width());
     panel.show();
     panel.resize(panel.sizeHint());
+    EXPECT_EQ(panel.toolTip(), QString()) << "nothing is cut";
+}
+
+TEST(OutcomePanel, ACaptionThatIsTooLongIsBrokenWhereThePanelMay)
+{
+    OutcomePanel panel;
+    panel.setWordWrap(true);
+    panel.setText(QStringLiteral("Errore aprendo la COM"));
+    const int wide = panel.sizeHint().width();
+    const int one_line = panel.heightForWidth(wide);
+    EXPECT_EQ(one_line, panel.sizeHint().height());
+    EXPECT_GE(panel.heightForWidth(wide * 2 / 3), one_line + panel.fontMetrics().height() - 2);
+    EXPECT_TRUE(panel.sizePolicy().hasHeightForWidth());
+    panel.show();
+    panel.resize(wide * 2 / 3, 2 * one_line);
     EXPECT_EQ(panel.toolTip(), QString()) << "nothing is cut";
 }
 
