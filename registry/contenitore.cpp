@@ -36,6 +36,9 @@ Contenitore::Contenitore(ProgramState& state, Workstation& workstation, QWidget*
     ui_->Verde->hide();
     ui_->Rosso->hide();
     ui_->LabelEsc->hide();
+    ui_->LabelUltimoComando->SetBold(false);
+    ui_->LabelModifiche->SetBold(false);
+    RefreshStrip();
     ConnectControls();
     ConnectPanels();
     StartTimer1();

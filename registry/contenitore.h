@@ -138,7 +138,8 @@ private:
 
     void AskToLeave();
     void HearOutcome(const QString& caption);
-    void ShowLastOutcome();
+    void ShowLastOutcome(int terminal);
+    void RefreshStrip();
     void StartTimer1();
     void Timer1_Timer();
     bool PrepareComponent(const TerminalModel& model);

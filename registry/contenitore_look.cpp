@@ -77,7 +77,7 @@ void Contenitore::DeriveLook()
     ui_->LabelPercentuale->setMinimumWidth(Widest(metrics, {"Restano:", "Completato:"}));
     ui_->LabelScarto->setMinimumWidth(Widest(metrics, {"−00 min 00 s"}));
     ui_->LabelOrologio->setMinimumWidth(Widest(metrics, {"Terminale 00:"}));
-    ui_->LabelModifiche->setMinimumWidth(Widest(metrics, {"Modifiche non salvate"}));
+    ui_->LabelModifiche->SetRoom(QStringLiteral("Modifiche non salvate"));
     ui_->LabelTerminale->setMinimumWidth(QFontMetrics(ui_->LabelTerminale->font())
                                              .horizontalAdvance(QStringLiteral("Terminale n°00")));
     ui_->PannelloPercentuale->setMinimumWidth(metrics.averageCharWidth() * 15);
@@ -108,7 +108,8 @@ void Contenitore::DeriveLook()
     KeepRoom({ui_->LabelPriorita1, ui_->LabelPriorita2, ui_->LabelRitardo, ui_->Priorita,
               ui_->Priorita2, ui_->ComboRitardo, ui_->ScrollPriorita, ui_->ScrollPriorita2,
               ui_->FrameFunzionamento, ui_->LabelLenCard, ui_->LenCard, ui_->BidirectionalCheck,
-              ui_->LabelAzienda, ui_->InizioAzienda, ui_->LenAzienda, ui_->LabelEsc});
+              ui_->LabelAzienda, ui_->InizioAzienda, ui_->LenAzienda, ui_->LabelEsc,
+              ui_->LabelUltimoComando, ui_->PannelloTentativi});
 
     const QSize smallest = kSmallest * (metrics.height() / kDrawnLineHeight);
     setMinimumSize(smallest.boundedTo(screen()->availableSize()));

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QRegularExpression>
 
 namespace orlo
 {
@@ -49,11 +50,15 @@ void PaintTriangle(QPainter& painter, const QColor& colour, const QPen& mark)
 
 Outcome OutcomeOf(const QString& caption)
 {
+    static const QRegularExpression good(QStringLiteral(
+        "Comunicazione OK(, (nessuna|\\d+) timbratur.*)?$|^Modem Log (In|Off)$|^risposte (\\d+) su "
+        "\\4$|"
+        "^(Ricezione|Spedizione) dati OK$|^Trasmissione Dati Ok$|^salvato nel registro$"));
+    static const QRegularExpression failure(
+        QStringLiteral("^(Errore|Impossibile|Avvio non completato|non salvato)"));
     if (caption.isEmpty()) return Outcome::None;
-    if (caption.endsWith(QLatin1String("Comunicazione OK")) ||
-        caption == QLatin1String("Modem Log In") || caption == QLatin1String("Modem Log Off"))
-        return Outcome::Good;
-    return caption.startsWith(QLatin1String("Errore")) ? Outcome::Failure : Outcome::Warning;
+    if (good.match(caption).hasMatch()) return Outcome::Good;
+    return failure.match(caption).hasMatch() ? Outcome::Failure : Outcome::Warning;
 }
 
 void PaintOutcomeGlyph(QPainter& painter, const QRectF& place, Outcome outcome,

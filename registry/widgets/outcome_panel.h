@@ -1,6 +1,9 @@
 #pragma once
 
+#include "registry/widgets/colours.h"
 #include "registry/widgets/text_panel.h"
+
+#include <optional>
 
 namespace orlo
 {
@@ -14,6 +17,13 @@ class OutcomePanel : public TextPanel
 
 public:
     explicit OutcomePanel(QWidget* parent = nullptr);
+
+    /// Shows a line whose outcome its first words do not tell.
+    void ShowLine(const QString& line, Outcome outcome);
+    /// Captions are bold unless this says otherwise; remarks never are.
+    void SetBold(bool bold);
+    /// The least room is that of `sample`.
+    void SetRoom(const QString& sample);
 
     void SetRemark(const QString& remark);
     const QString& Remark() const { return remark_; }
@@ -29,13 +39,17 @@ protected:
     virtual void Alert();
 
 private:
+    Outcome ShownOutcome() const;
     QString Caption() const;
     QFont CaptionFont() const;
     int TextLeft() const;
     QSize RoomOf(const QString& caption) const;
-    void TakeOutcome(const QString& text);
+    void TakeOutcome();
     void ShowToolTip();
 
+    std::optional<Outcome> outcome_of_line_;
+    bool bold_ = true;
+    QString sample_ = QStringLiteral("Comunicazione OK");
     QString remark_;
 };
 
