@@ -107,6 +107,13 @@ void Contenitore::ShowLastOutcome(int terminal)
         OutcomeOf(outcome));
 }
 
+void Contenitore::ShowStartUpFailure(int error)
+{
+    const QString line = tr("Avvio non completato: errore %1").arg(error);
+    ui_->LabelUltimoComando->ShowLine(line, OutcomeOf(line));
+    RefreshStrip();
+}
+
 /// How the last command ended stands where a running one shows its attempts and the Escape key.
 /// Behind a command the caption is that of its last exchange or of the clock read each second, and
 /// no longer the outcome.
@@ -116,6 +123,11 @@ void Contenitore::RefreshStrip()
     ui_->LabelUltimoComando->setVisible(ended);
     ui_->PannelloTentativi->setVisible(!ended);
     ui_->PannelloComunicazione->SetBold(!ended);
+    const QString open = tr("Linea aperta sulla COM %1").arg(state_.SessionPort);
+    ui_->Verde->setToolTip(open);
+    ui_->Verde->setAccessibleDescription(open);
+    ui_->cmdLogIn->setToolTip(LineIsOpen() ? tr("La linea è già aperta: richiama")
+                                           : ui_->cmdLogIn->accessibleName());
 }
 
 void Contenitore::StartTimer1()
