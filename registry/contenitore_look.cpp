@@ -18,6 +18,8 @@ namespace
 /// The least size of the window at the font for which it was drawn, whose lines are this high.
 constexpr QSize kSmallest(1180, 580);
 constexpr double kDrawnLineHeight = 15;
+/// Margins of the window and the gap between register and terminal.
+constexpr int kAroundBoth = 12 + 18 + 12;
 
 int Widest(const QFontMetrics& metrics, std::initializer_list<const char*> texts)
 {
@@ -83,6 +85,7 @@ void Contenitore::DeriveLook()
     ui_->PannelloPercentuale->setMinimumWidth(metrics.averageCharWidth() * 15);
 
     ui_->cmdAggiorna->setMinimumWidth(ui_->cmdAcquisisce->minimumWidth());
+    MakeEquallyWide({ui_->cmdLeggeOra, ui_->cmdSincro, ui_->cmdTest});
 
     // Titles of neighbouring sections stand on one line, whether there are buttons beside them or
     // not.
@@ -97,11 +100,12 @@ void Contenitore::DeriveLook()
         box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
     for (QLineEdit* field : {ui_->Tentativi, ui_->Priorita, ui_->Priorita2})
-        FieldRoom(*field, "000");
+        FieldRoom(*field, "00000");
     for (QLineEdit* field : {ui_->InizioImpianto, ui_->LenImpianto, ui_->InizioAzienda,
                              ui_->LenAzienda, ui_->InizioBadge, ui_->LenBadge, ui_->LenCard})
         FieldRoom(*field, "00000");
     FieldRoom(*ui_->CodiceImpianto, "-00000");
+    FieldRoom(*ui_->CampoDescrizione, "WWWWWWWW");
     for (StepBar* bar : {ui_->ScrollTentativi, ui_->ScrollPriorita, ui_->ScrollPriorita2})
         bar->setFixedHeight(field_height);
 
@@ -111,8 +115,16 @@ void Contenitore::DeriveLook()
               ui_->LabelAzienda, ui_->InizioAzienda, ui_->LenAzienda, ui_->LabelEsc,
               ui_->LabelUltimoComando, ui_->PannelloTentativi});
 
+    // The register gives way first; the terminal's page is cut only by a screen too narrow for it.
+    // Nested layouts still hold the rooms of before.
+    for (QLayout* layout : findChildren<QLayout*>()) layout->invalidate();
+    const QSize available = screen()->availableSize();
+    const int beside = ui_->ListaTerminali->minimumSizeHint().width() + kAroundBoth;
+    ui_->ScorrimentoTerminale->setMinimumWidth(
+        std::clamp(ui_->PaginaTerminale->minimumSizeHint().width(), 0,
+                   std::max(available.width() - beside, 0)));
     const QSize smallest = kSmallest * (metrics.height() / kDrawnLineHeight);
-    setMinimumSize(smallest.boundedTo(screen()->availableSize()));
+    setMinimumSize(smallest.expandedTo(minimumSizeHint()).boundedTo(available));
 }
 
 }  // namespace orlo
