@@ -42,7 +42,7 @@ TEST(OutcomePanel, PaintsTheGlyphOfTheOutcomeGivenWithALine)
     panel.ShowLine(line, Outcome::Failure);
     const QImage failure = panel.grab().toImage();
     EXPECT_NE(good, failure);
-    EXPECT_EQ(failure.pixelColor(5, 10), OutcomeColour(Outcome::Failure, panel.palette()));
+    EXPECT_EQ(failure.pixelColor(3, 10), OutcomeColour(Outcome::Failure, panel.palette()));
 }
 
 TEST(OutcomePanel, ATextWrittenAsIntoAnyLabelIsNoticedWhenPainted)
