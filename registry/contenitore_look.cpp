@@ -116,8 +116,11 @@ void Contenitore::DeriveLook()
               ui_->LabelUltimoComando, ui_->PannelloTentativi});
 
     // The register gives way first; the terminal's page is cut only by a screen too narrow for it.
-    // Nested layouts still hold the rooms of before.
-    for (QLayout* layout : findChildren<QLayout*>()) layout->invalidate();
+    // Nested layouts and the frames around them still hold the rooms of before.
+    for (QLayout* layout : findChildren<QLayout*>()) {
+        layout->invalidate();
+        layout->parentWidget()->updateGeometry();
+    }
     const QSize available = screen()->availableSize();
     const int beside = ui_->ListaTerminali->minimumSizeHint().width() + kAroundBoth;
     ui_->ScorrimentoTerminale->setMinimumWidth(
