@@ -111,7 +111,9 @@ public:
 
 void ApplyTheme(QApplication& application, Theme theme)
 {
-    application.setStyle(new Style);
+    auto* const style = new Style;
+    style->setParent(&application);
+    application.setStyle(style);
     if (theme == Theme::Desktop) {
         const uint scheme = PortalColourScheme();
         if (scheme == kPreferDark)
