@@ -8,6 +8,8 @@
 #include "registry/contenitore_controls.h"
 #include "registry/database_error.h"
 
+#include <QFileInfo>
+
 namespace orlo
 {
 
@@ -78,6 +80,16 @@ AcquisitionOutcome AcquireObjectGuarded(Contenitore& window)
     return thrown.isEmpty() ? outcome : NotDone(thrown);
 }
 
+/// The outcome of an acquisition that is done, with what it brought and where it is.
+QString GoodOutcome(int punches, const QString& file)
+{
+    const QString good = QStringLiteral("Comunicazione OK, ");
+    if (punches == 0) return good + QStringLiteral("nessuna timbratura da acquisire");
+    const QString brought = punches == 1 ? QStringLiteral("1 timbratura")
+                                         : QStringLiteral("%1 timbrature").arg(punches);
+    return good + brought + QStringLiteral(" in ") + QFileInfo(file).fileName();
+}
+
 }  // namespace
 
 AcquisitionOutcome cmdAcquisisce_Click(Contenitore& window)
@@ -101,7 +113,8 @@ AcquisitionOutcome cmdAcquisisce_Click(Contenitore& window)
         outcome = NotDone(controls.PannelloComunicazione->text());
     // An Orlo or Sipa leaves no caption behind, and the last caption of an acquisition that was
     // stopped is that of its last good exchange.
-    window.NoteOutcome(outcome.done ? kCommunicationOk : outcome.reason);
+    window.NoteOutcome(outcome.done ? GoodOutcome(outcome.punches, controls.NomeFile->text())
+                                    : outcome.reason);
     return outcome;
 }
 

@@ -11,6 +11,8 @@ struct AcquisitionOutcome {
     bool done = false;
     /// Why not, in Italian; empty when done.
     QString reason;
+    /// Punches written into the file.
+    int punches = 0;
 };
 
 /// Empties the selected terminal's punch memory into the file named in NomeFile.

@@ -71,6 +71,7 @@ private:
     int attempt_ = 1;
     int idle_answers_ = 0;
     int delivered_at_this_count_ = 0;
+    int punches_ = 0;
     bool counts_disagree_ = false;
     bool too_many_records_ = false;
     /// What the last attempt failed by; without any attempt the number of attempts is the reason.
@@ -155,6 +156,7 @@ void SerialAcquisition::CountAgain()
     bool stored = false;
     status_ = StatoMemoria(window_, /*may_open_port=*/false, [&] { stored = acceptance_.Sync(); });
     if (!stored) return StoringFailed();
+    punches_ += acceptance_.LastAnswer().records;
     too_many_records_ = false;
     const std::int16_t count_before = count_;
     count_ = PunchesToAcquire(window_.State());
@@ -230,7 +232,7 @@ AcquisitionOutcome SerialAcquisition::Outcome() const
     if (!failure_.isEmpty()) return {.done = false, .reason = failure_};
     switch (status_) {
         case MemoryAnswer::Good:
-            return {.done = true, .reason = {}};
+            return {.done = true, .reason = {}, .punches = punches_};
         case MemoryAnswer::Timeout:
             return {.done = false, .reason = kTimeoutCaption};
         case MemoryAnswer::BadFrame:

@@ -43,6 +43,13 @@ public:
     {
     }
 
+    ~ObjectAcquisition()
+    {
+        if (punches_ > 0) controls_.PannelloPercentuale->setValue(0);
+    }
+    ObjectAcquisition(const ObjectAcquisition&) = delete;
+    ObjectAcquisition& operator=(const ObjectAcquisition&) = delete;
+
     AcquisitionOutcome Run();
 
 private:
@@ -66,6 +73,7 @@ private:
     int attempt_ = 1;
     bool end_of_data_ = false;
     std::string received_command_;
+    int punches_ = 0;
     int delivered_ = 0;
     /// Those of them that the terminal counts as still to be acquired.
     int delivered_to_acquire_ = 0;
@@ -173,6 +181,9 @@ void ObjectAcquisition::Count()
 {
     AddTo(*controls_.PannelloTimbrature, +1);
     AddTo(*controls_.PannelloAcquisire, -1);
+    ++punches_;
+    const int declared = RecordsToAcquire(counters_);
+    controls_.PannelloPercentuale->setValue(std::max(100 * (declared - punches_) / declared, 0));
 }
 
 void ObjectAcquisition::MarkRecord()
@@ -211,7 +222,7 @@ AcquisitionOutcome ObjectAcquisition::Outcome() const
                                          "ha consegnate %2.")
                               .arg(declared)
                               .arg(delivered_to_acquire_)};
-    return {.done = true, .reason = {}};
+    return {.done = true, .reason = {}, .punches = punches_};
 }
 
 }  // namespace

@@ -18,7 +18,11 @@ Demonstration::Demonstration(Desk& desk, const QDir& pictures)
 {
     QObject::connect(window_.Controls().PannelloPercentuale, &QProgressBar::valueChanged, &window_,
                      [this](int percent) {
-                         if (percent > 20 && percent < 60) TakePictureInTheMiddle();
+                         // An Orlo or a Sipa has no caption to be seen meanwhile.
+                         const TerminalModel* const model = window_.ShownModel();
+                         const bool serial =
+                             model != nullptr && model->family == LinkFamily::Serial;
+                         if (serial && percent > 20 && percent < 60) TakePictureInTheMiddle();
                      });
 }
 

@@ -27,8 +27,8 @@ struct ConfiguredPaths {
 /// Takes the content of a configuration file, in UTF-8 or else in Windows-1252.
 ConfiguredPaths ParseConfiguration(const QByteArray& content);
 
-/// Reads the file, whatever the case of its name, into the three paths of the program's state. A file that cannot be read leaves
-/// them as they are, without a message.
+/// Reads the file, whatever the case of its name, into the three paths of the program's state. A
+/// file that cannot be read leaves them as they are, without a message.
 void ReadConfiguration(ProgramState& state, const QString& file_name);
 
 }  // namespace orlo

@@ -9,6 +9,8 @@
 #include "ui_contenitore.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QScreen>
 #include <QSignalBlocker>
 
 namespace orlo
@@ -36,10 +38,14 @@ Contenitore::Contenitore(ProgramState& state, Workstation& workstation, QWidget*
     ui_->Verde->hide();
     ui_->Rosso->hide();
     ui_->LabelEsc->hide();
+    ui_->LabelUltimoComando->SetBold(false);
+    ui_->LabelModifiche->SetBold(false);
+    RefreshStrip();
     ConnectControls();
     ConnectPanels();
     StartTimer1();
     DeriveLook();
+    resize(size().boundedTo(screen()->availableSize()));
     RipulisceParametri();
     RefreshAvailability();
 }
@@ -70,6 +76,8 @@ void Contenitore::ConnectPanels()
         connect(panel, &TextPanel::TextChanged, this, &Contenitore::RefreshGauge);
     connect(ui_->ComboTipoTerminale, &QComboBox::currentTextChanged, this,
             &Contenitore::RefreshGauge);
+    connect(ui_->ComboTipoTerminale, &QComboBox::currentTextChanged, this,
+            &Contenitore::RefreshBadge);
     connect(ui_->PannelloComunicazione, &TextPanel::TextChanged, this, &Contenitore::HearOutcome);
     for (TextPanel* panel :
          std::initializer_list<TextPanel*>{ui_->OraTerminale, ui_->DataTerminale, ui_->Sistema})
@@ -232,12 +240,17 @@ bool Contenitore::eventFilter(QObject* watched, QEvent* event)
 
 void Contenitore::cmdSfoglia_Click()
 {
-    // Punches are appended: choosing an existing file overwrites nothing.
-    const QString name =
-        QFileDialog::getSaveFileName(this, tr("File delle timbrature"), ui_->NomeFile->text(),
-                                     tr("File di testo (*.TXT *.txt);;Tutti i file (*)"), nullptr,
-                                     QFileDialog::DontConfirmOverwrite);
-    if (!name.isEmpty()) ui_->NomeFile->setText(name);
+    QFileDialog dialog(this, tr("File a cui aggiungere le timbrature"), QString(),
+                       tr("File di testo (*.TXT *.txt);;Tutti i file (*)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // Punches are appended: choosing an existing file overwrites nothing, and a new one is no save.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setLabelText(QFileDialog::Accept, tr("Scegli"));
+    const QFileInfo file(ui_->NomeFile->text());
+    dialog.setDirectory(file.absolutePath());
+    dialog.selectFile(file.fileName());
+    if (dialog.exec() == QDialog::Accepted)
+        ui_->NomeFile->setText(dialog.selectedFiles().constFirst());
 }
 
 void Contenitore::RefreshGauge()
@@ -253,10 +266,16 @@ void Contenitore::RefreshBadge()
     const auto number = [](const QLineEdit* field) {
         return static_cast<int>(WholeNumberOrZero<std::int16_t>(field->text()));
     };
-    ui_->DisegnoBadge->Show({{number(ui_->InizioImpianto), number(ui_->LenImpianto)},
-                             {number(ui_->InizioAzienda), number(ui_->LenAzienda)},
-                             {number(ui_->InizioBadge), number(ui_->LenBadge)},
-                             number(ui_->LenCard)});
+    BadgeLayout layout;
+    layout.plant = {number(ui_->InizioImpianto), number(ui_->LenImpianto)};
+    layout.badge = {number(ui_->InizioBadge), number(ui_->LenBadge)};
+    // A serial terminal has neither of them, whatever its row holds.
+    const TerminalModel* const model = ShownModel();
+    if (model == nullptr || model->family == LinkFamily::Object) {
+        layout.company = {number(ui_->InizioAzienda), number(ui_->LenAzienda)};
+        layout.length = number(ui_->LenCard);
+    }
+    ui_->DisegnoBadge->Show(layout);
 }
 
 void Contenitore::RefreshClockDifference()

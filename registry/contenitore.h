@@ -13,6 +13,7 @@
 #include <vector>
 
 class QAbstractButton;
+class QLineEdit;
 class QTimer;
 
 namespace Ui
@@ -120,6 +121,9 @@ public:
     /// another window waits for the operator. It lets no window events in.
     void SetPeriodicRead(std::function<void()> read) { periodic_read_ = std::move(read); }
 
+    /// Says in the line of the last command by which error the start-up was not completed.
+    void ShowStartUpFailure(int error);
+
     /// A standing remark in the strip, such as why the register was not read to its end.
     void ShowRemark(const QString& text);
 
@@ -139,7 +143,8 @@ private:
 
     void AskToLeave();
     void HearOutcome(const QString& caption);
-    void ShowLastOutcome();
+    void ShowLastOutcome(int terminal);
+    void RefreshStrip();
     void StartTimer1();
     void Timer1_Timer();
     bool PrepareComponent(const TerminalModel& model);
@@ -161,7 +166,10 @@ private:
     void EnableByActivity(bool active);
     void EnableObjectLinkControls(bool enabled);
     void ShowWhetherModified();
-    void SaveSelected(const TerminalRecord& entered);
+    /// Whether the terminal's row was written.
+    bool SaveSelected(const TerminalRecord& entered);
+    /// Tells which field it is; false, as nothing is saved.
+    bool Refuse(const QLineEdit& misfit);
     void EmptyTerminalPanels();
     void EmptyClockDisplays();
 

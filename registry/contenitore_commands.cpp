@@ -1,4 +1,5 @@
 #include "registry/contenitore.h"
+#include "registry/widgets/glyphs.h"
 #include "registry/widgets/input_shield.h"
 
 #include "ui_contenitore.h"
@@ -17,7 +18,9 @@ class Contenitore::CommandScope
 {
 public:
     CommandScope(Contenitore& window, const QString& task, EscapeUse escape)
-        : window_(window), shield_(window, *window.ui_->ListaTerminali)
+        : window_(window),
+          terminal_(window.SelectedTerminal()),
+          shield_(window, *window.ui_->ListaTerminali)
     {
         window_.running_ = true;
         window_.task_ = task;
@@ -35,7 +38,7 @@ public:
         // What was pressed while an exchange waited falls on the shield, not on what follows.
         window_.workstation_.clock.ProcessPendingEvents();
         window_.running_ = false;
-        window_.ShowLastOutcome();
+        window_.ShowLastOutcome(terminal_);
         window_.task_.clear();
         window_.ui_->LabelEsc->hide();
         Show();
@@ -53,6 +56,7 @@ private:
         window_.ui_->ListaTerminali->SetMuted(window_.running_);
         window_.RefreshAvailability();
         window_.RefreshNotice();
+        window_.RefreshStrip();
     }
 
     // Fields, those of the windows over this one too, have a pointer of their own. The strip keeps
@@ -65,6 +69,8 @@ private:
     }
 
     Contenitore& window_;
+    /// Of the start: behind a save another one is selected.
+    const int terminal_;
     InputShield shield_;
 };
 
@@ -86,18 +92,42 @@ void Contenitore::HearOutcome(const QString& caption)
     if (running_ && !caption.isEmpty()) heard_outcome_ = caption;
 }
 
-void Contenitore::ShowLastOutcome()
+void Contenitore::ShowLastOutcome(int terminal)
 {
     const QString heard = std::exchange(heard_outcome_, {});
     const QString noted = std::exchange(noted_outcome_, {});
     const QString outcome = noted.isEmpty() ? heard : noted;
     if (outcome.isEmpty()) return;
     // The task reads "Acquisizione in corso…".
-    ui_->LabelUltimoComando->setText(
+    ui_->LabelUltimoComando->ShowLine(
         tr("%1 %2, terminale %3: %4")
             .arg(workstation_.clock.Time().toString(QStringLiteral("HH:mm:ss")),
-                 task_.section(QLatin1String(" in corso"), 0, 0),
-                 QString::number(SelectedTerminal()), outcome));
+                 task_.section(QLatin1String(" in corso"), 0, 0), QString::number(terminal),
+                 outcome),
+        OutcomeOf(outcome));
+}
+
+void Contenitore::ShowStartUpFailure(int error)
+{
+    const QString line = tr("Avvio non completato: errore %1").arg(error);
+    ui_->LabelUltimoComando->ShowLine(line, OutcomeOf(line));
+    RefreshStrip();
+}
+
+/// How the last command ended stands where a running one shows its attempts and the Escape key.
+/// Behind a command the caption is that of its last exchange or of the clock read each second, and
+/// no longer the outcome.
+void Contenitore::RefreshStrip()
+{
+    const bool ended = !running_ && !ui_->LabelUltimoComando->text().isEmpty();
+    ui_->LabelUltimoComando->setVisible(ended);
+    ui_->PannelloTentativi->setVisible(!ended);
+    ui_->PannelloComunicazione->SetBold(!ended);
+    const QString open = tr("Linea aperta sulla COM %1").arg(state_.SessionPort);
+    ui_->Verde->setToolTip(open);
+    ui_->Verde->setAccessibleDescription(open);
+    ui_->cmdLogIn->setToolTip(LineIsOpen() ? tr("La linea è già aperta: richiama")
+                                           : ui_->cmdLogIn->accessibleName());
 }
 
 void Contenitore::StartTimer1()

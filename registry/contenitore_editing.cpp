@@ -146,7 +146,7 @@ void Contenitore::ShowWhetherModified()
     const TerminalRecord* slot = SelectedSlot();
     if (slot == nullptr || !shown_) return;
     const EnteredTerminal entered = form_->Read(*slot);
-    const bool modified = !entered.misfit.isEmpty() || entered.record != *shown_;
+    const bool modified = entered.misfit != nullptr || entered.record != *shown_;
     ui_->LabelModifiche->setText(modified ? tr("Modifiche non salvate") : QString());
 }
 
@@ -154,34 +154,48 @@ void Contenitore::cmdAggiorna_Click()
 {
     const TerminalRecord* slot = SelectedSlot();
     if (slot == nullptr) return;
+    QLineEdit* misfit = nullptr;
     RunCommand(ui_->cmdAggiorna, tr("Salvataggio in corso…"), EscapeUse::Ignored, [&] {
         // Read when the focus has left the field that it was in: leaving it may change others.
         const EnteredTerminal entered = form_->Read(*slot);
-        if (entered.misfit.isEmpty())
-            SaveSelected(entered.record);
-        else
-            workstation_.dialog.Tell(
-                DialogIcon::Critical, QStringLiteral("Attenzione"),
-                tr("Il numero scritto nel campo «%1» è troppo grande.").arg(entered.misfit),
-                tr("Il terminale non è stato salvato: correggere il campo e salvare di nuovo."));
+        misfit = entered.misfit;
+        const bool saved = misfit == nullptr ? SaveSelected(entered.record) : Refuse(*misfit);
+        NoteOutcome(saved ? QStringLiteral("salvato nel registro") : QStringLiteral("non salvato"));
     });
+    if (misfit == nullptr) return;
+    misfit->setFocus();
+    misfit->selectAll();
+}
+
+bool Contenitore::Refuse(const QLineEdit& misfit)
+{
+    // The line of a choice has no name of its own.
+    const QString name = misfit.accessibleName().isEmpty() ? misfit.parentWidget()->accessibleName()
+                                                           : misfit.accessibleName();
+    workstation_.dialog.Tell(
+        DialogIcon::Critical, QStringLiteral("Attenzione"),
+        tr("Il numero scritto nel campo «%1» è troppo grande.").arg(name),
+        tr("Il terminale non è stato salvato: correggere il campo e salvare di nuovo."));
+    return false;
 }
 
 // The row is written first: when that fails, neither slot nor list has changed. A number without a
 // row writes nothing and gives no message; the window edits terminals and never adds one. A row
 // that was written and cannot be read again is shown as it was entered.
-void Contenitore::SaveSelected(const TerminalRecord& entered)
+bool Contenitore::SaveSelected(const TerminalRecord& entered)
 {
     const int n = SelectedTerminal();
+    bool stored = false;
     try {
         if (jet::Recordset* cursor = state_.TerminalsRecordset.get()) {
             cursor->SetIndex(u"TERMINALE");
             cursor->Seek({std::int32_t{n}});
-            if (!cursor->NoMatch()) StoreTerminalRow(*cursor, entered);
+            stored = !cursor->NoMatch();
+            if (stored) StoreTerminalRow(*cursor, entered);
         }
     } catch (const jet::Error& error) {
         ShowDatabaseError(workstation_.dialog, error);
-        return;
+        return false;
     }
     *SelectedSlot() = entered;
     // A terminal that is not active is asked for nothing, not for its clock either.
@@ -194,6 +208,7 @@ void Contenitore::SaveSelected(const TerminalRecord& entered)
         ShowDatabaseError(workstation_.dialog, error);
     }
     ui_->ListaTerminali->MoveCurrentToEnd(line);
+    return stored;
 }
 
 }  // namespace orlo

@@ -18,6 +18,8 @@ namespace
 /// The least size of the window at the font for which it was drawn, whose lines are this high.
 constexpr QSize kSmallest(1180, 580);
 constexpr double kDrawnLineHeight = 15;
+/// Margins of the window and the gap between register and terminal.
+constexpr int kAroundBoth = 12 + 18 + 12;
 
 int Widest(const QFontMetrics& metrics, std::initializer_list<const char*> texts)
 {
@@ -48,6 +50,7 @@ void RoomOfPanels(const Ui::Contenitore& ui)
     ui.LabelUltimoComando->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     ui.PannelloTentativi->SetRoom(QStringLiteral("Tentativi00/00"));
     ui.LabelAvviso->SetRoom(QStringLiteral("Terminale non attivo"));
+    ui.LabelModifiche->SetRoom(QStringLiteral("Modifiche non salvate"));
 }
 
 void RoomOfLabels(const Ui::Contenitore& ui, const QFontMetrics& metrics)
@@ -58,7 +61,6 @@ void RoomOfLabels(const Ui::Contenitore& ui, const QFontMetrics& metrics)
     ui.LabelPercentuale->setMinimumWidth(Widest(metrics, {"Restano:", "Completato:"}));
     ui.LabelScarto->setMinimumWidth(Widest(metrics, {"−00 min 00 s"}));
     ui.LabelOrologio->setMinimumWidth(Widest(metrics, {"Terminale 00:"}));
-    ui.LabelModifiche->setMinimumWidth(Widest(metrics, {"Modifiche non salvate"}));
     ui.LabelTerminale->setMinimumWidth(QFontMetrics(ui.LabelTerminale->font())
                                            .horizontalAdvance(QStringLiteral("Terminale n°00")));
     ui.PannelloPercentuale->setMinimumWidth(metrics.averageCharWidth() * 15);
@@ -78,11 +80,12 @@ void RoomOfFields(const Ui::Contenitore& ui)
         box->SetRoom(QStringLiteral("Com 0"));
         box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
-    for (QLineEdit* field : {ui.Tentativi, ui.Priorita, ui.Priorita2}) FieldRoom(*field, "000");
+    for (QLineEdit* field : {ui.Tentativi, ui.Priorita, ui.Priorita2}) FieldRoom(*field, "00000");
     for (QLineEdit* field : {ui.InizioImpianto, ui.LenImpianto, ui.InizioAzienda, ui.LenAzienda,
                              ui.InizioBadge, ui.LenBadge, ui.LenCard})
         FieldRoom(*field, "00000");
     FieldRoom(*ui.CodiceImpianto, "-00000");
+    FieldRoom(*ui.CampoDescrizione, "WWWWWWWW");
     for (StepBar* bar : {ui.ScrollTentativi, ui.ScrollPriorita, ui.ScrollPriorita2})
         bar->setFixedHeight(field_height);
 }
@@ -105,14 +108,26 @@ void Contenitore::DeriveLook()
     RoomOfLabels(*ui_, metrics);
     RoomOfFields(*ui_);
     ui_->cmdAggiorna->setMinimumWidth(ui_->cmdAcquisisce->minimumWidth());
-
+    MakeEquallyWide({ui_->cmdLeggeOra, ui_->cmdSincro, ui_->cmdTest});
     KeepRoom({ui_->LabelPriorita1, ui_->LabelPriorita2, ui_->LabelRitardo, ui_->Priorita,
               ui_->Priorita2, ui_->ComboRitardo, ui_->ScrollPriorita, ui_->ScrollPriorita2,
               ui_->FrameFunzionamento, ui_->LabelLenCard, ui_->LenCard, ui_->BidirectionalCheck,
-              ui_->LabelAzienda, ui_->InizioAzienda, ui_->LenAzienda, ui_->LabelEsc});
+              ui_->LabelAzienda, ui_->InizioAzienda, ui_->LenAzienda, ui_->LabelEsc,
+              ui_->LabelUltimoComando, ui_->PannelloTentativi});
 
+    // The register gives way first; the terminal's page is cut only by a screen too narrow for it.
+    // Nested layouts and the frames around them still hold the rooms of before.
+    for (QLayout* layout : findChildren<QLayout*>()) {
+        layout->invalidate();
+        layout->parentWidget()->updateGeometry();
+    }
+    const QSize available = screen()->availableSize();
+    const int beside = ui_->ListaTerminali->minimumSizeHint().width() + kAroundBoth;
+    ui_->ScorrimentoTerminale->setMinimumWidth(
+        std::clamp(ui_->PaginaTerminale->minimumSizeHint().width(), 0,
+                   std::max(available.width() - beside, 0)));
     const QSize smallest = kSmallest * (metrics.height() / kDrawnLineHeight);
-    setMinimumSize(smallest.boundedTo(screen()->availableSize()));
+    setMinimumSize(smallest.expandedTo(minimumSizeHint()).boundedTo(available));
 }
 
 }  // namespace orlo

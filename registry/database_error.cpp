@@ -17,7 +17,7 @@ QString DatabaseErrorText(const jet::Error& error)
 
 void ShowDatabaseError(OperatorDialog& dialog, const jet::Error& error)
 {
-    dialog.Tell(DialogIcon::None, QString(), DatabaseErrorText(error));
+    dialog.Tell(DialogIcon::Critical, QString(), DatabaseErrorText(error));
 }
 
 }  // namespace orlo

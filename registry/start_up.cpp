@@ -41,10 +41,12 @@ StartUpOutcome RefuseInUse(Contenitore& window, const std::filesystem::path& loc
 StartUpOutcome DatabaseFailed(Contenitore& window, const jet::Error& error)
 {
     // A database that is not there, for instance because of a wrong folder, gives no message.
-    if (error.Number() == jet::kFileNotFound)
+    if (error.Number() == jet::kFileNotFound) {
         window.State().CurrentPriority = 0;
-    else
+    } else {
+        window.ShowStartUpFailure(error.Number());
         ShowDatabaseError(window.Station().dialog, error);
+    }
     return {StartUpOutcome::End::Incomplete, DatabaseErrorText(error).trimmed()};
 }
 
@@ -52,7 +54,11 @@ StartUpOutcome ComponentFailed(Contenitore& window, const ComponentError& error)
 {
     const QString text =
         NumberedErrorText(ComponentError::kNumber, QString::fromUtf8(error.what()));
-    window.Station().dialog.Tell(DialogIcon::None, QString(), text);
+    window.ShowStartUpFailure(ComponentError::kNumber);
+    window.Station().dialog.Tell(
+        DialogIcon::Critical, QString(), text,
+        QStringLiteral("I comandi non si possono usare: rimettere al suo posto la libreria del "
+                       "componente, o indicarla con --componente, e riavviare il programma."));
     return {StartUpOutcome::End::Incomplete, text.trimmed()};
 }
 

@@ -128,7 +128,7 @@ void TerminalForm::Show(const TerminalRecord& slot)
 
 EnteredTerminal TerminalForm::Read(const TerminalRecord& slot) const
 {
-    EnteredTerminal entered{slot, {}};
+    EnteredTerminal entered{slot};
     TerminalRecord& record = entered.record;
     if (const TerminalModel* model = ModelByName(ui_.ComboTipoTerminale->currentText()))
         record.Tipo = static_cast<std::int16_t>(model->type);
@@ -145,11 +145,11 @@ EnteredTerminal TerminalForm::Read(const TerminalRecord& slot) const
 
     const auto speed = WholeNumber<std::int32_t>(ui_.ComboVelocita->currentText());
     record.Velocita = speed.value_or(0);
-    if (!speed) entered.misfit = ui_.ComboVelocita->accessibleName();
+    if (!speed) entered.misfit = ui_.ComboVelocita->lineEdit();
     for (const NumberField& number : numbers_) {
         const auto value = WholeNumber<std::int16_t>(number.field->text());
         record.*number.value = value.value_or(std::int16_t{0});
-        if (!value && entered.misfit.isEmpty()) entered.misfit = number.field->accessibleName();
+        if (!value && entered.misfit == nullptr) entered.misfit = number.field;
     }
     return entered;
 }

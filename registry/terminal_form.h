@@ -18,11 +18,11 @@ class Contenitore;
 namespace orlo
 {
 
-/// What the operator entered, ready for a slot; or the name of the first field whose number its
-/// column cannot hold, and then no record to be used.
+/// What the operator entered, ready for a slot; or the first field whose number its column cannot
+/// hold, and then no record to be used.
 struct EnteredTerminal {
     TerminalRecord record;
-    QString misfit;
+    QLineEdit* misfit = nullptr;
 };
 
 /// The edit controls of the main window as one terminal's parameters: shown, emptied, read.

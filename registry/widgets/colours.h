@@ -23,7 +23,7 @@ QColor SecondaryOnBase(const QPalette& palette);
 QColor Hairline(const QPalette& palette);
 /// Selected line, progress, hatching: the highlight, darkened until its text reads at 4.5:1.
 QColor FilledColour(const QPalette& palette);
-/// Button colour of the filled button, a step darker because the style lightens coloured buttons.
+/// Of the filled button and of a progress bar: a step darker because the style lightens both.
 QColor FilledButtonColour(const QPalette& palette);
 QColor OutcomeColour(Outcome outcome, const QPalette& palette);
 

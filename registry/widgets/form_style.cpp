@@ -15,6 +15,9 @@ namespace orlo
 namespace
 {
 
+/// Left and right of the word of a button.
+constexpr int kBesideWord = 12;
+
 /// Disabled texts keep the grey of the desktop.
 void Colour(QWidget& widget, QPalette::ColorRole role, const QColor& colour)
 {
@@ -47,18 +50,21 @@ void StyleButton(QPushButton& button, const QWidget& window)
 {
     const QFontMetrics metrics(window.font());
     const bool filled = button.property("primario").toBool();
-    button.setMinimumWidth(metrics.averageCharWidth() * (filled ? 16 : 11) + metrics.height());
-    if (!filled) {
+    if (filled) {
+        QFont bold = window.font();
+        bold.setBold(true);
+        button.setFont(bold);
+        Colour(button, QPalette::Button, FilledButtonColour(window.palette()));
+        Colour(button, QPalette::ButtonText, window.palette().color(QPalette::HighlightedText));
+    } else {
         // It may have been the filled one.
         button.setFont({});
         button.setPalette({});
-        return;
     }
-    QFont bold = window.font();
-    bold.setBold(true);
-    button.setFont(bold);
-    Colour(button, QPalette::Button, FilledButtonColour(window.palette()));
-    Colour(button, QPalette::ButtonText, window.palette().color(QPalette::HighlightedText));
+    const int words = button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width();
+    button.setMinimumWidth(
+        std::max(words + 2 * kBesideWord,
+                 metrics.averageCharWidth() * (filled ? 16 : 11) + metrics.height()));
 }
 
 /// Not those of the windows that belong to this one.
@@ -77,7 +83,7 @@ void StyleForm(QWidget& window)
     for (QLabel* label : ControlsOf<QLabel>(window)) StyleLabel(*label, window);
     for (QPushButton* button : ControlsOf<QPushButton>(window)) StyleButton(*button, window);
     for (QProgressBar* bar : ControlsOf<QProgressBar>(window))
-        Colour(*bar, QPalette::Highlight, FilledColour(window.palette()));
+        Colour(*bar, QPalette::Highlight, FilledButtonColour(window.palette()));
     for (QFrame* frame : ControlsOf<QFrame>(window))
         if (frame->frameShape() == QFrame::HLine || frame->frameShape() == QFrame::VLine)
             ColourLine(*frame, Hairline(window.palette()));

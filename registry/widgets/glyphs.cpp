@@ -4,6 +4,10 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
 
 namespace orlo
 {
@@ -51,10 +55,30 @@ void PaintTriangle(QPainter& painter, const QColor& colour, const QPen& mark)
 
 Outcome OutcomeOf(const QString& caption)
 {
+    static const QStringList good = {
+        kModemLogIn,
+        kModemLogOff,
+        QStringLiteral("Ricezione dati OK"),
+        QStringLiteral("Spedizione dati OK"),
+        QStringLiteral("Trasmissione Dati Ok"),
+        QStringLiteral("salvato nel registro"),
+    };
+    static const QStringList failures = {
+        QStringLiteral("Errore"),
+        QStringLiteral("Impossibile"),
+        QStringLiteral("Avvio non completato"),
+        QStringLiteral("non salvato"),
+    };
+    // "Comunicazione OK, le modifiche non salvate…" is a warning.
+    static const QRegularExpression acquired(
+        QStringLiteral("^Comunicazione OK, (nessuna|\\d+) timbratur"));
+    static const QRegularExpression all_answered(QStringLiteral("^risposte (\\d+) su \\1$"));
     if (caption.isEmpty()) return Outcome::None;
-    if (caption.endsWith(kCommunicationOk) || caption == kModemLogIn || caption == kModemLogOff)
+    if (caption.endsWith(kCommunicationOk) || good.contains(caption) ||
+        acquired.match(caption).hasMatch() || all_answered.match(caption).hasMatch())
         return Outcome::Good;
-    return caption.startsWith(QLatin1String("Errore")) ? Outcome::Failure : Outcome::Warning;
+    const auto begins = [&caption](const QString& words) { return caption.startsWith(words); };
+    return std::ranges::any_of(failures, begins) ? Outcome::Failure : Outcome::Warning;
 }
 
 void PaintOutcomeGlyph(QPainter& painter, const QRectF& place, Outcome outcome,

@@ -1,6 +1,5 @@
 #include "registry/widgets/outcome_panel.h"
 
-#include "registry/captions.h"
 #include "registry/widgets/glyphs.h"
 
 #include <QAccessible>
@@ -23,6 +22,26 @@ OutcomePanel::OutcomePanel(QWidget* parent) : TextPanel(parent)
     connect(this, &TextPanel::TextChanged, this, &OutcomePanel::TakeOutcome);
 }
 
+void OutcomePanel::ShowLine(const QString& line, Outcome outcome)
+{
+    outcome_of_line_ = outcome;
+    setText(line);
+}
+
+void OutcomePanel::SetBold(bool bold)
+{
+    bold_ = bold;
+    updateGeometry();
+    ShowToolTip();
+    update();
+}
+
+void OutcomePanel::SetRoom(const QString& sample)
+{
+    sample_ = sample;
+    updateGeometry();
+}
+
 void OutcomePanel::SetRemark(const QString& remark)
 {
     remark_ = remark;
@@ -38,7 +57,7 @@ QSize OutcomePanel::sizeHint() const
 
 QSize OutcomePanel::minimumSizeHint() const
 {
-    return RoomOf(kCommunicationOk);
+    return RoomOf(sample_);
 }
 
 int OutcomePanel::heightForWidth(int width) const
@@ -51,7 +70,10 @@ int OutcomePanel::heightForWidth(int width) const
 
 QSize OutcomePanel::RoomOf(const QString& caption) const
 {
-    const QFontMetrics metrics(CaptionFont());
+    // The room does not depend on the weight.
+    QFont bold = font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
     return {TextLeft() + metrics.horizontalAdvance(caption) + 1, metrics.height() + 2};
 }
 
@@ -61,8 +83,8 @@ void OutcomePanel::paintEvent(QPaintEvent*)
     if (caption.isEmpty()) return;
     QPainter painter(this);
     const int side = fontMetrics().height();
-    const Outcome outcome = text().isEmpty() ? Outcome::Warning : OutcomeOf(text());
-    PaintOutcomeGlyph(painter, QRectF(0, (height() - side) / 2.0, side, side), outcome, palette());
+    PaintOutcomeGlyph(painter, QRectF(0, (height() - side) / 2.0, side, side), ShownOutcome(),
+                      palette());
     painter.setFont(CaptionFont());
     const QRect place(TextLeft(), 0, width() - TextLeft(), height());
     const int flags = Qt::AlignLeft | Qt::AlignVCenter | (wordWrap() ? Qt::TextWordWrap : 0);
@@ -79,6 +101,12 @@ void OutcomePanel::resizeEvent(QResizeEvent* event)
     ShowToolTip();
 }
 
+Outcome OutcomePanel::ShownOutcome() const
+{
+    if (text().isEmpty()) return remark_.isEmpty() ? Outcome::None : Outcome::Warning;
+    return outcome_of_line_.value_or(OutcomeOf(text()));
+}
+
 QString OutcomePanel::Caption() const
 {
     return text().isEmpty() ? remark_ : text();
@@ -87,7 +115,7 @@ QString OutcomePanel::Caption() const
 QFont OutcomePanel::CaptionFont() const
 {
     QFont bold = font();
-    bold.setBold(!text().isEmpty() || remark_.isEmpty());
+    bold.setBold(bold_ && !text().isEmpty());
     return bold;
 }
 
@@ -96,11 +124,11 @@ int OutcomePanel::TextLeft() const
     return fontMetrics().height() + kGap;
 }
 
-void OutcomePanel::TakeOutcome(const QString& text)
+void OutcomePanel::TakeOutcome()
 {
     updateGeometry();
     ShowToolTip();
-    const Outcome outcome = OutcomeOf(text);
+    const Outcome outcome = text().isEmpty() ? Outcome::None : ShownOutcome();
     if (outcome == Outcome::Good || outcome == Outcome::Failure) Alert();
 }
 

@@ -1,20 +1,30 @@
 #pragma once
 
+#include "registry/captions.h"
+#include "registry/widgets/colours.h"
 #include "registry/widgets/text_panel.h"
+
+#include <optional>
 
 namespace orlo
 {
 
 /// The outcome of a command: glyph and caption, elided where there is no room, or, in a panel with
-/// wordWrap, broken into as many lines as it needs. A good or a failed
-/// outcome is announced to assistive programs. While there is no outcome a standing remark is
-/// shown in its place.
+/// wordWrap, broken into as many lines as it needs. A good or a failed outcome is announced to
+/// assistive programs. While there is no outcome a standing remark is shown in its place.
 class OutcomePanel : public TextPanel
 {
     Q_OBJECT
 
 public:
     explicit OutcomePanel(QWidget* parent = nullptr);
+
+    /// Shows a line whose outcome its first words do not tell.
+    void ShowLine(const QString& line, Outcome outcome);
+    /// Captions are bold unless this says otherwise; remarks never are.
+    void SetBold(bool bold);
+    /// The least room is that of `sample`.
+    void SetRoom(const QString& sample);
 
     void SetRemark(const QString& remark);
     const QString& Remark() const { return remark_; }
@@ -31,13 +41,17 @@ protected:
     virtual void Alert();
 
 private:
+    Outcome ShownOutcome() const;
     QString Caption() const;
     QFont CaptionFont() const;
     int TextLeft() const;
     QSize RoomOf(const QString& caption) const;
-    void TakeOutcome(const QString& text);
+    void TakeOutcome();
     void ShowToolTip();
 
+    std::optional<Outcome> outcome_of_line_;
+    bool bold_ = true;
+    QString sample_ = kCommunicationOk;
     QString remark_;
 };
 

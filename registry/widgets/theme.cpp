@@ -6,7 +6,10 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
+#include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 namespace orlo
 {
@@ -74,11 +77,43 @@ QPalette DarkPalette()
     return MakePalette({0xff34373c, 0xff1d1e20, 0xff4b4f55, 0xfff0f0f0, 0xff85888c, 0xff4b4f55});
 }
 
+/// The desktop-independent style, in which the filled button shows that it has the focus and the
+/// buttons of boxes bear words alone.
+class Style : public QProxyStyle
+{
+public:
+    Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override
+    {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        const bool focused_filled = element == CE_PushButton &&
+                                    (option->state & State_HasFocus) != 0 && widget != nullptr &&
+                                    widget->property("primario").toBool();
+        if (!focused_filled) return;
+        // The style's own frame has nearly the colour of the button.
+        painter->setPen(option->palette.color(QPalette::HighlightedText));
+        painter->setBrush(Qt::NoBrush);
+        constexpr int kInset = 2;
+        painter->drawRect(option->rect.adjusted(kInset, kInset, -kInset - 1, -kInset - 1));
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override
+    {
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+        return QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
 }  // namespace
 
 void ApplyTheme(QApplication& application, Theme theme)
 {
-    application.setStyle(QStringLiteral("Fusion"));
+    auto* const style = new Style;
+    style->setParent(&application);
+    application.setStyle(style);
     if (theme == Theme::Desktop) {
         const uint scheme = PortalColourScheme();
         if (scheme == kPreferDark)

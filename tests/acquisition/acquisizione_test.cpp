@@ -81,6 +81,20 @@ TEST_F(Acquisizione, ProgressFallsTowardsZero)
     EXPECT_EQ(shown, (std::vector<int>{100, 75, 50, 25, 0}));
 }
 
+TEST_F(Acquisizione, GoodOutcomeSaysHowManyPunchesAndTheirFile)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"timbrature=24,acquisite=5", "19 timbrature in TIMBRAT.TXT"},
+        {"timbrature=6,acquisite=5", "1 timbratura in TIMBRAT.TXT"},
+        {"timbrature=5,acquisite=5", "nessuna timbratura da acquisire"}};
+    for (const auto& [memory, words] : cases) {
+        Connect("Strale", memory);
+        window.SelectTerminalLine(window.Controls().ListaTerminali->count() - 1);
+        EXPECT_EQ(LastCommand(), QStringLiteral("Prova, terminale 4: Comunicazione OK, ") +
+                                     QString::fromUtf8(words));
+    }
+}
+
 TEST_F(Acquisizione, EmptyMemoryIsNoMessageAndAnEmptyFile)
 {
     Connect("Strale", "timbrature=5,acquisite=5");

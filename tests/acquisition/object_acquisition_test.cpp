@@ -70,6 +70,33 @@ TEST_F(ObjectAcquisition, CountersFollowEveryRecord)
     EXPECT_EQ(shown.join(u' '), QStringLiteral("300/200 301/199 302/198 303/197"));
 }
 
+TEST_F(ObjectAcquisition, ProgressFallsTowardsZero)
+{
+    Punches({"1", "2", "3", "4"});
+    std::vector<int> shown;
+    QObject::connect(Controls().PannelloPercentuale, &QProgressBar::valueChanged, &window,
+                     [&](int value) { shown.push_back(value); });
+    EXPECT_TRUE(Acquire().done);
+    EXPECT_THAT(shown, ElementsAre(75, 50, 25, 0));
+}
+
+TEST_F(ObjectAcquisition, ProgressIsEmptyBehindAnAcquisitionThatFailed)
+{
+    Punches({"1", "2"});
+    component.on_call = [&](const std::string& call) {
+        if (call == "SetAsDeleted()") component.failing_fetches.assign(3, "99,Time Out");
+    };
+    EXPECT_FALSE(Acquire().done);
+    EXPECT_EQ(Controls().PannelloPercentuale->value(), 0);
+}
+
+TEST_F(ObjectAcquisition, GoodOutcomeSaysHowManyPunchesAndTheirFile)
+{
+    Punches({"1", "2", "3"});
+    EXPECT_EQ(LastCommand(), QStringLiteral("Prova, terminale 4: Comunicazione OK, 3 timbrature in "
+                                            "TIMBRAT.TXT"));
+}
+
 TEST_F(ObjectAcquisition, CountersHaveChangedBeforeTheRecordIsMarked)
 {
     Punches({"1"});

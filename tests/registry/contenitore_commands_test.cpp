@@ -191,10 +191,52 @@ TEST_F(ContenitoreCommands, OutcomeStaysReadableWhenItsCaptionIsGone)
     EXPECT_EQ(TextOf("LabelUltimoComando"), outcome);
 }
 
+TEST_F(ContenitoreCommands, OutcomeTakesThePlaceOfTheAttemptsBehindTheCommand)
+{
+    EXPECT_FALSE(Shown("LabelUltimoComando"));
+    Run([this] {
+        EXPECT_TRUE(Shown("PannelloTentativi"));
+        window.NoteOutcome(QStringLiteral("Timeout"));
+    });
+    EXPECT_TRUE(Shown("LabelUltimoComando"));
+    EXPECT_FALSE(Shown("PannelloTentativi"));
+    Run([this] {
+        EXPECT_FALSE(Shown("LabelUltimoComando"));
+        EXPECT_TRUE(Shown("PannelloTentativi"));
+    });
+    EXPECT_TRUE(Shown("LabelUltimoComando"));
+}
+
+TEST_F(ContenitoreCommands, OutcomeBearsTheGlyphOfItsOwnWords)
+{
+    Run([this] { window.NoteOutcome(QStringLiteral("Errore aprendo la COM")); });
+    QCoreApplication::processEvents();
+    const auto& line = Control<OutcomePanel>("LabelUltimoComando");
+    const QImage picture = Control("LabelUltimoComando").grab().toImage();
+    const QColor failure = OutcomeColour(Outcome::Failure, line.palette());
+    int painted = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.height(); ++x)
+            if (picture.pixelColor(x, y) == failure) ++painted;
+    EXPECT_GT(painted, 50);
+}
+
+TEST_F(ContenitoreCommands, TheLightSaysWhichLineIsOpen)
+{
+    state.SessionPort = 3;
+    Run([this] { Control("Verde").show(); });
+    const QString open = QStringLiteral("Linea aperta sulla COM 3");
+    EXPECT_EQ(Control("Verde").toolTip(), open);
+    EXPECT_EQ(Control("Verde").accessibleDescription(), open);
+    EXPECT_EQ(Control("cmdLogIn").toolTip(), QStringLiteral("La linea è già aperta: richiama"));
+    Run([this] { Control("Verde").hide(); });
+    EXPECT_EQ(Control("cmdLogIn").toolTip(), QStringLiteral("Apre il collegamento: log-in"));
+}
+
 TEST_F(ContenitoreCommands, OutcomeOfACommandThatHadNoneIsThatOfTheOneBefore)
 {
     Run([this] { window.NoteOutcome(QStringLiteral("Errore = ER")); });
-    Press("cmdAggiorna");
+    Run([] {});
     EXPECT_EQ(TextOf("LabelUltimoComando"),
               QStringLiteral("14:07:09 Acquisizione, terminale 1: Errore = ER"));
 }

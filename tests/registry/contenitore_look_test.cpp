@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QSet>
 
 #include <algorithm>
@@ -262,6 +263,81 @@ TEST_F(ContenitoreLook, FilledButtonAndSelectedLineReadInLightAndDark)
         EXPECT_GE(WordContrast(Picture(line)), 4.5);
     }
     ApplyTheme(*qApp, Theme::Light);
+}
+
+TEST_F(ContenitoreLook, ProgressReadsInLightAndDark)
+{
+    AllTypes();
+    Select(0);
+    auto& bar = Control<QProgressBar>("PannelloPercentuale");
+    bar.setValue(100);
+    for (const Theme theme : {Theme::Light, Theme::Dark}) {
+        ApplyTheme(*qApp, theme);
+        QCoreApplication::processEvents();
+        const QRect chunk = PlaceOf(bar).adjusted(4, 3, -4, -3);
+        EXPECT_GE(LeastContrastOfGround(Picture(chunk), Qt::white), 4.5);
+    }
+    ApplyTheme(*qApp, Theme::Light);
+}
+
+TEST_F(ContenitoreLook, FocusOnTheFilledButtonIsSeenInLightAndDark)
+{
+    AllTypes();
+    Select(0);
+    for (const Theme theme : {Theme::Light, Theme::Dark}) {
+        ApplyTheme(*qApp, theme);
+        QCoreApplication::processEvents();
+        const QRect button = PlaceOf(Control("cmdAcquisisce"));
+        const QPoint frame(2, button.height() / 2);
+        List().setFocus();
+        EXPECT_NE(Picture(button).pixelColor(frame), QColor(Qt::white));
+        Control("cmdAcquisisce").setFocus();
+        EXPECT_EQ(Picture(button).pixelColor(frame), QColor(Qt::white));
+    }
+    ApplyTheme(*qApp, Theme::Light);
+}
+
+TEST_F(ContenitoreLook, ButtonsHaveRoomBesideTheirWords)
+{
+    AllTypes();
+    int buttons = 0;
+    for (const QPushButton* button : window.findChildren<QPushButton*>()) {
+        const int words = button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
+        EXPECT_GE(button->width(), words + 24) << button->objectName().toStdString();
+        ++buttons;
+    }
+    EXPECT_EQ(buttons, 13);
+    EXPECT_EQ(Control("cmdLeggeOra").width(), Control("cmdSincro").width());
+    EXPECT_EQ(Control("cmdTest").width(), Control("cmdSincro").width());
+}
+
+TEST_F(ContenitoreLook, OpensNoLargerThanTheScreen)
+{
+    EXPECT_LE(window.width(), window.screen()->availableSize().width());
+    EXPECT_LE(window.height(), window.screen()->availableSize().height());
+    EXPECT_LT(window.screen()->availableSize().width(), 1280) << "this screen tries nothing";
+}
+
+TEST_F(ContenitoreLook, ThePageIsNotCutOnAScreenWithRoomForIt)
+{
+    // Small enough for the screen of the tests.
+    QFont small = window.font();
+    small.setPointSizeF(4);
+    window.setFont(small);
+    AllTypes();
+    const int page = Control("PaginaTerminale").minimumSizeHint().width();
+    ASSERT_LT(page + List().minimumSizeHint().width() + 42,
+              window.screen()->availableSize().width());
+    window.resize(window.minimumSize());
+    QCoreApplication::processEvents();
+    EXPECT_GE(Control("ScorrimentoTerminale").width(), page);
+}
+
+TEST_F(ContenitoreLook, VersionHasTheRoomUnderTheTestButton)
+{
+    AllTypes();
+    EXPECT_EQ(PlaceOf(Control("PannelloVersione")).right(), PlaceOf(Control("cmdTest")).right());
+    EXPECT_GE(PlaceOf(Control("PannelloVersione")).top(), PlaceOf(Control("cmdTest")).bottom());
 }
 
 TEST_F(ContenitoreLook, SecondaryTextsFollowTheTheme)

@@ -1,5 +1,8 @@
 #include "tests/registry/contenitore_fixture.h"
 
+#include <QFileDialog>
+#include <QTimer>
+
 namespace orlo::contenitore_test
 {
 
@@ -127,6 +130,40 @@ TEST_F(ContenitorePanels, BadgeDrawingFollowsItsFields)
     Write("LenCard", "20");
     EXPECT_EQ(drawing.Layout(), (BadgeLayout{{1, 5}, {4, 2}, {6, 6}, 20}));
     EXPECT_EQ(drawing.toolTip(), QStringLiteral("Due campi del badge si sovrappongono."));
+}
+
+TEST_F(ContenitorePanels, BadgeDrawingOfASerialTypeHasNeitherCompanyNorLength)
+{
+    TerminalRecord slot = Terminal(1, TerminalType::Strale, "Porta");
+    slot.InizioAzienda = 12;
+    slot.LenAzienda = 3;
+    slot.LenCard = 20;
+    Register(slot);
+    Select(0);
+    const auto& drawing = Control<BadgeDrawing>("DisegnoBadge");
+    EXPECT_EQ(drawing.Layout(), (BadgeLayout{{1, 5}, {0, 0}, {6, 6}, 0}));
+    PickType("Orlo");
+    EXPECT_EQ(drawing.Layout(), (BadgeLayout{{1, 5}, {12, 3}, {6, 6}, 20}));
+}
+
+TEST_F(ContenitorePanels, PunchFileIsChosenToBeAddedTo)
+{
+    Open();
+    RegisterStrale(1);
+    Select(0);
+    Write("NomeFile", "/tmp/PRIMA.TXT");
+    QTimer::singleShot(0, &window, [this] {
+        auto* box = window.findChild<QFileDialog*>();
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->windowTitle(), QStringLiteral("File a cui aggiungere le timbrature"));
+        EXPECT_EQ(box->labelText(QFileDialog::Accept), QStringLiteral("Scegli"));
+        EXPECT_TRUE(box->testOption(QFileDialog::DontConfirmOverwrite));
+        EXPECT_TRUE(box->selectedFiles().constFirst().endsWith(QStringLiteral("/PRIMA.TXT")));
+        box->selectFile(QStringLiteral("DOPO.TXT"));
+        static_cast<QDialog*>(box)->accept();
+    });
+    Press("cmdSfoglia");
+    EXPECT_EQ(TextOf("NomeFile"), QStringLiteral("/tmp/DOPO.TXT"));
 }
 
 TEST_F(ContenitorePanels, ClockDifferenceIsShownWhenBothAreRead)

@@ -223,6 +223,13 @@ TEST_F(ContenitoreSaving, ANumberItsColumnCannotHoldIsToldAndNothingChanges)
         EXPECT_TRUE(Slot(3) == before) << name;
         EXPECT_EQ(Numbers(), QStringLiteral("01 02 03 04 05"));
         EXPECT_EQ(TextOf(name), QStringLiteral("32768"));
+        const auto& field = Control<QLineEdit>(name);
+        if (field.isEnabled() && field.isVisible()) {
+            EXPECT_TRUE(field.hasFocus()) << name;
+            EXPECT_EQ(field.selectedText(), QStringLiteral("32768"));
+        }
+        EXPECT_TRUE(TextOf("LabelUltimoComando")
+                        .endsWith(QStringLiteral("Salvataggio, terminale 3: non salvato")));
         ASSERT_FALSE(dialog.told.empty());
         EXPECT_EQ(dialog.told.back(),
                   QStringLiteral("Attenzione|Il numero scritto nel campo «%1» è troppo grande.")
@@ -239,7 +246,12 @@ TEST_F(ContenitoreSaving, ASpeedBeyondItsColumnIsTold)
     Control<ChoiceBox>("ComboVelocita").Show(QStringLiteral("2147483648"));
     Press("cmdAggiorna");
     EXPECT_EQ(Slot(1).Velocita, 9600);
-    EXPECT_EQ(dialog.told.size(), 1U);
+    ASSERT_EQ(dialog.told.size(), 1U);
+    EXPECT_EQ(
+        dialog.told.front(),
+        QStringLiteral("Attenzione|Il numero scritto nel campo «Velocità in bit al secondo» è "
+                       "troppo grande."));
+    EXPECT_TRUE(Control("ComboVelocita").hasFocus());
 }
 
 TEST_F(ContenitoreSaving, WritesTheColumnsIntoTheTerminalsRow)
@@ -284,6 +296,9 @@ TEST_F(ContenitoreSaving, WritesTheColumnsIntoTheTerminalsRow)
         {u"LenBadge", 6},
     };
     EXPECT_EQ(cursor.edited, expected);
+    EXPECT_TRUE(TextOf("LabelUltimoComando")
+                    .endsWith(QStringLiteral("Salvataggio, terminale 2: salvato nel registro")))
+        << "the terminal that was saved, not the one shown now";
     EXPECT_EQ(Lines().last(),
               QStringLiteral("02 - Strale - Porta   \t - Abilitazione\tSì\tPresenze"))
         << "the description is the one in the table";
@@ -305,6 +320,7 @@ TEST_F(ContenitoreSaving, AValueThatItsColumnCannotHoldChangesNothing)
     EXPECT_EQ(TextOf("Tentativi"), QStringLiteral("9")) << "what was entered is still there";
     ASSERT_EQ(dialog.told.size(), 1U);
     EXPECT_EQ(dialog.told.front(), QStringLiteral("| 3349 valore troppo grande"));
+    EXPECT_TRUE(TextOf("LabelUltimoComando").endsWith(QStringLiteral("3: non salvato")));
 }
 
 TEST_F(ContenitoreSaving, WithoutARowTheSlotsDescriptionIsShown)

@@ -109,9 +109,13 @@ TEST_F(StartUpTest, ComponentThatCannotBeMadeIsToldWithItsNumber)
     EXPECT_EQ(outcome.end, StartUpOutcome::End::Incomplete);
     EXPECT_EQ(outcome.reason, QStringLiteral("429 Il componente non si può usare."));
     ASSERT_EQ(pc.dialog.told.size(), 1U);
-    EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::None);
+    EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::Critical);
     EXPECT_EQ(pc.dialog.told[0].title, QString());
     EXPECT_EQ(pc.dialog.told[0].text, QStringLiteral(" 429 Il componente non si può usare."));
+    EXPECT_TRUE(pc.dialog.told[0].informative.contains(QStringLiteral("--componente")));
+    EXPECT_EQ(window.Controls().LabelUltimoComando->text(),
+              QStringLiteral("Avvio non completato: errore 429"));
+    EXPECT_FALSE(window.Controls().LabelUltimoComando->isHidden());
 }
 
 TEST_F(StartUpTest, ComponentThatCannotBeMadeEndsTheStartUpBehindTheRegister)
@@ -336,7 +340,7 @@ TEST_F(StartUpTest, FileThatIsNoDatabaseIsTold)
     ASSERT_EQ(pc.dialog.told.size(), 1U);
     EXPECT_TRUE(pc.dialog.told[0].text.startsWith(QStringLiteral(" 3343 ")))
         << pc.dialog.told[0].text.toStdString();
-    EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::None);
+    EXPECT_EQ(pc.dialog.told[0].icon, DialogIcon::Critical);
 }
 
 TEST_F(StartUpTest, NamesInCapitalsAreFound)

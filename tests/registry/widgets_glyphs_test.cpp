@@ -21,6 +21,21 @@ TEST(Outcome, IsToldByTheWordsOfTheCaption)
         {"Timeout", Outcome::Warning},
         {"RX Error", Outcome::Warning},
         {"Modem Log In fallito", Outcome::Warning},
+        {"5/32 Comunicazione OK", Outcome::Good},
+        {"Comunicazione OK, 19 timbrature in TIMBRAT.TXT", Outcome::Good},
+        {"Comunicazione OK, nessuna timbratura da acquisire", Outcome::Good},
+        {"Comunicazione OK, le modifiche non salvate non sono state inviate", Outcome::Warning},
+        {"Ricezione dati OK", Outcome::Good},
+        {"Spedizione dati OK", Outcome::Good},
+        {"Trasmissione Dati Ok", Outcome::Good},
+        {"risposte 6 su 6", Outcome::Good},
+        {"risposte 5 su 6", Outcome::Warning},
+        {"risposte 6 su 66", Outcome::Warning},
+        {"salvato nel registro", Outcome::Good},
+        {"non salvato", Outcome::Failure},
+        {"Acquisizione interrotta.", Outcome::Warning},
+        {"Impossibile aprire il file \"X\": manca.", Outcome::Failure},
+        {"Avvio non completato: errore 429", Outcome::Failure},
     };
     for (const Case& c : cases)
         EXPECT_EQ(OutcomeOf(QString::fromUtf8(c.caption)), c.outcome) << c.caption;

@@ -32,6 +32,31 @@ TEST(OutcomePanel, OutcomeIsItsDescriptionBeforeItIsReadOut)
     EXPECT_EQ(panel.accessibleDescription(), QString());
 }
 
+TEST(OutcomePanel, ALineIsReadOutByTheOutcomeItIsGiven)
+{
+    struct Panel : OutcomePanel {
+        int alerts = 0;
+        void Alert() override { ++alerts; }
+    } panel;
+    panel.ShowLine(QStringLiteral("08:00 Prova: Comunicazione OK"), Outcome::Warning);
+    EXPECT_EQ(panel.alerts, 0);
+    panel.ShowLine(QStringLiteral("08:01 Prova: Errore"), Outcome::Failure);
+    EXPECT_EQ(panel.alerts, 1);
+}
+
+TEST(OutcomePanel, PaintsTheGlyphOfTheOutcomeGivenWithALine)
+{
+    OutcomePanel panel;
+    panel.resize(400, 20);
+    const QString line = QStringLiteral("08:00 Prova, terminale 1: Acquisizione interrotta.");
+    panel.ShowLine(line, Outcome::Good);
+    const QImage good = panel.grab().toImage();
+    panel.ShowLine(line, Outcome::Failure);
+    const QImage failure = panel.grab().toImage();
+    EXPECT_NE(good, failure);
+    EXPECT_EQ(failure.pixelColor(3, 10), OutcomeColour(Outcome::Failure, panel.palette()));
+}
+
 TEST(OutcomePanel, ATextWrittenAsIntoAnyLabelIsNoticedWhenPainted)
 {
     OutcomePanel panel;

@@ -2,6 +2,8 @@
 #include "registry/widgets/theme.h"
 
 #include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
 
 #include <gtest/gtest.h>
 
@@ -21,6 +23,17 @@ TEST(Theme, PlaceholderIsReadableAndWeakerThanTheText)
         EXPECT_GE(contrast, 4.5);
         EXPECT_LT(contrast, ContrastRatio(palette.color(QPalette::Text), ground));
     }
+    QApplication::setPalette(before);
+}
+
+TEST(Theme, ButtonsOfBoxesBearWordsAlone)
+{
+    const QPalette before = QApplication::palette();
+    ApplyTheme(*qApp, orlo::Theme::Light);
+    const QMessageBox box(QMessageBox::Question, QString(), QString(),
+                          QMessageBox::Yes | QMessageBox::No);
+    EXPECT_TRUE(box.button(QMessageBox::Yes)->icon().isNull());
+    EXPECT_TRUE(box.button(QMessageBox::No)->icon().isNull());
     QApplication::setPalette(before);
 }
 
