@@ -67,7 +67,7 @@ void FrmSuonerie::Form_Load()
     ui_->Percentuale->setValue(0);
     ShowWeek();
     SetWeek(ShownWeek());
-    (ShownWeek() == Week::Ready ? ui_->cmdTrasmetteSuonerie : ui_->cmdRiceveSuonerie)->setFocus();
+    (ToBeSent() ? ui_->cmdTrasmetteSuonerie : ui_->cmdRiceveSuonerie)->setFocus();
 }
 
 void FrmSuonerie::DeriveLook()
@@ -116,7 +116,7 @@ void FrmSuonerie::cmdRiceveSuonerie_Click()
     SortSuonerie(Desk().State().RingTable, Terminal());
     ShowWeek();
     weeks_.fill(Week::Unread);  // those of all terminals were cleared
-    SetWeek(rings == kRingSlots ? Week::Ready : rings == 0 ? Week::Unread : Week::Partial);
+    SetWeek(rings == kRingSlots ? Week::Known : rings == 0 ? Week::Unread : Week::Partial);
 }
 
 void FrmSuonerie::cmdTrasmetteSuonerie_Click()
@@ -130,7 +130,7 @@ void FrmSuonerie::cmdTrasmetteSuonerie_Click()
                                    return TrasmetteSuonerie(Desk());
                                });
     // What stands in the table is the terminal's week now.
-    if (sent) SetWeek(Week::Ready);
+    if (sent) SetWeek(Week::Known);
 }
 
 void FrmSuonerie::Giorno_Click(int day)
@@ -210,38 +210,51 @@ void FrmSuonerie::ShowWeek()
     ui_->DisegnoSettimana->ShadeDay(shown_day_);
 }
 
-/// A cell may have changed its ring.
+/// A cell may have changed its ring: what was said of the week is no longer true.
 void FrmSuonerie::TakeChange()
 {
     const std::vector<RingMark> before = ui_->DisegnoSettimana->Marks();
     ShowWeek();
-    if (ui_->DisegnoSettimana->Marks() != before && ShownWeek() == Week::Unread)
-        SetWeek(Week::Ready);
+    if (ui_->DisegnoSettimana->Marks() == before) return;
+    ui_->Esito->clear();
+    if (ShownWeek() == Week::Unread) SetWeek(Week::Edited);
+    if (ShownWeek() == Week::Known) SetWeek(Week::Changed);
 }
 
 void FrmSuonerie::SetWeek(Week week)
 {
     ShownWeek() = week;
-    ui_->cmdTrasmetteSuonerie->setProperty("primario", week == Week::Ready);
-    ui_->cmdRiceveSuonerie->setProperty("primario", week != Week::Ready);
+    ui_->cmdTrasmetteSuonerie->setProperty("primario", ToBeSent());
+    ui_->cmdRiceveSuonerie->setProperty("primario", !ToBeSent());
     DeriveLook();
-    ShowWarning();
+    ui_->Avviso->SetRemark(Warning());
+}
+
+/// Whether sending is what follows, not reading.
+bool FrmSuonerie::ToBeSent()
+{
+    return ShownWeek() != Week::Unread && ShownWeek() != Week::Partial;
 }
 
 /// Sending overwrites the terminal's whole week.
-void FrmSuonerie::ShowWarning()
+QString FrmSuonerie::Warning()
 {
     switch (ShownWeek()) {
         case Week::Unread:
-            return ui_->Avviso->SetRemark(
-                tr("La settimana non è stata letta: inviandola ora si svuota quella del "
-                   "terminale."));
+            return tr(
+                "La settimana non è stata letta: inviandola ora si svuota quella del terminale.");
+        case Week::Edited:
+            return tr(
+                "La settimana non è stata letta: inviandola, questa sostituisce quella del "
+                "terminale.");
         case Week::Partial:
-            return ui_->Avviso->SetRemark(
-                tr("La settimana è stata letta solo in parte: inviandola si perde il resto."));
-        case Week::Ready:
-            return ui_->Avviso->SetRemark(QString());
+            return tr("La settimana è stata letta solo in parte: inviandola si perde il resto.");
+        case Week::Changed:
+            return tr("Modifiche non inviate al terminale.");
+        case Week::Known:
+            break;
     }
+    return {};
 }
 
 }  // namespace orlo

@@ -33,8 +33,9 @@ protected:
     void DeriveLook() override;
 
 private:
-    /// Whether sending would leave the terminal with a week that somebody has seen.
-    enum class Week { Unread, Partial, Ready };
+    /// What the table knows of the terminal's week. Edited: without having been read; Changed: read
+    /// or sent, and edited since.
+    enum class Week { Unread, Edited, Partial, Known, Changed };
 
     void cmdRiceveSuonerie_Click();
     void cmdTrasmetteSuonerie_Click();
@@ -53,7 +54,8 @@ private:
     void TakeChange();
     Week& ShownWeek() { return weeks_.at(static_cast<std::size_t>(Terminal() - 1)); }
     void SetWeek(Week week);
-    void ShowWarning();
+    bool ToBeSent();
+    QString Warning();
 
     std::unique_ptr<Ui::FrmSuonerie> ui_;
     QButtonGroup* days_;

@@ -31,6 +31,20 @@ TEST_F(FrmSuonerie, AnEnteredRingStandsInTheTableAndInTheDrawing)
     EXPECT_EQ(Primary(), "cmdTrasmetteSuonerie");
 }
 
+TEST_F(FrmSuonerie, AWeekThatWasEditedUnreadIsStillUnread)
+{
+    Open();
+    Press("Giorno_3");
+    Type("Ring_0", "0705");
+    EXPECT_EQ(Warning(), kEdited);
+    Press("cmdUscita");
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(Warning(), kEdited) << "opened again";
+    EXPECT_TRUE(Control("cmdTrasmetteSuonerie").hasFocus());
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(Warning(), "");
+}
+
 TEST_F(FrmSuonerie, TheWarningIsPaintedBesideTheOutcomeAndMovesNothing)
 {
     Open();

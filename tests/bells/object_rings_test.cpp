@@ -177,6 +177,44 @@ TEST_F(FrmSuonerie, AnEmptyWeekThatWasReadOrSentIsKnown)
     }
 }
 
+TEST_F(FrmSuonerie, WhatWasChangedBehindAReadIsNotSentUntilASendIsComplete)
+{
+    Open();
+    Press("cmdRiceveSuonerie");
+    Press("Giorno_1");
+    Type("TempoRings_0", "3");
+    EXPECT_EQ(Text("Esito"), "Comunicazione OK") << "an empty slot stays one";
+    Type("Ring_0", "0915");
+    EXPECT_EQ(Text("Esito"), "");
+    EXPECT_EQ(Warning(), kNotSent);
+    Press("cmdUscita");
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(Warning(), kNotSent) << "opened again";
+    EXPECT_EQ(Primary(), "cmdTrasmetteSuonerie");
+    rings.failures = {"", "ER", "ER", "ER"};
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(Warning(), kNotSent) << "sent in part";
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(Warning(), "");
+    Press("Giorno_1");
+    Type("TempoRings_0", "4");
+    EXPECT_EQ(Warning(), kNotSent);
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(Warning(), "");
+}
+
+TEST_F(FrmSuonerie, AChangeLeavesAWeekReadInPartThat)
+{
+    rings.failures = {"", "ER", "ER", "ER"};
+    Open();
+    Press("cmdRiceveSuonerie");
+    Press("Giorno_1");
+    Type("Ring_0", "0915");
+    EXPECT_EQ(Text("Esito"), "");
+    EXPECT_EQ(Warning(), kPartial);
+    EXPECT_EQ(Primary(), "cmdRiceveSuonerie");
+}
+
 TEST_F(FrmSuonerie, AWeekReadInPartIsWholeOnceItIsSent)
 {
     rings.failures = {"", "ER", "ER", "ER"};

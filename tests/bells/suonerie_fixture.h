@@ -17,6 +17,9 @@ inline constexpr RingEntry kFivePastSeven{0, 7, 5, 3};
 
 inline const std::string kUnread =
     "La settimana non è stata letta: inviandola ora si svuota quella del terminale.";
+inline const std::string kEdited =
+    "La settimana non è stata letta: inviandola, questa sostituisce quella del terminale.";
+inline const std::string kNotSent = "Modifiche non inviate al terminale.";
 inline const std::string kPartial =
     "La settimana è stata letta solo in parte: inviandola si perde il resto.";
 
