@@ -11,8 +11,6 @@
 
 #include <QButtonGroup>
 
-#include <optional>
-
 namespace orlo
 {
 
@@ -84,53 +82,66 @@ void FrmSuonerie::done(int result)
     TerminalWindow::done(result);
 }
 
-/// The frame of both commands: true when the work was done to its end.
-bool FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QString& failed,
+/// The frame of both commands. `work` says whether it was done to its end.
+void FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QString& failed,
                            const std::function<bool()>& work)
 {
     button->setFocus();
-    bool done = false;
+    task_ = task;
+    ShowTitle();
     Run(task, EscapeUse::Ignored, *ui_->DisegnoSettimana, [&] {
         const TextPanel& caption = *Desk().Controls().PannelloComunicazione;
         ClearOutcome(*ui_->Esito);
-        done = Desk().PrepareCurrentTerminal() && work();
+        const bool done = Desk().PrepareCurrentTerminal() && work();
         const bool said = caption.text().startsWith(QLatin1String("Errore"));
         ui_->Esito->setText(done   ? QStringLiteral("Comunicazione OK")
                             : said ? caption.text()
                                    : failed);
         Desk().ResetLineBehindCommand();
     });
-    return done;
+    EndTask();
+}
+
+/// The day's title is that of the day again.
+void FrmSuonerie::EndTask()
+{
+    task_.clear();
+    ShowTitle();
 }
 
 void FrmSuonerie::cmdRiceveSuonerie_Click()
 {
     TakePending();
-    std::optional<int> rings;
     Transfer(ui_->cmdRiceveSuonerie, tr("Lettura suonerie in corso…"),
              tr("Errore nella ricezione dei dati"), [&] {
-                 rings = LeggeSuonerie(Desk(), [this] { ForgetDay(); });
-                 return rings == kRingSlots;
+                 return LeggeSuonerie(
+                     Desk(), [this] { ForgetDay(); }, [this](int rings) { TakeRead(rings); });
              });
-    if (!rings) return;
+}
+
+void FrmSuonerie::TakeRead(int rings)
+{
     SortSuonerie(Desk().State().RingTable, Terminal());
     ShowWeek();
     weeks_.fill(Week::Unread);  // those of all terminals were cleared
     SetWeek(rings == kRingSlots ? Week::Known : rings == 0 ? Week::Unread : Week::Partial);
+    EndTask();
 }
 
 void FrmSuonerie::cmdTrasmetteSuonerie_Click()
 {
     TakePending();
-    const bool sent = Transfer(ui_->cmdTrasmetteSuonerie, tr("Invio suonerie in corso…"),
-                               tr("Errore nella spedizione dei dati"), [this] {
-                                   SortSuonerie(Desk().State().RingTable, Terminal());
-                                   entered_ring_ = -1;  // sorting has moved it
-                                   ShowDay();
-                                   return TrasmetteSuonerie(Desk());
-                               });
-    // What stands in the table is the terminal's week now.
-    if (sent) SetWeek(Week::Known);
+    Transfer(ui_->cmdTrasmetteSuonerie, tr("Invio suonerie in corso…"),
+             tr("Errore nella spedizione dei dati"), [this] {
+                 SortSuonerie(Desk().State().RingTable, Terminal());
+                 entered_ring_ = -1;  // sorting has moved it
+                 ShowDay();
+                 return TrasmetteSuonerie(Desk(), [this](int rings) {
+                     // What stands in the table is the terminal's week now.
+                     if (rings == kRingSlots) SetWeek(Week::Known);
+                     EndTask();
+                 });
+             });
 }
 
 void FrmSuonerie::Giorno_Click(int day)
@@ -198,9 +209,15 @@ void FrmSuonerie::ShowDay()
         ui_->SuonerieDelGiorno->ShowTime(index, entry);
         ui_->SuonerieDelGiorno->ShowDuration(index, entry);
     }
-    ui_->LabelGiorno->setText(shown_day_ < 0 ? tr("Scegliere un giorno")
-                                             : tr("Suonerie di %1").arg(WeekDay(shown_day_)));
+    ShowTitle();
     ShowWeek();
+}
+
+void FrmSuonerie::ShowTitle()
+{
+    ui_->LabelGiorno->setText(!task_.isEmpty() ? task_
+                              : shown_day_ < 0 ? tr("Scegliere un giorno")
+                                               : tr("Suonerie di %1").arg(WeekDay(shown_day_)));
 }
 
 void FrmSuonerie::ShowWeek()

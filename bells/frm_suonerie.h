@@ -43,13 +43,16 @@ private:
     void Ring_LostFocus(int index);
     void TempoRings_LostFocus(int index);
 
-    bool Transfer(QPushButton* button, const QString& task, const QString& failed,
+    void TakeRead(int rings);
+    void Transfer(QPushButton* button, const QString& task, const QString& failed,
                   const std::function<bool()>& work);
     RingEntry& Entry(int index);
     void ChooseRing(int index);
     void TakePending();
     void ForgetDay();
     void ShowDay();
+    void ShowTitle();
+    void EndTask();
     void ShowWeek();
     void TakeChange();
     Week& ShownWeek() { return weeks_.at(static_cast<std::size_t>(Terminal() - 1)); }
@@ -59,6 +62,8 @@ private:
 
     std::unique_ptr<Ui::FrmSuonerie> ui_;
     QButtonGroup* days_;
+    /// What runs, shown in place of the day.
+    QString task_;
     int shown_day_ = -1;
     int entered_ring_ = -1;
     /// Of each terminal, kept as long as RingTable.
