@@ -46,6 +46,7 @@ private:
     void CompleteFields();
     void ShowWeek();
     void ShowWhetherModified();
+    void SayUnsaved(const QString& remark);
 
     std::unique_ptr<Ui::frmRingOrloII> ui_;
     std::array<QCheckBox*, 8> days_;

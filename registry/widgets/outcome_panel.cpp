@@ -23,6 +23,7 @@ OutcomePanel::OutcomePanel(QWidget* parent) : TextPanel(parent)
 void OutcomePanel::SetRemark(const QString& remark)
 {
     remark_ = remark;
+    setAccessibleDescription(remark);
     updateGeometry();
     ShowToolTip();
     update();

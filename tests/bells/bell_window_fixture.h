@@ -52,6 +52,14 @@ protected:
     {
         return Control(name).property("text").toString().toStdString();
     }
+    /// The filled button.
+    std::string Primary() const
+    {
+        std::string names;
+        for (const QAbstractButton* button : bells->findChildren<QAbstractButton*>())
+            if (button->property("primario").toBool()) names += button->objectName().toStdString();
+        return names;
+    }
     bool Enabled(const char* name) const { return Control(name).isEnabled(); }
     bool Ticked(const char* name) const { return Control<QAbstractButton>(name).isChecked(); }
 };

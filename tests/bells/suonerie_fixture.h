@@ -54,13 +54,6 @@ protected:
             days += Control<QAbstractButton>(Cell("Giorno", day)).isChecked() ? u'1' : u'0';
         return days;
     }
-    std::string Primary() const
-    {
-        std::string names;
-        for (const QAbstractButton* button : bells->findChildren<QAbstractButton*>())
-            if (button->property("primario").toBool()) names += button->objectName().toStdString();
-        return names;
-    }
     /// The warning that is painted, in full, whatever the outcome beside it says.
     std::string Warning() const
     {
