@@ -61,8 +61,11 @@ DayRings::Cells DayRings::MakeCells(int index)
     cells.duration->setObjectName(QStringLiteral("TempoRings_%1").arg(index));
     cells.duration->setAccessibleName(tr("Suoneria %1: durata").arg(index + 1));
     for (const CellField* field :
-         std::initializer_list<const CellField*>{cells.time, cells.duration})
+         std::initializer_list<const CellField*>{cells.time, cells.duration}) {
         connect(field, &CellField::Entered, this, [this, index] { emit Entered(index); });
+        connect(field, &QLineEdit::textEdited, this, &DayRings::Edited);
+    }
+    connect(cells.time, &TimeField::Refused, this, &DayRings::Refused);
     connect(cells.time, &CellField::Left, this, [this, index] { emit RingLeft(index); });
     connect(cells.duration, &CellField::Left, this, [this, index] { emit TempoRingsLeft(index); });
     return cells;

@@ -55,7 +55,9 @@ frmRingOrloII::frmRingOrloII(Contenitore& desk)
          std::initializer_list<const CellField*>{ui_->Ring, ui_->TempoRings}) {
         connect(field, &CellField::Left, this, &frmRingOrloII::CompleteFields);
         connect(field, &QLineEdit::textChanged, this, &frmRingOrloII::ShowWhetherModified);
+        connect(field, &QLineEdit::textEdited, this, &frmRingOrloII::ForgetRefusal);
     }
+    connect(ui_->Ring, &TimeField::Refused, this, &frmRingOrloII::ShowRefusal);
     for (const QCheckBox* day : days_)
         connect(day, &QCheckBox::toggled, this, &frmRingOrloII::ShowWhetherModified);
     for (const QRadioButton* relay : {ui_->RelèA, ui_->RelèB})
@@ -72,6 +74,7 @@ frmRingOrloII::~frmRingOrloII() = default;
 void frmRingOrloII::Form_Load()
 {
     ui_->PannelloSuonerie->clear();
+    ForgetRefusal();
     const bool loaded = CaricaSuonerie();
     // Behind a list that could not be loaded every ring of the terminal would be overwritten by an
     // empty one.
@@ -155,6 +158,18 @@ void frmRingOrloII::CompleteFields()
     ui_->TempoRings->setText(DurationDigits(row.TempoRele));
 }
 
+/// In the place of the outcome, until something else is typed.
+void frmRingOrloII::ShowRefusal(const QString& why)
+{
+    ui_->PannelloSuonerie->clear();
+    ui_->PannelloSuonerie->SetRemark(why);
+}
+
+void frmRingOrloII::ForgetRefusal()
+{
+    ui_->PannelloSuonerie->SetRemark(QString());
+}
+
 void frmRingOrloII::ShowWhetherModified()
 {
     const QListWidgetItem* const item = ui_->ListaSuonerie->currentItem();
@@ -189,6 +204,7 @@ void frmRingOrloII::RunBehind(QPushButton* button, const QString& task,
                               const std::function<void()>& work)
 {
     button->setFocus();
+    ForgetRefusal();
     Run(task, EscapeUse::Ignored, *ui_->DisegnoSettimana, work);
 }
 

@@ -45,6 +45,8 @@ private:
     void SetRelay(int number);
     void CompleteFields();
     void ShowWeek();
+    void ShowRefusal(const QString& why);
+    void ForgetRefusal();
     void ShowWhetherModified();
     void SayUnsaved(const QString& remark);
 

@@ -9,6 +9,7 @@
 
 #include "ui_frm_suonerie.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 
 namespace orlo
@@ -35,6 +36,8 @@ FrmSuonerie::FrmSuonerie(Contenitore& desk)
     connect(ui_->SuonerieDelGiorno, &DayRings::RingLeft, this, &FrmSuonerie::Ring_LostFocus);
     connect(ui_->SuonerieDelGiorno, &DayRings::TempoRingsLeft, this,
             &FrmSuonerie::TempoRings_LostFocus);
+    connect(ui_->SuonerieDelGiorno, &DayRings::Refused, this, &FrmSuonerie::ShowRefusal);
+    connect(ui_->SuonerieDelGiorno, &DayRings::Edited, this, &FrmSuonerie::ForgetRefusal);
     connect(ui_->SuonerieDelGiorno, &DayRings::Entered, this, [this](int index) {
         entered_ring_ = index;
         ShowWeek();
@@ -61,6 +64,7 @@ void FrmSuonerie::Form_Load()
 {
     ForgetDay();
     ui_->Esito->clear();
+    ForgetRefusal();
     ui_->LabelTentativi->clear();
     ui_->Percentuale->setValue(0);
     ShowWeek();
@@ -87,6 +91,7 @@ void FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QStri
                            const std::function<bool()>& work)
 {
     button->setFocus();
+    ForgetRefusal();
     task_ = task;
     ShowTitle();
     Run(task, EscapeUse::Ignored, *ui_->DisegnoSettimana, [&] {
@@ -166,10 +171,27 @@ void FrmSuonerie::Ring_LostFocus(int index)
 void FrmSuonerie::TempoRings_LostFocus(int index)
 {
     if (shown_day_ < 0) return;
-    const QString duration = DurationText(ui_->SuonerieDelGiorno->TempoRings(index).text());
+    const QString typed = ui_->SuonerieDelGiorno->TempoRings(index).text();
+    const QString duration = DurationText(typed);
     Entry(index).HowLong = duration.toShort();
     ui_->SuonerieDelGiorno->ShowDuration(index, Entry(index));
     TakeChange();
+    if (typed.toInt() > kLongestRing) {
+        QApplication::beep();
+        ShowRefusal(tr("%1: la durata più lunga è %2").arg(typed).arg(kLongestRing));
+    }
+}
+
+/// In the place of the outcome, until something else is typed.
+void FrmSuonerie::ShowRefusal(const QString& why)
+{
+    ui_->Esito->clear();
+    ui_->Esito->SetRemark(why);
+}
+
+void FrmSuonerie::ForgetRefusal()
+{
+    ui_->Esito->SetRemark(QString());
 }
 
 void FrmSuonerie::TakePending()

@@ -48,6 +48,8 @@ private:
                   const std::function<bool()>& work);
     RingEntry& Entry(int index);
     void ChooseRing(int index);
+    void ShowRefusal(const QString& why);
+    void ForgetRefusal();
     void TakePending();
     void ForgetDay();
     void ShowDay();

@@ -102,7 +102,10 @@ TEST_F(FrmRingOrloII, AStoredTimeThatIsNoneStaysUntilAnotherIsTyped)
     EXPECT_EQ(Line(0), "01   24:60     06     0 1 1 1 1 1 1 0    0 1");
     Type("Ring", "2400");
     EXPECT_EQ(Text("Ring"), "24:60") << "refused";
+    const auto& panel = Control<OutcomePanel>("PannelloSuonerie");
+    EXPECT_EQ(panel.Remark(), QStringLiteral("2400 non è un'ora"));
     Type("Ring", "0830");
+    EXPECT_EQ(panel.Remark(), QString());
     Press("cmdAggiorna");
     EXPECT_EQ(Line(0), "01   08:30     06     0 1 1 1 1 1 1 0    0 1");
 }

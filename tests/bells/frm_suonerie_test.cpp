@@ -70,6 +70,25 @@ TEST_F(FrmSuonerie, ADurationAbove10BecomesTen)
     EXPECT_EQ(Entry(0, 6).HowLong, 10);
 }
 
+TEST_F(FrmSuonerie, WhyATimeOrADurationWasNotTakenStandsThereUntilTheNextIsTyped)
+{
+    Open();
+    Press("Giorno_0");
+    const auto& panel = Control<OutcomePanel>("Esito");
+    Control<OutcomePanel>("Esito").setText(QStringLiteral("Comunicazione OK"));
+    Type("Ring_0", "24:00");
+    EXPECT_EQ(panel.Remark(), QStringLiteral("24:00 non è un'ora"));
+    EXPECT_EQ(panel.text(), QString()) << "would be painted in its place";
+    Type("TempoRings_0", "11");
+    EXPECT_EQ(panel.Remark(), QStringLiteral("11: la durata più lunga è 10"));
+    Type("Ring_1", "8");
+    EXPECT_EQ(panel.Remark(), QString());
+    Type("Ring_1", "99:9");
+    Press("cmdUscita");
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(panel.Remark(), QString()) << "opened again";
+}
+
 TEST_F(FrmSuonerie, TabGoesFromTheTimeToTheDurationToTheNextRing)
 {
     Open();
