@@ -29,7 +29,9 @@ DayRings::DayRings(QWidget* parent) : QWidget(parent)
 {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(6);
+    // The rows spread over the height that is there; a small screen has little.
+    grid->setHorizontalSpacing(6);
+    grid->setVerticalSpacing(2);
     for (const int first : {0, kGridColumns}) {
         grid->addWidget(SecondaryLabel(tr("Ora"), Qt::AlignCenter), 0, first + 1);
         grid->addWidget(SecondaryLabel(tr("Durata"), Qt::AlignRight), 0, first + 2);

@@ -12,6 +12,8 @@
 #include <QApplication>
 #include <QButtonGroup>
 
+#include <algorithm>
+
 namespace orlo
 {
 
@@ -77,6 +79,11 @@ void FrmSuonerie::DeriveLook()
     TerminalWindow::DeriveLook();
     ui_->SuonerieDelGiorno->DeriveRoom();
     ui_->LabelTentativi->SetRoom(QStringLiteral("Tentativi00/00"));
+    // Days of one width stand over their columns of the drawing.
+    int widest = 0;
+    for (const QAbstractButton* day : days_->buttons())
+        widest = std::max(widest, day->sizeHint().width());
+    for (QAbstractButton* day : days_->buttons()) day->setMinimumWidth(widest);
     ui_->TestataGiorni->setContentsMargins(ui_->DisegnoSettimana->HoursRoom(), 0, 0, 0);
 }
 

@@ -177,6 +177,12 @@ TEST_F(FrmRingOrloII, TheListShowsWholeLinesInEveryHeight)
     }
 }
 
+TEST_F(FrmRingOrloII, FitsSmallScreens)
+{
+    Open();
+    ExpectToFitSmallScreens();
+}
+
 TEST_F(FrmRingOrloII, EveryInputHasANameAndNoTwoMnemonicsAreAlike)
 {
     Open();

@@ -166,6 +166,27 @@ TEST_F(FrmSuonerie, TheRowsOfTheDayShareTheHeightOfTheDrawing)
     EXPECT_LT(bottom("Ring_0") - bottom("LabelGiorno"), 3 * step);
 }
 
+TEST_F(FrmSuonerie, FitsSmallScreens)
+{
+    Open();
+    ExpectToFitSmallScreens();
+}
+
+TEST_F(FrmSuonerie, TheDaysStandOverTheirColumnsInALargeFontToo)
+{
+    Open();
+    EnlargeFont(2);
+    QCoreApplication::processEvents();
+    const auto& drawing = Control<WeekDrawing>("DisegnoSettimana");
+    const double column = (drawing.width() - drawing.HoursRoom()) / 7.0;
+    for (int day = 0; day < kRingDays; ++day) {
+        const QWidget& button = Control(Cell("Giorno", day));
+        EXPECT_GE(button.width(), button.sizeHint().width()) << day;
+        const int left = button.mapTo(bells, QPoint()).x() - drawing.mapTo(bells, QPoint()).x();
+        EXPECT_NEAR(left, drawing.HoursRoom() + day * column, 8) << day;
+    }
+}
+
 TEST_F(FrmSuonerie, EveryInputHasANameAndNoTwoMnemonicsAreAlike)
 {
     Open();
