@@ -49,7 +49,8 @@ void PaintLine(QPainter& painter, const QPointF& from, const QPointF& to, const 
 {
     const QTransform& device = painter.deviceTransform();
     const int thickness = std::max(1, static_cast<int>(device.m11()));
-    const QRect line(device.map(from).toPoint(), device.map(to).toPoint());
+    const QPointF half(thickness / 2.0, thickness / 2.0);
+    const QRect line((device.map(from) - half).toPoint(), (device.map(to) - half).toPoint());
     painter.fillRect(device.inverted().mapRect(
                          QRectF(line.topLeft(), QSize(std::max(line.width() - 1, thickness),
                                                       std::max(line.height() - 1, thickness)))),

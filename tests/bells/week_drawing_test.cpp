@@ -120,6 +120,8 @@ TEST_F(WeekDrawingTest, LinesAreAsThickAsEachOtherAtEveryScale)
         std::vector<QColor> across;
         for (int across_x = x; across_x < picture.width() - 10; ++across_x)
             across.push_back(picture.pixelColor(across_x, picture.height() / 2 + 3));
+        const QColor right = picture.pixelColor(picture.width() - 1, picture.height() / 2 + 3);
+        EXPECT_NE(right, ground) << "the last one is not cut off";
         EXPECT_EQ(Thicknesses(down, ground), std::set<int>{thickness}) << scale;
         EXPECT_EQ(Thicknesses(across, ground), std::set<int>{thickness}) << scale;
     }
