@@ -83,7 +83,7 @@ AcquisitionOutcome AcquireObjectGuarded(Contenitore& window)
 /// The outcome of an acquisition that is done, with what it brought and where it is.
 QString GoodOutcome(int punches, const QString& file)
 {
-    const QString good = QStringLiteral("Comunicazione OK, ");
+    const QString good = kCommunicationOk + QStringLiteral(", ");
     if (punches == 0) return good + QStringLiteral("nessuna timbratura da acquisire");
     const QString brought = punches == 1 ? QStringLiteral("1 timbratura")
                                          : QStringLiteral("%1 timbrature").arg(punches);

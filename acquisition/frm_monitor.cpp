@@ -76,6 +76,12 @@ void FrmMonitor::ShowFiltered()
         list.IsFiltered() ? tr("%1 di %2").arg(list.LinesSeen()).arg(list.count()) : QString());
 }
 
+void FrmMonitor::ShowReadingDone()
+{
+    ui_->LabelEsc->hide();
+    Desk().ShowWorkDone();
+}
+
 void FrmMonitor::cmdMonitor_Click()
 {
     for (QLabel* label : {ui_->LabelTransazioni, ui_->LabelScaricate}) label->clear();
@@ -89,7 +95,7 @@ void FrmMonitor::cmdMonitor_Click()
         else
             Desk().HangUpBehindCommand();
     });
-    ui_->LabelEsc->hide();
+    ShowReadingDone();
     Filter();
     ui_->ListaMonitor->setFocus();
 }

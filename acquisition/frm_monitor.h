@@ -26,6 +26,9 @@ public:
 
     /// How many lines the filter lets through, of those read so far.
     void ShowFiltered();
+    /// What says that the reading goes on, or can be stopped, is gone before a box says how it
+    /// ended.
+    void ShowReadingDone();
 
 protected:
     void Form_Load() override;

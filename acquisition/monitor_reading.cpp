@@ -91,6 +91,7 @@ void MonitorReading::TellFileFailure(const QString& state, const QString& text)
 
 void MonitorReading::TellOutcome()
 {
+    form_.ShowReadingDone();
     const QString outcome = Outcome();
     if (outcome.isEmpty()) return;
     form_.Controls().EsitoMonitor->setText(outcome);

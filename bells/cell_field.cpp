@@ -78,7 +78,7 @@ TimeField::TimeField(QWidget* parent) : CellField(QStringLiteral("00:00"), paren
 void TimeField::focusInEvent(QFocusEvent* event)
 {
     CellField::focusInEvent(event);
-    refused_ = false;
+    refused_.clear();
     if (!isModified()) before_ = text();
 }
 
@@ -103,7 +103,7 @@ void TimeField::ForgetSteps()
 
 void TimeField::mousePressEvent(QMouseEvent* event)
 {
-    refused_ = false;
+    refused_.clear();
     CellField::mousePressEvent(event);
 }
 
@@ -115,10 +115,10 @@ void TimeField::keyPressEvent(QKeyEvent* event)
     const QString typed = event->text();
     const bool digit = typed.size() == 1 && typed[0].isDigit();
     if (!digit && !EndsAnHour(typed)) {
-        refused_ = refused_ && !BeginsAnew(event->key());
+        if (BeginsAnew(event->key())) refused_.clear();
         CellField::keyPressEvent(event);
-    } else if (refused_) {
-        QApplication::beep();
+    } else if (!refused_.isEmpty()) {
+        Refuse(refused_ + typed);
     } else if (digit) {
         TakeDigit(typed[0]);
     } else {
@@ -149,19 +149,22 @@ void TimeField::TakeDigit(QChar digit)
     if (!fits(shown, place) && first_of_two) shown[place + 1] = u' ';
     if (place == 1 && shown[0] >= u'3') place = kMinutes;
     if (!fits(shown, place) && place == kMinutes) shown[place + 1] = u' ';
-    if (!fits(shown, place)) return Refuse();
+    const bool fit = fits(shown, place);
     shown[place] = digit;
+    // Of 24 the colon is the mask's.
+    if (!fit) return Refuse(place < kMinutes ? shown.left(kMinutes - 1) : shown.remove(u' '));
     setSelection(0, static_cast<int>(shown.size()));
     insert(shown);
     setCursorPosition(place == 1 ? kMinutes : place + 1);
 }
 
-void TimeField::Refuse()
+void TimeField::Refuse(const QString& typed)
 {
     QApplication::beep();
-    refused_ = true;
+    refused_ = typed.left(before_.size());
     setText(before_);
     selectAll();
+    emit Refused(tr("%1 non è un'ora").arg(refused_));
 }
 
 DurationField::DurationField(QWidget* parent) : CellField(QStringLiteral("000"), parent)

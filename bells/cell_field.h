@@ -42,6 +42,10 @@ class TimeField : public CellField
 public:
     explicit TimeField(QWidget* parent = nullptr);
 
+signals:
+    /// "24:00 non è un'ora", with each digit that is refused.
+    void Refused(const QString& why);
+
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -52,10 +56,11 @@ private:
     void ForgetSteps();
     void EndHour();
     void TakeDigit(QChar digit);
-    void Refuse();
+    void Refuse(const QString& typed);
 
     QString before_;
-    bool refused_ = false;
+    /// What is being refused, empty when nothing is.
+    QString refused_;
 };
 
 /// A duration of so many digits at the most.

@@ -29,7 +29,9 @@ DayRings::DayRings(QWidget* parent) : QWidget(parent)
 {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(6);
+    // The rows spread over the height that is there; a small screen has little.
+    grid->setHorizontalSpacing(6);
+    grid->setVerticalSpacing(2);
     for (const int first : {0, kGridColumns}) {
         grid->addWidget(SecondaryLabel(tr("Ora"), Qt::AlignCenter), 0, first + 1);
         grid->addWidget(SecondaryLabel(tr("Durata"), Qt::AlignRight), 0, first + 2);
@@ -61,8 +63,11 @@ DayRings::Cells DayRings::MakeCells(int index)
     cells.duration->setObjectName(QStringLiteral("TempoRings_%1").arg(index));
     cells.duration->setAccessibleName(tr("Suoneria %1: durata").arg(index + 1));
     for (const CellField* field :
-         std::initializer_list<const CellField*>{cells.time, cells.duration})
+         std::initializer_list<const CellField*>{cells.time, cells.duration}) {
         connect(field, &CellField::Entered, this, [this, index] { emit Entered(index); });
+        connect(field, &QLineEdit::textEdited, this, &DayRings::Edited);
+    }
+    connect(cells.time, &TimeField::Refused, this, &DayRings::Refused);
     connect(cells.time, &CellField::Left, this, [this, index] { emit RingLeft(index); });
     connect(cells.duration, &CellField::Left, this, [this, index] { emit TempoRingsLeft(index); });
     return cells;

@@ -34,6 +34,10 @@ signals:
     void Entered(int index);
     void RingLeft(int index);
     void TempoRingsLeft(int index);
+    /// Why a time was refused, see TimeField.
+    void Refused(const QString& why);
+    /// A field has changed under the operator's hands.
+    void Edited();
 
 private:
     struct Cells {

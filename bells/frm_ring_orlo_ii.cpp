@@ -55,7 +55,9 @@ frmRingOrloII::frmRingOrloII(Contenitore& desk)
          std::initializer_list<const CellField*>{ui_->Ring, ui_->TempoRings}) {
         connect(field, &CellField::Left, this, &frmRingOrloII::CompleteFields);
         connect(field, &QLineEdit::textChanged, this, &frmRingOrloII::ShowWhetherModified);
+        connect(field, &QLineEdit::textEdited, this, &frmRingOrloII::ForgetRefusal);
     }
+    connect(ui_->Ring, &TimeField::Refused, this, &frmRingOrloII::ShowRefusal);
     for (const QCheckBox* day : days_)
         connect(day, &QCheckBox::toggled, this, &frmRingOrloII::ShowWhetherModified);
     for (const QRadioButton* relay : {ui_->RelèA, ui_->RelèB})
@@ -72,6 +74,7 @@ frmRingOrloII::~frmRingOrloII() = default;
 void frmRingOrloII::Form_Load()
 {
     ui_->PannelloSuonerie->clear();
+    ForgetRefusal();
     const bool loaded = CaricaSuonerie();
     // Behind a list that could not be loaded every ring of the terminal would be overwritten by an
     // empty one.
@@ -107,9 +110,6 @@ void frmRingOrloII::DeriveLook()
     ui_->Ring->DeriveRoom();
     ui_->TempoRings->DeriveRoom();
     ui_->ListaSuonerie->setFixedWidth(ui_->ListaSuonerie->sizeHint().width());
-    // A label asks for a little more than its words.
-    ui_->LabelModifiche->setMinimumWidth(
-        fontMetrics().horizontalAdvance(QStringLiteral("Modifiche non salvate, non inviate")) + 2);
 }
 
 void frmRingOrloII::ListaSuonerie_Click()
@@ -125,7 +125,7 @@ void frmRingOrloII::ListaSuonerie_Click()
     // A new ring begins with relay A: without a relay it would never be heard.
     SetRelay(item->text() == EmptyRingLine(row.Locazione) ? 1 : row.NumeroRele);
     ShowWeek();
-    ui_->LabelModifiche->clear();
+    SayUnsaved(QString());
 }
 
 void frmRingOrloII::SetRelay(int number)
@@ -158,6 +158,18 @@ void frmRingOrloII::CompleteFields()
     ui_->TempoRings->setText(DurationDigits(row.TempoRele));
 }
 
+/// In the place of the outcome, until something else is typed.
+void frmRingOrloII::ShowRefusal(const QString& why)
+{
+    ui_->PannelloSuonerie->clear();
+    ui_->PannelloSuonerie->SetRemark(why);
+}
+
+void frmRingOrloII::ForgetRefusal()
+{
+    ui_->PannelloSuonerie->SetRemark(QString());
+}
+
 void frmRingOrloII::ShowWhetherModified()
 {
     const QListWidgetItem* const item = ui_->ListaSuonerie->currentItem();
@@ -168,7 +180,18 @@ void frmRingOrloII::ShowWhetherModified()
     // The relay of a new ring is not the operator's.
     if (item->text() == EmptyRingLine(shown.Locazione) && entered.NumeroRele == 1)
         entered.NumeroRele = 0;
-    ui_->LabelModifiche->setText(entered == shown ? QString() : tr("Modifiche non salvate"));
+    SayUnsaved(entered == shown ? QString() : tr("Modifiche non salvate"));
+}
+
+/// What is not saved is not sent: saving is the filled button then.
+void frmRingOrloII::SayUnsaved(const QString& remark)
+{
+    const bool flips = remark.isEmpty() != ui_->LabelModifiche->Remark().isEmpty();
+    ui_->LabelModifiche->SetRemark(remark);
+    if (!flips) return;
+    ui_->cmdAggiorna->setProperty("primario", !remark.isEmpty());
+    ui_->cmdTrasmette->setProperty("primario", remark.isEmpty());
+    DeriveLook();
 }
 
 void frmRingOrloII::ShowWeek()
@@ -181,6 +204,7 @@ void frmRingOrloII::RunBehind(QPushButton* button, const QString& task,
                               const std::function<void()>& work)
 {
     button->setFocus();
+    ForgetRefusal();
     Run(task, EscapeUse::Ignored, *ui_->DisegnoSettimana, work);
 }
 
@@ -210,11 +234,11 @@ void frmRingOrloII::cmdTrasmette_Click()
         if (model == nullptr || !Desk().PrepareCurrentTerminal()) return;
         const SentRings sent = SendRings(Desk(), model->bell_telegram, ui_->ListaSuonerie->Lines());
         ui_->PannelloSuonerie->setText(sent.status);
-        const bool unsaved = !ui_->LabelModifiche->text().isEmpty();
+        const bool unsaved = !ui_->LabelModifiche->Remark().isEmpty();
         Desk().NoteOutcome(unsaved ? sent.outcome +
                                          tr(", le modifiche non salvate non sono state inviate")
                                    : sent.outcome);
-        if (unsaved) ui_->LabelModifiche->setText(tr("Modifiche non salvate, non inviate"));
+        if (unsaved) SayUnsaved(tr("Modifiche non salvate, non inviate"));
     });
 }
 

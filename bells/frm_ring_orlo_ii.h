@@ -46,7 +46,10 @@ private:
     void SetRelay(int number);
     void CompleteFields();
     void ShowWeek();
+    void ShowRefusal(const QString& why);
+    void ForgetRefusal();
     void ShowWhetherModified();
+    void SayUnsaved(const QString& remark);
 
     std::unique_ptr<Ui::frmRingOrloII> ui_;
     std::array<QCheckBox*, 8> days_;

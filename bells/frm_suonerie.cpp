@@ -10,9 +10,10 @@
 
 #include "ui_frm_suonerie.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 
-#include <optional>
+#include <algorithm>
 
 namespace orlo
 {
@@ -38,6 +39,8 @@ FrmSuonerie::FrmSuonerie(Contenitore& desk)
     connect(ui_->SuonerieDelGiorno, &DayRings::RingLeft, this, &FrmSuonerie::Ring_LostFocus);
     connect(ui_->SuonerieDelGiorno, &DayRings::TempoRingsLeft, this,
             &FrmSuonerie::TempoRings_LostFocus);
+    connect(ui_->SuonerieDelGiorno, &DayRings::Refused, this, &FrmSuonerie::ShowRefusal);
+    connect(ui_->SuonerieDelGiorno, &DayRings::Edited, this, &FrmSuonerie::ForgetRefusal);
     connect(ui_->SuonerieDelGiorno, &DayRings::Entered, this, [this](int index) {
         entered_ring_ = index;
         ShowWeek();
@@ -64,11 +67,12 @@ void FrmSuonerie::Form_Load()
 {
     ForgetDay();
     ui_->Esito->clear();
+    ForgetRefusal();
     ui_->LabelTentativi->clear();
     ui_->Percentuale->setValue(0);
     ShowWeek();
     SetWeek(ShownWeek());
-    (ShownWeek() == Week::Ready ? ui_->cmdTrasmetteSuonerie : ui_->cmdRiceveSuonerie)->setFocus();
+    (ToBeSent() ? ui_->cmdTrasmetteSuonerie : ui_->cmdRiceveSuonerie)->setFocus();
 }
 
 void FrmSuonerie::DeriveLook()
@@ -76,6 +80,11 @@ void FrmSuonerie::DeriveLook()
     TerminalWindow::DeriveLook();
     ui_->SuonerieDelGiorno->DeriveRoom();
     ui_->LabelTentativi->SetRoom(QStringLiteral("Tentativi00/00"));
+    // Days of one width stand over their columns of the drawing.
+    int widest = 0;
+    for (const QAbstractButton* day : days_->buttons())
+        widest = std::max(widest, day->sizeHint().width());
+    for (QAbstractButton* day : days_->buttons()) day->setMinimumWidth(widest);
     ui_->TestataGiorni->setContentsMargins(ui_->DisegnoSettimana->HoursRoom(), 0, 0, 0);
 }
 
@@ -85,51 +94,65 @@ void FrmSuonerie::done(int result)
     TerminalWindow::done(result);
 }
 
-/// The frame of both commands: true when the work was done to its end.
-bool FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QString& failed,
+/// The frame of both commands. `work` says whether it was done to its end.
+void FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QString& failed,
                            const std::function<bool()>& work)
 {
     button->setFocus();
-    bool done = false;
+    ForgetRefusal();
+    task_ = task;
+    ShowTitle();
     Run(task, EscapeUse::Ignored, *ui_->DisegnoSettimana, [&] {
         const TextPanel& caption = *Desk().Controls().PannelloComunicazione;
         ClearOutcome(*ui_->Esito);
-        done = Desk().PrepareCurrentTerminal() && work();
+        const bool done = Desk().PrepareCurrentTerminal() && work();
         const bool said = !caption.text().isEmpty();
         ui_->Esito->setText(done ? kCommunicationOk : said ? caption.text() : failed);
         Desk().ResetLineBehindCommand();
     });
-    return done;
+    EndTask();
+}
+
+/// The day's title is that of the day again.
+void FrmSuonerie::EndTask()
+{
+    task_.clear();
+    ShowTitle();
 }
 
 void FrmSuonerie::cmdRiceveSuonerie_Click()
 {
     TakePending();
-    std::optional<int> rings;
     Transfer(ui_->cmdRiceveSuonerie, tr("Lettura suonerie in corso…"),
              tr("Errore nella ricezione dei dati"), [&] {
-                 rings = LeggeSuonerie(Desk(), [this] { ForgetDay(); });
-                 return rings == kRingSlots;
+                 return LeggeSuonerie(
+                     Desk(), [this] { ForgetDay(); }, [this](int rings) { TakeRead(rings); });
              });
-    if (!rings) return;
+}
+
+void FrmSuonerie::TakeRead(int rings)
+{
     SortSuonerie(Desk().State().RingTable, Terminal());
     ShowWeek();
     weeks_.fill(Week::Unread);  // those of all terminals were cleared
-    SetWeek(rings == kRingSlots ? Week::Ready : rings == 0 ? Week::Unread : Week::Partial);
+    SetWeek(rings == kRingSlots ? Week::Known : rings == 0 ? Week::Unread : Week::Partial);
+    EndTask();
 }
 
 void FrmSuonerie::cmdTrasmetteSuonerie_Click()
 {
     TakePending();
-    const bool sent = Transfer(ui_->cmdTrasmetteSuonerie, tr("Invio suonerie in corso…"),
-                               tr("Errore nella spedizione dei dati"), [this] {
-                                   SortSuonerie(Desk().State().RingTable, Terminal());
-                                   entered_ring_ = -1;  // sorting has moved it
-                                   ShowDay();
-                                   return TrasmetteSuonerie(Desk());
-                               });
-    // What stands in the table is the terminal's week now.
-    if (sent) SetWeek(Week::Ready);
+    Transfer(ui_->cmdTrasmetteSuonerie, tr("Invio suonerie in corso…"),
+             tr("Errore nella spedizione dei dati"), [this] {
+                 SortSuonerie(Desk().State().RingTable, Terminal());
+                 entered_ring_ = -1;  // sorting has moved it
+                 ShowDay();
+                 return TrasmetteSuonerie(Desk(), [this](int rings) {
+                     // What stands in the table is the terminal's week now.
+                     if (rings == kRingSlots) SetWeek(Week::Known);
+                     EndTask();
+                 });
+             });
 }
 
 void FrmSuonerie::Giorno_Click(int day)
@@ -154,10 +177,27 @@ void FrmSuonerie::Ring_LostFocus(int index)
 void FrmSuonerie::TempoRings_LostFocus(int index)
 {
     if (shown_day_ < 0) return;
-    const QString duration = DurationText(ui_->SuonerieDelGiorno->TempoRings(index).text());
+    const QString typed = ui_->SuonerieDelGiorno->TempoRings(index).text();
+    const QString duration = DurationText(typed);
     Entry(index).HowLong = duration.toShort();
     ui_->SuonerieDelGiorno->ShowDuration(index, Entry(index));
     TakeChange();
+    if (typed.toInt() > kLongestRing) {
+        QApplication::beep();
+        ShowRefusal(tr("%1: la durata più lunga è %2").arg(typed).arg(kLongestRing));
+    }
+}
+
+/// In the place of the outcome, until something else is typed.
+void FrmSuonerie::ShowRefusal(const QString& why)
+{
+    ui_->Esito->clear();
+    ui_->Esito->SetRemark(why);
+}
+
+void FrmSuonerie::ForgetRefusal()
+{
+    ui_->Esito->SetRemark(QString());
 }
 
 void FrmSuonerie::TakePending()
@@ -197,9 +237,15 @@ void FrmSuonerie::ShowDay()
         ui_->SuonerieDelGiorno->ShowTime(index, entry);
         ui_->SuonerieDelGiorno->ShowDuration(index, entry);
     }
-    ui_->LabelGiorno->setText(shown_day_ < 0 ? tr("Scegliere un giorno")
-                                             : tr("Suonerie di %1").arg(WeekDay(shown_day_)));
+    ShowTitle();
     ShowWeek();
+}
+
+void FrmSuonerie::ShowTitle()
+{
+    ui_->LabelGiorno->setText(!task_.isEmpty() ? task_
+                              : shown_day_ < 0 ? tr("Scegliere un giorno")
+                                               : tr("Suonerie di %1").arg(WeekDay(shown_day_)));
 }
 
 void FrmSuonerie::ShowWeek()
@@ -209,38 +255,51 @@ void FrmSuonerie::ShowWeek()
     ui_->DisegnoSettimana->ShadeDay(shown_day_);
 }
 
-/// A cell may have changed its ring.
+/// A cell may have changed its ring: what was said of the week is no longer true.
 void FrmSuonerie::TakeChange()
 {
     const std::vector<RingMark> before = ui_->DisegnoSettimana->Marks();
     ShowWeek();
-    if (ui_->DisegnoSettimana->Marks() != before && ShownWeek() == Week::Unread)
-        SetWeek(Week::Ready);
+    if (ui_->DisegnoSettimana->Marks() == before) return;
+    ui_->Esito->clear();
+    if (ShownWeek() == Week::Unread) SetWeek(Week::Edited);
+    if (ShownWeek() == Week::Known) SetWeek(Week::Changed);
 }
 
 void FrmSuonerie::SetWeek(Week week)
 {
     ShownWeek() = week;
-    ui_->cmdTrasmetteSuonerie->setProperty("primario", week == Week::Ready);
-    ui_->cmdRiceveSuonerie->setProperty("primario", week != Week::Ready);
+    ui_->cmdTrasmetteSuonerie->setProperty("primario", ToBeSent());
+    ui_->cmdRiceveSuonerie->setProperty("primario", !ToBeSent());
     DeriveLook();
-    ShowWarning();
+    ui_->Avviso->SetRemark(Warning());
+}
+
+/// Whether sending is what follows, not reading.
+bool FrmSuonerie::ToBeSent()
+{
+    return ShownWeek() != Week::Unread && ShownWeek() != Week::Partial;
 }
 
 /// Sending overwrites the terminal's whole week.
-void FrmSuonerie::ShowWarning()
+QString FrmSuonerie::Warning()
 {
     switch (ShownWeek()) {
         case Week::Unread:
-            return ui_->Avviso->SetRemark(
-                tr("La settimana non è stata letta: inviandola ora si svuota quella del "
-                   "terminale."));
+            return tr(
+                "La settimana non è stata letta: inviandola ora si svuota quella del terminale.");
+        case Week::Edited:
+            return tr(
+                "La settimana non è stata letta: inviandola, questa sostituisce quella del "
+                "terminale.");
         case Week::Partial:
-            return ui_->Avviso->SetRemark(
-                tr("La settimana è stata letta solo in parte: inviandola si perde il resto."));
-        case Week::Ready:
-            return ui_->Avviso->SetRemark(QString());
+            return tr("La settimana è stata letta solo in parte: inviandola si perde il resto.");
+        case Week::Changed:
+            return tr("Modifiche non inviate al terminale.");
+        case Week::Known:
+            break;
     }
+    return {};
 }
 
 }  // namespace orlo

@@ -34,8 +34,9 @@ protected:
     void DeriveLook() override;
 
 private:
-    /// Whether sending would leave the terminal with a week that somebody has seen.
-    enum class Week { Unread, Partial, Ready };
+    /// What the table knows of the terminal's week. Edited: without having been read; Changed: read
+    /// or sent, and edited since.
+    enum class Week { Unread, Edited, Partial, Known, Changed };
 
     void cmdRiceveSuonerie_Click();
     void cmdTrasmetteSuonerie_Click();
@@ -43,21 +44,29 @@ private:
     void Ring_LostFocus(int index);
     void TempoRings_LostFocus(int index);
 
-    bool Transfer(QPushButton* button, const QString& task, const QString& failed,
+    void TakeRead(int rings);
+    void Transfer(QPushButton* button, const QString& task, const QString& failed,
                   const std::function<bool()>& work);
     RingEntry& Entry(int index);
     void ChooseRing(int index);
+    void ShowRefusal(const QString& why);
+    void ForgetRefusal();
     void TakePending();
     void ForgetDay();
     void ShowDay();
+    void ShowTitle();
+    void EndTask();
     void ShowWeek();
     void TakeChange();
     Week& ShownWeek() { return weeks_.at(static_cast<std::size_t>(Terminal() - 1)); }
     void SetWeek(Week week);
-    void ShowWarning();
+    bool ToBeSent();
+    QString Warning();
 
     std::unique_ptr<Ui::FrmSuonerie> ui_;
     QButtonGroup* days_;
+    /// What runs, shown in place of the day.
+    QString task_;
     int shown_day_ = -1;
     int entered_ring_ = -1;
     /// Of each terminal, kept as long as RingTable.

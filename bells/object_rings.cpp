@@ -148,8 +148,9 @@ QString SendWeek(Contenitore& window, RingProgress& progress)
 
 using Transfer = QString (*)(Contenitore&, RingProgress&);
 
-/// Runs a transfer and tells how it ended. How many rings have travelled: all 168 when it is done.
-int TellTransfer(Contenitore& window, Transfer transfer, const QString& good, const QString& bad)
+/// Runs a transfer and tells how it ended.
+bool TellTransfer(Contenitore& window, Transfer transfer, const RingsEnded& ended,
+                  const QString& good, const QString& bad)
 {
     RingProgress progress(window);
     QString failure;
@@ -158,9 +159,11 @@ int TellTransfer(Contenitore& window, Transfer transfer, const QString& good, co
     if (!thrown.isEmpty()) failure = thrown;
     const bool done = failure.isEmpty();
     window.NoteOutcome(done ? good : bad);
+    window.ShowWorkDone();
+    ended(progress.Done());
     window.Station().dialog.Tell(done ? DialogIcon::Information : DialogIcon::Critical, kTitle,
                                  done ? good : bad, failure);
-    return progress.Done();
+    return done;
 }
 
 }  // namespace
@@ -174,18 +177,19 @@ bool GetRings(Contenitore& window, int day)
     return Rings(window).Receive(terminal, priority, asked);
 }
 
-int LeggeSuonerie(Contenitore& window, const std::function<void()>& cleared)
+bool LeggeSuonerie(Contenitore& window, const std::function<void()>& cleared,
+                   const RingsEnded& ended)
 {
     window.State().RingTable = {};
     cleared();
-    return TellTransfer(window, ReadWeek, QStringLiteral("Ricezione dati OK"),
+    return TellTransfer(window, ReadWeek, ended, QStringLiteral("Ricezione dati OK"),
                         QStringLiteral("Errore nella ricezione dei dati"));
 }
 
-bool TrasmetteSuonerie(Contenitore& window)
+bool TrasmetteSuonerie(Contenitore& window, const RingsEnded& ended)
 {
-    return TellTransfer(window, SendWeek, QStringLiteral("Spedizione dati OK"),
-                        QStringLiteral("Errore nella spedizione dei dati")) == kRingSlots;
+    return TellTransfer(window, SendWeek, ended, QStringLiteral("Spedizione dati OK"),
+                        QStringLiteral("Errore nella spedizione dei dati"));
 }
 
 }  // namespace orlo

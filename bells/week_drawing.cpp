@@ -35,6 +35,28 @@ int Longest(const std::vector<RingMark>& marks)
     return longest;
 }
 
+/// As many hours bear their number as have room for it, 24 always.
+int HourStep(double hour_height, int line)
+{
+    for (const int step : {1, 2, 3, 4})
+        if (hour_height * step >= line) return step;
+    return 6;
+}
+
+/// Upright or level, of whole pixels of the device: at a scale of 1.5 a pen paints one line one
+/// pixel thick and the next one two.
+void PaintLine(QPainter& painter, const QPointF& from, const QPointF& to, const QColor& colour)
+{
+    const QTransform& device = painter.deviceTransform();
+    const int thickness = std::max(1, static_cast<int>(device.m11()));
+    const QPointF half(thickness / 2.0, thickness / 2.0);
+    const QRect line((device.map(from) - half).toPoint(), (device.map(to) - half).toPoint());
+    painter.fillRect(device.inverted().mapRect(
+                         QRectF(line.topLeft(), QSize(std::max(line.width() - 1, thickness),
+                                                      std::max(line.height() - 1, thickness)))),
+                     colour);
+}
+
 }  // namespace
 
 WeekDrawing::WeekDrawing(QWidget* parent) : QWidget(parent)
@@ -74,7 +96,7 @@ int WeekDrawing::HoursRoom() const
 QSize WeekDrawing::minimumSizeHint() const
 {
     const int line = fontMetrics().height();
-    return {HoursRoom() + days_ * fontMetrics().averageCharWidth() * 6, line * 14};
+    return {HoursRoom() + days_ * fontMetrics().averageCharWidth() * 5, line * 8};
 }
 
 QRectF WeekDrawing::Grid() const
@@ -183,12 +205,10 @@ void WeekDrawing::PaintHours(QPainter& painter) const
     const QColor strong = Hairline(palette());
     const QColor faint = Blend(strong, palette().color(QPalette::Base), 0.45);
     const int line = painter.fontMetrics().height();
-    // As many hours bear their number as have room for it.
-    const int step = grid.height() / kHours >= line ? 1 : 2;
+    const int step = HourStep(grid.height() / kHours, line);
     for (int hour = 0; hour <= kHours; ++hour) {
         const double y = grid.top() + grid.height() * hour / kHours;
-        painter.setPen(hour % 6 == 0 ? strong : faint);
-        painter.drawLine(QPointF(grid.left(), y), QPointF(grid.right(), y));
+        PaintLine(painter, {grid.left(), y}, {grid.right(), y}, hour % 6 == 0 ? strong : faint);
         if (hour % step != 0) continue;
         painter.setPen(SecondaryOnWindow(palette()));
         painter.drawText(QRectF(0, y - line / 2.0, HoursRoom() - 5, line),
@@ -201,16 +221,14 @@ void WeekDrawing::PaintDays(QPainter& painter) const
     const QRectF grid = Grid();
     for (int day = 0; day < days_; ++day) {
         const QRectF column = Column(day);
-        painter.setPen(Hairline(palette()));
-        painter.drawLine(column.topLeft(), column.bottomLeft());
+        PaintLine(painter, column.topLeft(), column.bottomLeft(), Hairline(palette()));
         if (day >= headings_.size()) continue;
         const int line = painter.fontMetrics().height();
         painter.setPen(palette().color(QPalette::WindowText));
         painter.drawText(QRectF(column.left(), 0, column.width(), line), Qt::AlignCenter,
                          headings_[day]);
     }
-    painter.setPen(Hairline(palette()));
-    painter.drawLine(grid.topRight(), grid.bottomRight());
+    PaintLine(painter, grid.topRight(), grid.bottomRight(), Hairline(palette()));
 }
 
 void WeekDrawing::PaintMark(QPainter& painter, const RingMark& mark, const QRectF& place) const

@@ -85,13 +85,12 @@ void FrmComandi::cmdTrasmetteComando_Click()
     ClearOutcome(*ui_->EsitoComando);
     const TypedCommand typed = Typed();
     const QString refused = FirstNotSent(typed.command + typed.parameters);
-    if (!refused.isEmpty()) {
-        Refuse(refused);
-        return;
-    }
-    history_.Add(typed);
+    if (refused.isEmpty()) history_.Add(typed);
+    // A refusal is how the command ended, too.
     Run(tr("Comando in corso…"), EscapeUse::Ignored, *ui_->ReceivedDataLabel,
-        [this, &typed] { SendCommand(typed); });
+        [&] { refused.isEmpty() ? SendCommand(typed) : Refuse(refused); });
+    // The next command replaces the one that was sent; a refused one is put right.
+    if (refused.isEmpty()) ui_->CommandField->selectAll();
 }
 
 // Its name too: there are characters that nobody sees, or that look like another.

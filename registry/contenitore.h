@@ -107,6 +107,9 @@ public:
     void RunCommand(QAbstractButton* button, const QString& task, EscapeUse escape,
                     const std::function<void()>& command);
     bool CommandRunning() const { return running_; }
+    /// The running command has done its work: the title row no longer names it, the strip no longer
+    /// offers to stop it. For the box that says how it ended.
+    void ShowWorkDone();
     /// Whether the program is to end behind the running command.
     bool LeaveAsked() const { return leave_after_command_; }
 

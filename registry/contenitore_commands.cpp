@@ -86,6 +86,12 @@ void Contenitore::RunCommand(QAbstractButton* button, const QString& task, Escap
     if (std::exchange(leave_after_command_, false)) AskToLeave();
 }
 
+void Contenitore::ShowWorkDone()
+{
+    ui_->LabelAvviso->clear();
+    ui_->LabelEsc->hide();
+}
+
 // A caption that the pointer passes over is cleared: what it said is kept from when it was written.
 void Contenitore::HearOutcome(const QString& caption)
 {

@@ -45,6 +45,7 @@ void OutcomePanel::SetRoom(const QString& sample)
 void OutcomePanel::SetRemark(const QString& remark)
 {
     remark_ = remark;
+    setAccessibleDescription(remark);
     updateGeometry();
     ShowToolTip();
     update();

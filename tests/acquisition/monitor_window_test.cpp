@@ -159,6 +159,27 @@ TEST_F(MonitorWindow, EverythingIsInertWhileItReads)
     EXPECT_TRUE(Controls().cmdAcquisisce->isEnabled());
 }
 
+TEST_F(MonitorWindow, NothingIsSaidToGoOnWhileTheBoxSaysHowItEnded)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=25");
+    const auto nothing_goes_on = [this] {
+        EXPECT_FALSE(Find<QLabel>("LabelEsc").isVisible());
+        EXPECT_FALSE(Controls().LabelEsc->isVisible());
+        EXPECT_EQ(Controls().LabelAvviso->text(), QString());
+    };
+    InTheMiddle([this] {
+        EXPECT_TRUE(Controls().LabelEsc->isVisible());
+        EXPECT_NE(Controls().LabelAvviso->text(), QString());
+    });
+    pc.dialog.on_tell = nothing_goes_on;
+    window.show();
+    Read();
+    ASSERT_TRUE(QDir::current().mkdir(FileName())) << "no file can be made there";
+    WantFile();
+    ReadAgain();
+    EXPECT_EQ(pc.dialog.told.size(), 2U);
+}
+
 TEST_F(MonitorWindow, ProgressRisesAndEndsAtZero)
 {
     Connect(QStringLiteral("Strale"), "timbrature=60");
@@ -167,6 +188,7 @@ TEST_F(MonitorWindow, ProgressRisesAndEndsAtZero)
                      [&values](int value) { values << value; });
     Read();
     EXPECT_EQ(values, (QList<int>{14, 28, 42, 57, 71, 85, 100, 0}));
+    EXPECT_EQ(Label("LabelPercentuale"), QStringLiteral("Completato:"));
 }
 
 TEST_F(MonitorWindow, FilteredLinesAndTheirCountAreSeenWhileItReads)

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "bells/cmd_suonerie.h"
+#include "registry/widgets/text_panel.h"
 #include "tests/support/window_controls.h"
 
 #include <QDialog>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -51,6 +53,30 @@ protected:
     std::string Text(QAnyStringView name) const
     {
         return Control(name).property("text").toString().toStdString();
+    }
+    /// As on a screen whose texts are that much larger.
+    void EnlargeFont(double factor) const { bells->setFont(Enlarged(bells->font(), factor)); }
+    /// Opened inside the screen, and with buttons to be reached on the small ones that are met.
+    void ExpectToFitSmallScreens() const
+    {
+        EXPECT_TRUE(bells->screen()->availableGeometry().contains(QRect({}, bells->size())));
+        const QSize title_bar(0, 24);
+        const auto fits = [&](const QSize& screen) {
+            const QSize least = bells->minimumSizeHint() + title_bar;
+            EXPECT_EQ(least.boundedTo(screen), least) << screen.width();
+        };
+        fits({800, 600});
+        EnlargeFont(1.5);
+        QCoreApplication::processEvents();
+        fits({1366, 768});
+    }
+    /// The filled button.
+    std::string Primary() const
+    {
+        std::string names;
+        for (const QAbstractButton* button : bells->findChildren<QAbstractButton*>())
+            if (button->property("primario").toBool()) names += button->objectName().toStdString();
+        return names;
     }
     bool Enabled(const char* name) const { return Control(name).isEnabled(); }
     bool Ticked(const char* name) const { return Control<QAbstractButton>(name).isChecked(); }

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMimeData>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -50,6 +51,24 @@ TEST(TimeField, WhatIsNoTimeLeavesTheOneFromBefore)
         QTest::keyClick(&field, Qt::Key_Delete);
         QTest::keyClicks(&field, QStringLiteral("2359"));
         EXPECT_EQ(field.text(), QStringLiteral("23:59")) << typed;
+    }
+}
+
+TEST(TimeField, SaysWhatItRefuses)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"24", "24 non è un'ora"},         {"24:00", "24:00 non è un'ora"},
+        {"1260", "12:60 non è un'ora"},    {"999", "9:99 non è un'ora"},
+        {"24:0000", "24:00 non è un'ora"},
+    };
+    for (const auto& [typed, why] : cases) {
+        TimeField field;
+        field.setText(QStringLiteral("18:45"));
+        field.selectAll();
+        const QSignalSpy refused(&field, &TimeField::Refused);
+        QTest::keyClicks(&field, QString::fromLatin1(typed));
+        ASSERT_FALSE(refused.empty()) << typed;
+        EXPECT_EQ(refused.back()[0].toString().toStdString(), why) << typed;
     }
 }
 

@@ -54,15 +54,38 @@ TEST_F(FrmRingOrloII, StoringChangesTheRowOfTheClickedLineAndTheLine)
     EXPECT_EQ(Text("TempoRings"), "09");
     Press("Festivo");
     Press("RelèA");
-    EXPECT_EQ(Text("LabelModifiche"), "Modifiche non salvate");
+    EXPECT_EQ(Unsaved(), "Modifiche non salvate");
+    EXPECT_EQ(Primary(), "cmdAggiorna") << "sending would send the ring from before";
     Press("cmdAggiorna");
+    EXPECT_EQ(Primary(), "cmdTrasmette");
     EXPECT_EQ(Line(1), "02   07:05     09     0 1 1 1 1 1 1 1    1 0");
-    EXPECT_EQ(Text("LabelModifiche"), "");
+    EXPECT_EQ(Unsaved(), "");
     std::string expected = std::string(kTerminal1) + kTerminal4;
     const std::string old = "4,2,12,5,\"01111110\",2,5";
     expected.replace(expected.find(old), old.size(), "4,2,7,5,\"01111111\",1,9");
     EXPECT_EQ(Exported(), expected);
     EXPECT_EQ(jet::CheckIntegrity(file), std::vector<std::string>{});
+}
+
+TEST_F(FrmRingOrloII, WhatIsNotSavedIsSaidBesideTheButtonThatSavesIt)
+{
+    Open();
+    ClickLine(1);
+    const QRect save = Control("cmdAggiorna").geometry();
+    for (const char* relay : {"RelèA", "RelèB"}) {
+        Press(relay);
+        QCoreApplication::processEvents();
+        const auto& panel = Control<OutcomePanel>("LabelModifiche");
+        EXPECT_EQ(panel.toolTip(), QString()) << "elided";
+        EXPECT_EQ(panel.accessibleDescription().toStdString(), Unsaved());
+        EXPECT_LE(save.left() - panel.geometry().right(), 10);
+        EXPECT_EQ(Control("cmdAggiorna").geometry(), save);
+    }
+    EXPECT_EQ(Unsaved(), "") << "the relay from before";
+    EXPECT_EQ(Primary(), "cmdTrasmette");
+    Press("RelèA");
+    ClickLine(2);
+    EXPECT_EQ(Primary(), "cmdTrasmette") << "what was typed is gone";
 }
 
 TEST_F(FrmRingOrloII, AStoredTimeThatIsNoneStaysUntilAnotherIsTyped)
@@ -73,13 +96,16 @@ TEST_F(FrmRingOrloII, AStoredTimeThatIsNoneStaysUntilAnotherIsTyped)
     Type("Ring", "");
     Type("TempoRings", "");
     EXPECT_EQ(Text("Ring"), "24:60");
-    EXPECT_EQ(Text("LabelModifiche"), "");
+    EXPECT_EQ(Unsaved(), "");
     Type("TempoRings", "6");
     Press("cmdAggiorna");
     EXPECT_EQ(Line(0), "01   24:60     06     0 1 1 1 1 1 1 0    0 1");
     Type("Ring", "2400");
     EXPECT_EQ(Text("Ring"), "24:60") << "refused";
+    const auto& panel = Control<OutcomePanel>("PannelloSuonerie");
+    EXPECT_EQ(panel.Remark(), QStringLiteral("2400 non è un'ora"));
     Type("Ring", "0830");
+    EXPECT_EQ(panel.Remark(), QString());
     Press("cmdAggiorna");
     EXPECT_EQ(Line(0), "01   08:30     06     0 1 1 1 1 1 1 0    0 1");
 }
@@ -109,7 +135,7 @@ TEST_F(FrmRingOrloII, WhatCannotBeStoredIsToldAndTheLineStays)
     Press("cmdAggiorna");
     EXPECT_EQ(Line(0), before);
     EXPECT_EQ(pc.dialog.told.size(), 1U);
-    EXPECT_EQ(Text("LabelModifiche"), "Modifiche non salvate");
+    EXPECT_EQ(Unsaved(), "Modifiche non salvate");
 }
 
 TEST_F(FrmRingOrloII, AListThatCouldNotBeLoadedIsNotSent)
@@ -166,6 +192,12 @@ TEST_F(FrmRingOrloII, TheListShowsWholeLinesInEveryHeight)
         EXPECT_EQ(List().viewport()->height() % row, 0) << height;
         EXPECT_GT(List().viewport()->height() + row, List().height() - 2 * List().frameWidth());
     }
+}
+
+TEST_F(FrmRingOrloII, FitsSmallScreens)
+{
+    Open();
+    ExpectToFitSmallScreens();
 }
 
 TEST_F(FrmRingOrloII, EveryInputHasANameAndNoTwoMnemonicsAreAlike)

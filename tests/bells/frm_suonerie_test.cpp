@@ -31,6 +31,20 @@ TEST_F(FrmSuonerie, AnEnteredRingStandsInTheTableAndInTheDrawing)
     EXPECT_EQ(Primary(), "cmdTrasmetteSuonerie");
 }
 
+TEST_F(FrmSuonerie, AWeekThatWasEditedUnreadIsStillUnread)
+{
+    Open();
+    Press("Giorno_3");
+    Type("Ring_0", "0705");
+    EXPECT_EQ(Warning(), kEdited);
+    Press("cmdUscita");
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(Warning(), kEdited) << "opened again";
+    EXPECT_TRUE(Control("cmdTrasmetteSuonerie").hasFocus());
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(Warning(), "");
+}
+
 TEST_F(FrmSuonerie, TheWarningIsPaintedBesideTheOutcomeAndMovesNothing)
 {
     Open();
@@ -54,6 +68,25 @@ TEST_F(FrmSuonerie, ADurationAbove10BecomesTen)
     Type("TempoRings_5", "25");
     EXPECT_EQ(Text("TempoRings_5"), "10");
     EXPECT_EQ(Entry(0, 6).HowLong, 10);
+}
+
+TEST_F(FrmSuonerie, WhyATimeOrADurationWasNotTakenStandsThereUntilTheNextIsTyped)
+{
+    Open();
+    Press("Giorno_0");
+    const auto& panel = Control<OutcomePanel>("Esito");
+    Control<OutcomePanel>("Esito").setText(QStringLiteral("Comunicazione OK"));
+    Type("Ring_0", "24:00");
+    EXPECT_EQ(panel.Remark(), QStringLiteral("24:00 non è un'ora"));
+    EXPECT_EQ(panel.text(), QString()) << "would be painted in its place";
+    Type("TempoRings_0", "11");
+    EXPECT_EQ(panel.Remark(), QStringLiteral("11: la durata più lunga è 10"));
+    Type("Ring_1", "8");
+    EXPECT_EQ(panel.Remark(), QString());
+    Type("Ring_1", "99:9");
+    Press("cmdUscita");
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(panel.Remark(), QString()) << "opened again";
 }
 
 TEST_F(FrmSuonerie, TabGoesFromTheTimeToTheDurationToTheNextRing)
@@ -131,6 +164,27 @@ TEST_F(FrmSuonerie, TheRowsOfTheDayShareTheHeightOfTheDrawing)
     for (int row = 1; row < kRingsOfDay / 2; ++row)
         EXPECT_NEAR(bottom(Cell("Ring", row)) - bottom(Cell("Ring", row - 1)), step, 1) << row;
     EXPECT_LT(bottom("Ring_0") - bottom("LabelGiorno"), 3 * step);
+}
+
+TEST_F(FrmSuonerie, FitsSmallScreens)
+{
+    Open();
+    ExpectToFitSmallScreens();
+}
+
+TEST_F(FrmSuonerie, TheDaysStandOverTheirColumnsInALargeFontToo)
+{
+    Open();
+    EnlargeFont(2);
+    QCoreApplication::processEvents();
+    const auto& drawing = Control<WeekDrawing>("DisegnoSettimana");
+    const double column = (drawing.width() - drawing.HoursRoom()) / 7.0;
+    for (int day = 0; day < kRingDays; ++day) {
+        const QWidget& button = Control(Cell("Giorno", day));
+        EXPECT_GE(button.width(), button.sizeHint().width()) << day;
+        const int left = button.mapTo(bells, QPoint()).x() - drawing.mapTo(bells, QPoint()).x();
+        EXPECT_NEAR(left, drawing.HoursRoom() + day * column, 8) << day;
+    }
 }
 
 TEST_F(FrmSuonerie, EveryInputHasANameAndNoTwoMnemonicsAreAlike)

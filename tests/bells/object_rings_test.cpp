@@ -127,6 +127,49 @@ TEST_F(FrmSuonerie, AWeekReadInPartIsStillThatWhenTheWindowIsOpenedAgain)
     EXPECT_TRUE(Control("cmdRiceveSuonerie").hasFocus());
 }
 
+TEST_F(FrmSuonerie, TheWindowIsUpToDateBeforeTheBoxSaysSo)
+{
+    rings.week[2][1] = kNoon;
+    Open();
+    QStringList titles;
+    terminal.component.on_call = [&](const std::string& call) {
+        if (call.starts_with("Rings.Receive(4, 7, day 6)") || call.ends_with("6/24 00:00 0"))
+            titles << Control<QLabel>("LabelGiorno").text();
+    };
+    pc.dialog.on_tell = [&] {
+        EXPECT_EQ(Warning(), "");
+        EXPECT_EQ(Primary(), "cmdTrasmetteSuonerie");
+        EXPECT_EQ(Controls().LabelAvviso->text(), QString());
+        ASSERT_EQ(Marks().size(), 1U);
+        EXPECT_EQ(Marks()[0].ring, 0) << "sorted";
+        titles << Control<QLabel>("LabelGiorno").text();
+    };
+    Press("cmdRiceveSuonerie");
+    Press("Giorno_2");
+    Type("Ring_1", "0800");
+    EXPECT_EQ(Warning(), kNotSent);
+    Type("Ring_1", "0000");
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(pc.dialog.told.size(), 2U);
+    EXPECT_EQ(titles.join(u'|').toStdString(),
+              "Lettura suonerie in corso…|Scegliere un giorno|"
+              "Invio suonerie in corso…|Suonerie di martedì");
+}
+
+TEST_F(FrmSuonerie, AReadThatCannotBeginLeavesTheWeekAsItIs)
+{
+    Open();
+    Press("Giorno_1");
+    Type("Ring_0", "1200");
+    Type("Ring_1", "0830");
+    state.Component.reset();
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(Times(2), "12:00 0;08:30 0;");
+    EXPECT_EQ(Entry(1, 1).Hour, 12) << "not sorted under its cells";
+    EXPECT_EQ(Warning(), kEdited);
+    EXPECT_EQ(Text("LabelGiorno"), "Suonerie di lunedì");
+}
+
 TEST_F(FrmSuonerie, AReadThatBringsNothingLeavesTheWeekUnread)
 {
     rings.silent = true;
@@ -155,6 +198,44 @@ TEST_F(FrmSuonerie, AnEmptyWeekThatWasReadOrSentIsKnown)
         EXPECT_EQ(Warning(), "") << button;
         EXPECT_TRUE(Control("cmdTrasmetteSuonerie").hasFocus()) << button;
     }
+}
+
+TEST_F(FrmSuonerie, WhatWasChangedBehindAReadIsNotSentUntilASendIsComplete)
+{
+    Open();
+    Press("cmdRiceveSuonerie");
+    Press("Giorno_1");
+    Type("TempoRings_0", "3");
+    EXPECT_EQ(Text("Esito"), "Comunicazione OK") << "an empty slot stays one";
+    Type("Ring_0", "0915");
+    EXPECT_EQ(Text("Esito"), "");
+    EXPECT_EQ(Warning(), kNotSent);
+    Press("cmdUscita");
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(Warning(), kNotSent) << "opened again";
+    EXPECT_EQ(Primary(), "cmdTrasmetteSuonerie");
+    rings.failures = {"", "ER", "ER", "ER"};
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(Warning(), kNotSent) << "sent in part";
+    Press("cmdTrasmetteSuonerie");
+    EXPECT_EQ(Warning(), "");
+    Press("Giorno_1");
+    Type("TempoRings_0", "4");
+    EXPECT_EQ(Warning(), kNotSent);
+    Press("cmdRiceveSuonerie");
+    EXPECT_EQ(Warning(), "");
+}
+
+TEST_F(FrmSuonerie, AChangeLeavesAWeekReadInPartThat)
+{
+    rings.failures = {"", "ER", "ER", "ER"};
+    Open();
+    Press("cmdRiceveSuonerie");
+    Press("Giorno_1");
+    Type("Ring_0", "0915");
+    EXPECT_EQ(Text("Esito"), "");
+    EXPECT_EQ(Warning(), kPartial);
+    EXPECT_EQ(Primary(), "cmdRiceveSuonerie");
 }
 
 TEST_F(FrmSuonerie, AWeekReadInPartIsWholeOnceItIsSent)
@@ -258,6 +339,8 @@ TEST_F(FrmSuonerie, ThePercentageRisesAndIsBackAt0)
     };
     Press("cmdTrasmetteSuonerie");
     EXPECT_EQ(caption, QStringLiteral("Completato:"));
+    EXPECT_EQ(Text("LabelPercentuale"), "Completato:");
+    EXPECT_EQ(Control<QProgressBar>("Percentuale").text(), QStringLiteral("0%"));
     ASSERT_FALSE(percentages.empty());
     EXPECT_EQ(percentages.front(), 1);
     EXPECT_TRUE(std::is_sorted(percentages.begin(), percentages.end() - 1));

@@ -3,6 +3,7 @@
 #include "bells/ring_line.h"
 #include "bells/ring_list.h"
 #include "jet/integrity_check.h"
+#include "registry/widgets/outcome_panel.h"
 #include "tests/bells/bell_window_fixture.h"
 #include "tests/bells/full_sample.h"
 #include "tests/end_to_end/mdb_export.h"
@@ -56,6 +57,11 @@ protected:
                                 "Sabato", "Festivo"})
             days += Ticked(day) ? '1' : '0';
         return days;
+    }
+    /// The remark on what is not saved.
+    std::string Unsaved() const
+    {
+        return Control<OutcomePanel>("LabelModifiche").Remark().toStdString();
     }
     std::string Status() const { return Text("PannelloSuonerie"); }
     /// The line of the last command, behind its time.

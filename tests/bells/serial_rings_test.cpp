@@ -105,7 +105,7 @@ TEST_F(FrmRingOrloII, WhatWasNotSavedIsNotSentAndThatIsSaid)
     Press("cmdTrasmette");
     EXPECT_EQ(commands[0].toStdString(), "13 01 08 05 01111110 2 05");
     EXPECT_EQ(Status(), "Comunicazione OK");
-    EXPECT_EQ(Text("LabelModifiche"), "Modifiche non salvate, non inviate");
+    EXPECT_EQ(Unsaved(), "Modifiche non salvate, non inviate");
     EXPECT_EQ(LastCommand(),
               "Invio suonerie, terminale 4: Comunicazione OK, le modifiche non salvate non sono "
               "state inviate");

@@ -17,6 +17,9 @@ inline constexpr RingEntry kFivePastSeven{0, 7, 5, 3};
 
 inline const std::string kUnread =
     "La settimana non è stata letta: inviandola ora si svuota quella del terminale.";
+inline const std::string kEdited =
+    "La settimana non è stata letta: inviandola, questa sostituisce quella del terminale.";
+inline const std::string kNotSent = "Modifiche non inviate al terminale.";
 inline const std::string kPartial =
     "La settimana è stata letta solo in parte: inviandola si perde il resto.";
 
@@ -50,13 +53,6 @@ protected:
         for (int day = 0; day < kRingDays; ++day)
             days += Control<QAbstractButton>(Cell("Giorno", day)).isChecked() ? u'1' : u'0';
         return days;
-    }
-    std::string Primary() const
-    {
-        std::string names;
-        for (const QAbstractButton* button : bells->findChildren<QAbstractButton*>())
-            if (button->property("primario").toBool()) names += button->objectName().toStdString();
-        return names;
     }
     /// The warning that is painted, in full, whatever the outcome beside it says.
     std::string Warning() const

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace orlo
 {
 namespace
@@ -88,6 +90,40 @@ TEST_F(WeekDrawingTest, TheChosenMarkReadsOnTheTintedColumnInBothThemes)
         const QColor ground = tinted.pixelColor(mark + QPoint(0, 8));
         EXPECT_NE(ground, plain.pixelColor(mark + QPoint(0, 8))) << "tinted";
         EXPECT_GE(ContrastRatio(tinted.pixelColor(mark), ground), 4.5);
+    }
+}
+
+/// How thick the lines are that a row or a column of pixels crosses.
+std::set<int> Thicknesses(const std::vector<QColor>& pixels, const QColor& ground)
+{
+    std::set<int> found;
+    int thickness = 0;
+    for (const QColor& pixel : pixels) {
+        if (pixel == ground && thickness > 0) found.insert(thickness);
+        thickness = pixel == ground ? 0 : thickness + 1;
+    }
+    return found;
+}
+
+TEST_F(WeekDrawingTest, LinesAreAsThickAsEachOtherAtEveryScale)
+{
+    drawing.Show({});
+    const QColor ground = drawing.palette().color(QPalette::Base);
+    for (const auto& [scale, thickness] :
+         {std::pair(1.0, 1), std::pair(1.25, 1), std::pair(1.5, 1), std::pair(2.0, 2)}) {
+        QImage picture(drawing.size() * scale, QImage::Format_RGB32);
+        picture.setDevicePixelRatio(scale);
+        drawing.render(&picture);
+        const int x = picture.width() / 14;  // beside the numbers, in the first day
+        std::vector<QColor> down;
+        for (int y = 40; y < picture.height() - 40; ++y) down.push_back(picture.pixelColor(x, y));
+        std::vector<QColor> across;
+        for (int across_x = x; across_x < picture.width() - 10; ++across_x)
+            across.push_back(picture.pixelColor(across_x, picture.height() / 2 + 3));
+        const QColor right = picture.pixelColor(picture.width() - 1, picture.height() / 2 + 3);
+        EXPECT_NE(right, ground) << "the last one is not cut off";
+        EXPECT_EQ(Thicknesses(down, ground), std::set<int>{thickness}) << scale;
+        EXPECT_EQ(Thicknesses(across, ground), std::set<int>{thickness}) << scale;
     }
 }
 

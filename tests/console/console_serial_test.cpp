@@ -62,6 +62,9 @@ TEST_F(SerialConsole, CharacterOutsideTheCodePageIsNamedAndNothingIsSent)
     EXPECT_EQ(pc.com1.times_opened, 0);
     EXPECT_EQ(Status(),
               QStringLiteral("Errore: il carattere \"→\" (U+2192) non può essere inviato."));
+    EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(QStringLiteral(
+        " Comando, terminale 4: Errore: il carattere \"→\" (U+2192) non può essere inviato.")));
+    EXPECT_FALSE(Command().hasSelectedText()) << "to be put right";
     Command().setText(QStringLiteral("?"));
     Press();
     EXPECT_EQ(commands, QStringList{QStringLiteral("?")});
@@ -85,6 +88,19 @@ TEST_F(SerialConsole, PastedControlCharactersAreNamedAndNothingIsSent)
         EXPECT_EQ(Status(), QStringLiteral("Errore: il carattere %1 non può essere inviato.")
                                 .arg(QLatin1String(named)));
     }
+}
+
+TEST_F(SerialConsole, CommandThatFollowsAnAnswerReplacesTheOneBefore)
+{
+    Connect();
+    Command().setFocus();
+    QTest::keyClicks(&Command(), QStringLiteral("12"));
+    QTest::keyClick(&Command(), Qt::Key_Return);
+    QTest::keyClicks(&Command(), QStringLiteral("34"));
+    QTest::keyClick(&Command(), Qt::Key_Return);
+    EXPECT_EQ(commands, (QStringList{QStringLiteral("12"), QStringLiteral("34")}));
+    QTest::keyClick(&Command(), Qt::Key_Up);
+    EXPECT_EQ(Command().text(), QStringLiteral("12"));
 }
 
 TEST_F(SerialConsole, EmptyCommandSendsATelegramWithoutABody)
