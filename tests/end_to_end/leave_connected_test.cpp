@@ -1,11 +1,8 @@
 // The operator leaves the window while a line is up. Dialling takes some twenty seconds of real
 // time, hanging up ten.
 
-#include "app/desk.h"
 #include "registry/contenitore_controls.h"
-#include "registry/start_up.h"
-#include "registry/terminal_lines.h"
-#include "tests/end_to_end/installation.h"
+#include "tests/end_to_end/desk_on_a_line.h"
 #include "tests/support/test_workstation.h"
 
 #include <gtest/gtest.h>
@@ -38,14 +35,7 @@ protected:
         installation.Register({{.terminal = 5, .modem = true}});
         line = installation.Simulate(
             {"--terminale", "numero=5,modello=Strale", "--modem", "attesa=300"});
-        CommandLine command_line;
-        command_line.configuration_file = Path("Configurazione.ini");
-        command_line.devices[0] = Path("com1");
-        desk = std::make_unique<Desk>(command_line, dialog, trace);
-        const StartUpOutcome start_up =
-            StartUp(Window(), command_line.configuration_file, desk->Component());
-        ASSERT_EQ(start_up.end, StartUpOutcome::End::Complete) << start_up.reason.toStdString();
-        ASSERT_TRUE(SelectTerminal(Window(), 5));
+        desk = DeskOnALine(installation, 5, dialog, trace);
         QObject::connect(&Window(), &Contenitore::LeaveRequested, &Window(), [this] { Leave(); });
         Window().show();
         Controls().cmdLogIn->click();
@@ -56,10 +46,6 @@ protected:
     Contenitore& Window() { return desk->Window(); }
     const Ui::Contenitore& Controls() { return Window().Controls(); }
     SerialPortControl& Port() { return *Window().Station().Comm(1); }
-    QString Path(const char* name) const
-    {
-        return QString::fromStdString(installation.PathOf(name));
-    }
 
 private:
     void Leave()

@@ -1,12 +1,9 @@
 // The program's own window with its own message boxes, which a signal takes away.
 
-#include "app/desk.h"
 #include "app/message_boxes.h"
 #include "app/termination.h"
 #include "registry/contenitore_controls.h"
-#include "registry/start_up.h"
-#include "registry/terminal_lines.h"
-#include "tests/end_to_end/installation.h"
+#include "tests/end_to_end/desk_on_a_line.h"
 #include "tests/support/window_controls.h"
 
 #include <QDialog>
@@ -45,14 +42,7 @@ protected:
     {
         installation.Register({{.terminal = 7, .type = 3}});
         line = installation.Simulate({"--terminale", "numero=7,modello=Orlo II"});
-        CommandLine command_line;
-        command_line.configuration_file = Path("Configurazione.ini");
-        command_line.devices[0] = Path("com1");
-        desk = std::make_unique<Desk>(command_line, dialog, trace);
-        const StartUpOutcome start_up =
-            StartUp(Window(), command_line.configuration_file, desk->Component());
-        ASSERT_EQ(start_up.end, StartUpOutcome::End::Complete) << start_up.reason.toStdString();
-        ASSERT_TRUE(SelectTerminal(Window(), 7));
+        desk = DeskOnALine(installation, 7, dialog, trace);
         dialog.SetParentWindow(&Window());
         QObject::connect(&termination, &Termination::Asked, &Window(),
                          [this] { Window().close(); });
@@ -63,10 +53,6 @@ protected:
     }
 
     Contenitore& Window() { return desk->Window(); }
-    QString Path(const char* name) const
-    {
-        return QString::fromStdString(installation.PathOf(name));
-    }
     /// Presses the reset and sends the signal to the process as soon as the question stands.
     void ResetAndEnd()
     {

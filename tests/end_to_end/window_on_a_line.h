@@ -1,10 +1,7 @@
 #pragma once
 
-#include "app/desk.h"
 #include "registry/contenitore_controls.h"
-#include "registry/start_up.h"
-#include "registry/terminal_lines.h"
-#include "tests/end_to_end/installation.h"
+#include "tests/end_to_end/desk_on_a_line.h"
 #include "tests/support/test_workstation.h"
 
 #include <QTest>
@@ -70,15 +67,7 @@ protected:
     }
     void StartProgram()
     {
-        CommandLine command_line;
-        command_line.configuration_file = Path("Configurazione.ini");
-        command_line.devices[0] = Path("com1");
-        command_line.component_file = QStringLiteral(ORLO_COMPONENT_PATH);
-        desk = std::make_unique<Desk>(command_line, dialog, trace);
-        const StartUpOutcome start_up =
-            StartUp(desk->Window(), command_line.configuration_file, desk->Component());
-        ASSERT_EQ(start_up.end, StartUpOutcome::End::Complete) << start_up.reason.toStdString();
-        ASSERT_TRUE(SelectTerminal(desk->Window(), 7));
+        desk = DeskOnALine(installation, 7, dialog, trace);
         desk->Window().show();
     }
     void EndProgram()
@@ -87,10 +76,7 @@ protected:
         desk.reset();
     }
 
-    QString Path(const char* name) const
-    {
-        return QString::fromStdString(installation.PathOf(name));
-    }
+    QString Path(const char* name) const { return PathOf(installation, name); }
     const Ui::Contenitore& Controls() { return desk->Window().Controls(); }
 };
 
