@@ -72,7 +72,7 @@ void FrmSuonerie::Form_Load()
     ui_->Percentuale->setValue(0);
     ShowWeek();
     SetWeek(ShownWeek());
-    (ToBeSent() ? ui_->cmdTrasmetteSuonerie : ui_->cmdRiceveSuonerie)->setFocus();
+    (IsToBeSent(ShownWeek()) ? ui_->cmdTrasmetteSuonerie : ui_->cmdRiceveSuonerie)->setFocus();
 }
 
 void FrmSuonerie::DeriveLook()
@@ -134,8 +134,8 @@ void FrmSuonerie::TakeRead(int rings)
 {
     SortSuonerie(Desk().State().RingTable, Terminal());
     ShowWeek();
-    weeks_.fill(Week::Unread);  // those of all terminals were cleared
-    SetWeek(rings == kRingSlots ? Week::Known : rings == 0 ? Week::Unread : Week::Partial);
+    weeks_.fill(WeekState::Unread);  // those of all terminals were cleared
+    SetWeek(AfterRead(rings));
     EndTask();
 }
 
@@ -149,7 +149,7 @@ void FrmSuonerie::cmdTrasmetteSuonerie_Click()
                  ShowDay();
                  return TrasmetteSuonerie(Desk(), [this](int rings) {
                      // What stands in the table is the terminal's week now.
-                     if (rings == kRingSlots) SetWeek(Week::Known);
+                     if (rings == kRingSlots) SetWeek(WeekState::Known);
                      EndTask();
                  });
              });
@@ -262,44 +262,16 @@ void FrmSuonerie::TakeChange()
     ShowWeek();
     if (ui_->DisegnoSettimana->Marks() == before) return;
     ui_->Esito->clear();
-    if (ShownWeek() == Week::Unread) SetWeek(Week::Edited);
-    if (ShownWeek() == Week::Known) SetWeek(Week::Changed);
+    SetWeek(AfterEdit(ShownWeek()));
 }
 
-void FrmSuonerie::SetWeek(Week week)
+void FrmSuonerie::SetWeek(WeekState week)
 {
     ShownWeek() = week;
-    ui_->cmdTrasmetteSuonerie->setProperty("primario", ToBeSent());
-    ui_->cmdRiceveSuonerie->setProperty("primario", !ToBeSent());
+    ui_->cmdTrasmetteSuonerie->setProperty("primario", IsToBeSent(week));
+    ui_->cmdRiceveSuonerie->setProperty("primario", !IsToBeSent(week));
     DeriveLook();
-    ui_->Avviso->SetRemark(Warning());
-}
-
-/// Whether sending is what follows, not reading.
-bool FrmSuonerie::ToBeSent()
-{
-    return ShownWeek() != Week::Unread && ShownWeek() != Week::Partial;
-}
-
-/// Sending overwrites the terminal's whole week.
-QString FrmSuonerie::Warning()
-{
-    switch (ShownWeek()) {
-        case Week::Unread:
-            return tr(
-                "La settimana non è stata letta: inviandola ora si svuota quella del terminale.");
-        case Week::Edited:
-            return tr(
-                "La settimana non è stata letta: inviandola, questa sostituisce quella del "
-                "terminale.");
-        case Week::Partial:
-            return tr("La settimana è stata letta solo in parte: inviandola si perde il resto.");
-        case Week::Changed:
-            return tr("Modifiche non inviate al terminale.");
-        case Week::Known:
-            break;
-    }
-    return {};
+    ui_->Avviso->SetRemark(WeekWarning(week));
 }
 
 }  // namespace orlo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bells/week_state.h"
 #include "registry/terminal_window.h"
 
 #include <array>
@@ -34,10 +35,6 @@ protected:
     void DeriveLook() override;
 
 private:
-    /// What the table knows of the terminal's week. Edited: without having been read; Changed: read
-    /// or sent, and edited since.
-    enum class Week { Unread, Edited, Partial, Known, Changed };
-
     void cmdRiceveSuonerie_Click();
     void cmdTrasmetteSuonerie_Click();
     void Giorno_Click(int day);
@@ -58,10 +55,8 @@ private:
     void EndTask();
     void ShowWeek();
     void TakeChange();
-    Week& ShownWeek() { return weeks_.at(static_cast<std::size_t>(Terminal() - 1)); }
-    void SetWeek(Week week);
-    bool ToBeSent();
-    QString Warning();
+    WeekState& ShownWeek() { return weeks_.at(static_cast<std::size_t>(Terminal() - 1)); }
+    void SetWeek(WeekState week);
 
     std::unique_ptr<Ui::FrmSuonerie> ui_;
     QButtonGroup* days_;
@@ -70,7 +65,7 @@ private:
     int shown_day_ = -1;
     int entered_ring_ = -1;
     /// Of each terminal, kept as long as RingTable.
-    std::array<Week, kTerminalSlots> weeks_{};
+    std::array<WeekState, kTerminalSlots> weeks_{};
 };
 
 }  // namespace orlo
