@@ -36,6 +36,7 @@ private:
 
     bool ReadBlocks();
     Block ReadBlock(SerialPortControl& port, int block);
+    Block TakeAnswer(int block, const std::string& answer);
     void AggiungeInLista(int block, const std::string& answer);
     void ShowPresent();
     void Caption(const QString& text) { desk_.Controls().PannelloComunicazione->setText(text); }
@@ -113,25 +114,25 @@ SerialMonitor::Block SerialMonitor::ReadBlock(SerialPortControl& port, int block
             desk_.Station(), port, desk_.State().CurrentTerminalNumber, MonitorRequest(block));
         const bool arrived = IsAnswer(answer);
         if (!arrived || failed_before) LetLineRunOut(desk_.Station(), port);
-        if (arrived) {
-            if (IsEndOfMemory(answer)) {
-                // The last thing said would be how the attempt before failed.
-                if (failed_before) Caption(kCommunicationOk);
-                return Block::EndOfMemory;
-            }
-            AggiungeInLista(block, answer);
-            return Block::Read;
-        }
+        if (arrived) return TakeAnswer(block, answer);
         failed_before = true;
         Caption(answer == kTimeout ? kTimeoutCaption : kRxErrorCaption);
     }
     return Block::Missing;
 }
 
+SerialMonitor::Block SerialMonitor::TakeAnswer(int block, const std::string& answer)
+{
+    // Behind "END" too: how the attempt before it failed is no outcome.
+    Caption(kCommunicationOk);
+    if (IsEndOfMemory(answer)) return Block::EndOfMemory;
+    AggiungeInLista(block, answer);
+    return Block::Read;
+}
+
 void SerialMonitor::AggiungeInLista(int block, const std::string& answer)
 {
     reading_.Add(DecodeMonitorAnswer(answer, reading_.NextNumber(), rules_));
-    Caption(kCommunicationOk);
     form_.Controls().LabelScaricate->setText(
         QStringLiteral("Transazioni Acquisite: %1").arg(PunchesRead(block, answer)));
 }
