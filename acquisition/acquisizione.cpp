@@ -98,12 +98,16 @@ AcquisitionOutcome cmdAcquisisce_Click(Contenitore& window)
     if (controls.NomeFile->text().isEmpty()) {
         const QString text = QStringLiteral("Specificare il nome del File.");
         TellCritical(window, text);
+        window.NoteOutcome(QStringLiteral("Errore: manca il nome del file"));
         return NotDone(text);
     }
     controls.PannelloComunicazione->clear();
     controls.PanelTentativi->clear();
-    if (!ReadOutputLayout(window))
-        return NotDone(QStringLiteral("il tracciato non si può leggere dal database"));
+    if (!ReadOutputLayout(window)) {
+        const QString text = QStringLiteral("il tracciato non si può leggere dal database");
+        window.NoteOutcome(QStringLiteral("Errore: ") + text);
+        return NotDone(text);
+    }
     window.AzzeraLabel();
     AcquisitionOutcome outcome = window.PrepareCurrentTerminal()
                                      ? Acquisizione(window)

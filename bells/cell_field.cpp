@@ -39,6 +39,13 @@ bool BeginsAnew(int key)
     return keys.contains(key);
 }
 
+bool IsWritten(const QKeyEvent& key)
+{
+    const QString typed = key.text();
+    return !typed.isEmpty() && typed[0].isPrint() &&
+           (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+}
+
 }  // namespace
 
 CellField::CellField(QString longest, QWidget* parent)
@@ -115,6 +122,8 @@ void TimeField::keyPressEvent(QKeyEvent* event)
     const QString typed = event->text();
     const bool digit = typed.size() == 1 && typed[0].isDigit();
     if (!digit && !EndsAnHour(typed)) {
+        // The mask would let a letter delete what is selected.
+        if (IsWritten(*event)) return QApplication::beep();
         if (BeginsAnew(event->key())) refused_.clear();
         CellField::keyPressEvent(event);
     } else if (!refused_.isEmpty()) {
@@ -164,7 +173,9 @@ void TimeField::Refuse(const QString& typed)
     refused_ = typed.left(before_.size());
     setText(before_);
     selectAll();
-    emit Refused(tr("%1 non è un'ora").arg(refused_));
+    QString time = refused_;
+    if (time.size() > kMinutes - 1 && !time.contains(u':')) time.insert(kMinutes - 1, u':');
+    emit Refused(tr("%1 non è un'ora").arg(time.left(before_.size())));
 }
 
 DurationField::DurationField(QWidget* parent) : CellField(QStringLiteral("000"), parent)

@@ -116,6 +116,7 @@ void frmRingOrloII::ListaSuonerie_Click()
 {
     const QListWidgetItem* const item = ui_->ListaSuonerie->currentItem();
     if (item == nullptr) return;
+    ForgetRefusal();
     const BellRow row = CutRingLine(item->text());
     ui_->LabelSuoneria->setText(tr("Suoneria %1").arg(item->text().left(2)));
     ui_->Ring->setText(RingTimeText({row.Ora, row.Minuti}));
@@ -217,8 +218,10 @@ void frmRingOrloII::cmdAggiorna_Click()
             StoreBellRow(*Desk().State().Database, row);
         } catch (const jet::Error& error) {
             ShowDatabaseError(Desk().Station().dialog, error);
+            Desk().NoteOutcome(QStringLiteral("non salvata"));
             return;
         }
+        Desk().NoteOutcome(QStringLiteral("suoneria salvata"));
         // What was sent is no longer what the list shows.
         ui_->PannelloSuonerie->clear();
         // Sending reads the list.
@@ -235,8 +238,7 @@ void frmRingOrloII::cmdTrasmette_Click()
         const SentRings sent = SendRings(Desk(), model->bell_telegram, ui_->ListaSuonerie->Lines());
         ui_->PannelloSuonerie->setText(sent.status);
         const bool unsaved = !ui_->LabelModifiche->Remark().isEmpty();
-        Desk().NoteOutcome(unsaved ? sent.outcome +
-                                         tr(", le modifiche non salvate non sono state inviate")
+        Desk().NoteOutcome(unsaved ? sent.outcome + tr(", senza le modifiche non salvate")
                                    : sent.outcome);
         if (unsaved) SayUnsaved(tr("Modifiche non salvate, non inviate"));
     });

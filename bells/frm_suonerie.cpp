@@ -157,6 +157,7 @@ void FrmSuonerie::cmdTrasmetteSuonerie_Click()
 
 void FrmSuonerie::Giorno_Click(int day)
 {
+    ForgetRefusal();
     TakePending();
     shown_day_ = day;
     entered_ring_ = -1;

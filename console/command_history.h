@@ -24,9 +24,12 @@ public:
     /// once.
     void Add(const TypedCommand& sent);
 
+    /// Recalling begins anew, behind a command that was refused.
+    void Restart() { place_ = sent_.size(); }
+
     /// The command before the one recalled last, or before `typed` when that is the newest; at the
-    /// oldest it stays there. `typed` is what
-    /// stands in the fields and is kept for when the operator comes back to it.
+    /// oldest it stays there. `typed` is what stands in the fields and is kept for when the
+    /// operator comes back to it.
     TypedCommand Older(const TypedCommand& typed);
     /// The command behind it, at the end what was being typed.
     TypedCommand Newer(const TypedCommand& typed);

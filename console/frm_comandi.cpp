@@ -85,7 +85,7 @@ void FrmComandi::cmdTrasmetteComando_Click()
     ClearOutcome(*ui_->EsitoComando);
     const TypedCommand typed = Typed();
     const QString refused = FirstNotSent(typed.command + typed.parameters);
-    if (refused.isEmpty()) history_.Add(typed);
+    refused.isEmpty() ? history_.Add(typed) : history_.Restart();
     // A refusal is how the command ended, too.
     Run(tr("Comando in corso…"), EscapeUse::Ignored, *ui_->ReceivedDataLabel,
         [&] { refused.isEmpty() ? SendCommand(typed) : Refuse(refused); });

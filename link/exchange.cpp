@@ -25,12 +25,28 @@ constexpr int kLastTick = 100;
 /// Well below a step of the clock, so that no change is missed.
 constexpr std::chrono::milliseconds kBetweenReadings{20};
 
+/// Behind a reading of the clock that has just failed: its answer, which would be taken for the
+/// next one, is thrown away when it comes. When nothing comes the whole time is waited.
+void LetUnaskedAnswerCome(Workstation& workstation, SerialPortControl& port)
+{
+    if (workstation.unasked || workstation.unasked_answer.port != &port) return;
+    const auto left = [&workstation] {
+        return workstation.unasked_answer.until - workstation.clock.Monotonic();
+    };
+    bool came = false;
+    while (left() > std::chrono::milliseconds{0} && !port.LineLost()) {
+        came = came || port.InBufferCount() > 0;
+        port.DiscardInput();
+        workstation.clock.SleepUntilInput(port, std::min(left(), kRunOut.silence));
+        if (came && port.InBufferCount() == 0) break;
+    }
+    workstation.unasked_answer = {};
+}
+
 void SendRequest(Workstation& workstation, SerialPortControl& port, int terminal_number,
                  std::string_view command)
 {
-    // Behind the reading of the clock that has just failed: its answer would be taken for this one.
-    if (!workstation.unasked && workstation.clock.Monotonic() < workstation.unasked_answer_until)
-        LetLineRunOut(workstation, port);
+    LetUnaskedAnswerCome(workstation, port);
     // A late answer to the request before is thrown away here.
     port.DiscardInput();
     port.Output(BuildRequestFrame(terminal_number, command));
@@ -107,9 +123,8 @@ void LetLineRunOut(Workstation& workstation, SerialPortControl& port)
         port.DiscardInput();
         workstation.clock.SleepUntilInput(port, run_out.silence);
     } while (port.InBufferCount() > 0 && workstation.clock.Monotonic() < end);
-    workstation.unasked_answer_until = workstation.unasked
-                                           ? workstation.clock.Monotonic() + kRunOut.longest
-                                           : std::chrono::milliseconds{0};
+    if (workstation.unasked)
+        workstation.unasked_answer = {&port, workstation.clock.Monotonic() + kRunOut.longest};
 }
 
 }  // namespace orlo

@@ -24,9 +24,13 @@ struct Workstation {
     /// What runs was asked for by nobody: waits that overrun end by themselves and let no window
     /// events in.
     bool unasked = false;
-    /// On the monotonic clock: until then the answer to a request that nobody asked for may still
-    /// come, as the line was listened to only briefly when it was given up.
-    std::chrono::milliseconds unasked_answer_until{0};
+    /// The port over which the answer to a request that nobody asked for may still come, as the
+    /// line was listened to only briefly when it was given up; and until when, on the monotonic
+    /// clock.
+    struct {
+        const SerialPortControl* port = nullptr;
+        std::chrono::milliseconds until{0};
+    } unasked_answer{};
 
     /// The control of port 1..4, or nullptr for any other number.
     SerialPortControl* Comm(int port) const

@@ -5,12 +5,12 @@
 #include "registry/numeric_value.h"
 #include "registry/terminal_form.h"
 #include "registry/text_blanks.h"
+#include "registry/widgets/form_style.h"
 
 #include "ui_contenitore.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QScreen>
 #include <QSignalBlocker>
 
 namespace orlo
@@ -45,7 +45,7 @@ Contenitore::Contenitore(ProgramState& state, Workstation& workstation, QWidget*
     ConnectPanels();
     StartTimer1();
     DeriveLook();
-    resize(size().boundedTo(screen()->availableSize()));
+    resize(size().boundedTo(RoomOnScreen(*this)));
     RipulisceParametri();
     RefreshAvailability();
 }

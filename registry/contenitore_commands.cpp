@@ -95,7 +95,9 @@ void Contenitore::ShowWorkDone()
 // A caption that the pointer passes over is cleared: what it said is kept from when it was written.
 void Contenitore::HearOutcome(const QString& caption)
 {
-    if (running_ && !caption.isEmpty()) heard_outcome_ = caption;
+    if (!running_ || caption.isEmpty()) return;
+    heard_outcome_ = caption;
+    ui_->PannelloComunicazione->SetBold(true);
 }
 
 void Contenitore::ShowLastOutcome(int terminal)
@@ -104,6 +106,8 @@ void Contenitore::ShowLastOutcome(int terminal)
     const QString noted = std::exchange(noted_outcome_, {});
     const QString outcome = noted.isEmpty() ? heard : noted;
     if (outcome.isEmpty()) return;
+    // What is hidden is not read out.
+    ui_->LabelUltimoComando->show();
     // The task reads "Acquisizione in corso…".
     ui_->LabelUltimoComando->ShowLine(
         tr("%1 %2, terminale %3: %4")
@@ -121,14 +125,14 @@ void Contenitore::ShowStartUpFailure(int error)
 }
 
 /// How the last command ended stands where a running one shows its attempts and the Escape key.
-/// Behind a command the caption is that of its last exchange or of the clock read each second, and
-/// no longer the outcome.
+/// Once there is such a line the caption stands out only while a command writes it: behind one it
+/// is that of the last exchange or of the clock read each second, and no longer the outcome.
 void Contenitore::RefreshStrip()
 {
-    const bool ended = !running_ && !ui_->LabelUltimoComando->text().isEmpty();
-    ui_->LabelUltimoComando->setVisible(ended);
-    ui_->PannelloTentativi->setVisible(!ended);
-    ui_->PannelloComunicazione->SetBold(!ended);
+    const bool ever_ended = !ui_->LabelUltimoComando->text().isEmpty();
+    ui_->LabelUltimoComando->setVisible(ever_ended && !running_);
+    ui_->PannelloTentativi->setVisible(!ever_ended || running_);
+    ui_->PannelloComunicazione->SetBold(!ever_ended);
     const QString open = tr("Linea aperta sulla COM %1").arg(state_.SessionPort);
     ui_->Verde->setToolTip(open);
     ui_->Verde->setAccessibleDescription(open);

@@ -10,8 +10,6 @@
 #include <QCloseEvent>
 #include <QPointer>
 #include <QPushButton>
-#include <QScreen>
-#include <QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -77,8 +75,7 @@ void TerminalWindow::open()
     terminal_ = desk_.SelectedTerminal();
     setWindowTitle(title_ + QString::number(terminal_));
     DeriveLook();
-    const int title_bar = style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    resize(size().boundedTo(desk_.screen()->availableSize() - QSize(0, title_bar)));
+    resize(size().boundedTo(RoomOnScreen(desk_)));
     Form_Load();
     QDialog::open();
 }

@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -105,6 +107,12 @@ void KeepRoom(std::initializer_list<QWidget*> controls)
         policy.setRetainSizeWhenHidden(true);
         control->setSizePolicy(policy);
     }
+}
+
+QSize RoomOnScreen(const QWidget& window)
+{
+    const int title_bar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    return window.screen()->availableSize() - QSize(0, title_bar);
 }
 
 }  // namespace orlo

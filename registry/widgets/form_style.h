@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 class QPushButton;
+class QSize;
 class QWidget;
 
 namespace orlo
@@ -20,5 +21,8 @@ void MakeEquallyWide(std::initializer_list<QPushButton*> buttons);
 
 /// Lets controls that are hidden keep their places, so that nothing moves when they come and go.
 void KeepRoom(std::initializer_list<QWidget*> controls);
+
+/// What the screen of a window has room for, the title bar apart.
+QSize RoomOnScreen(const QWidget& window);
 
 }  // namespace orlo

@@ -62,12 +62,13 @@ Outcome OutcomeOf(const QString& caption)
         QStringLiteral("Spedizione dati OK"),
         QStringLiteral("Trasmissione Dati Ok"),
         QStringLiteral("salvato nel registro"),
+        QStringLiteral("suoneria salvata"),
     };
     static const QStringList failures = {
         QStringLiteral("Errore"),
         QStringLiteral("Impossibile"),
         QStringLiteral("Avvio non completato"),
-        QStringLiteral("non salvato"),
+        QStringLiteral("non salvat"),
     };
     // "Comunicazione OK, le modifiche non salvate…" is a warning.
     static const QRegularExpression acquired(

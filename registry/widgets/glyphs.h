@@ -13,7 +13,7 @@ namespace orlo
 /// What the outcome of a command means by its words. Good are "…Comunicazione OK", also with what
 /// was acquired behind it, the two modem captions, the three captions of a finished transfer, as
 /// many answers as telegrams ("risposte 6 su 6") and what was saved; failures are texts beginning
-/// with "Errore", "Impossibile", "Avvio non completato" or "non salvato"; all others are warnings,
+/// with "Errore", "Impossibile", "Avvio non completato" or "non salvat"; all others are warnings,
 /// the empty text is nothing.
 Outcome OutcomeOf(const QString& caption);
 

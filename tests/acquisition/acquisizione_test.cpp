@@ -43,6 +43,16 @@ TEST_F(Acquisizione, NoFileNameIsToldAndNothingIsSent)
     EXPECT_TRUE(commands.isEmpty());
 }
 
+TEST_F(Acquisizione, RefusalBeforeItBeginsIsTheOutcomeOfTheLastCommand)
+{
+    Connect("Strale", "timbrature=5");
+    window.Controls().NomeFile->clear();
+    window.RunCommand(window.Controls().cmdAcquisisce, QStringLiteral("Acquisizione in corso…"),
+                      EscapeUse::Heeded, [this] { Acquire(); });
+    EXPECT_TRUE(window.Controls().LabelUltimoComando->text().endsWith(
+        QStringLiteral("Acquisizione, terminale 4: Errore: manca il nome del file")));
+}
+
 TEST_F(Acquisizione, ShowsCountersAndLeavesTheBarAtZero)
 {
     Connect("Strale", "timbrature=42,acquisite=40");

@@ -54,12 +54,25 @@ TEST(TimeField, WhatIsNoTimeLeavesTheOneFromBefore)
     }
 }
 
+TEST(TimeField, LetterLeavesTheTimeThatIsSelected)
+{
+    for (const char* typed : {"x", "-"}) {
+        TimeField field;
+        field.setText(QStringLiteral("07:05"));
+        field.selectAll();
+        QTest::keyClicks(&field, QString::fromLatin1(typed));
+        EXPECT_EQ(field.text(), QStringLiteral("07:05")) << typed;
+        EXPECT_FALSE(field.isModified()) << typed;
+    }
+}
+
 TEST(TimeField, SaysWhatItRefuses)
 {
     const std::pair<const char*, const char*> cases[] = {
         {"24", "24 non è un'ora"},         {"24:00", "24:00 non è un'ora"},
         {"1260", "12:60 non è un'ora"},    {"999", "9:99 non è un'ora"},
-        {"24:0000", "24:00 non è un'ora"},
+        {"24:0000", "24:00 non è un'ora"}, {"2490", "24:90 non è un'ora"},
+        {"249000", "24:90 non è un'ora"},
     };
     for (const auto& [typed, why] : cases) {
         TimeField field;

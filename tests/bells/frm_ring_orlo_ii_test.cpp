@@ -103,9 +103,14 @@ TEST_F(FrmRingOrloII, AStoredTimeThatIsNoneStaysUntilAnotherIsTyped)
     Type("Ring", "2400");
     EXPECT_EQ(Text("Ring"), "24:60") << "refused";
     const auto& panel = Control<OutcomePanel>("PannelloSuonerie");
-    EXPECT_EQ(panel.Remark(), QStringLiteral("2400 non è un'ora"));
+    EXPECT_EQ(panel.Remark(), QStringLiteral("24:00 non è un'ora"));
     Type("Ring", "0830");
     EXPECT_EQ(panel.Remark(), QString());
+    Type("Ring", "2400");
+    ClickLine(1);
+    EXPECT_EQ(panel.Remark(), QString()) << "it was said of another ring";
+    ClickLine(0);
+    Type("Ring", "0830");
     Press("cmdAggiorna");
     EXPECT_EQ(Line(0), "01   08:30     06     0 1 1 1 1 1 1 0    0 1");
 }
@@ -119,6 +124,7 @@ TEST_F(FrmRingOrloII, StoringAddsTheRowThatTheClickedLineHasNone)
     Press("Domenica");
     Press("cmdAggiorna");
     EXPECT_EQ(Exported(), std::string(kTerminal1) + kTerminal4 + "4,32,23,59,\"10000000\",1,12\n");
+    EXPECT_EQ(LastCommand(), "Salvataggio, terminale 4: suoneria salvata");
     Press("cmdUscita");
     OpenBells("frmRingOrloII");
     EXPECT_EQ(Line(4), "32   23:59     12     1 0 0 0 0 0 0 0    1 0") << "behind the rows before";
@@ -135,6 +141,7 @@ TEST_F(FrmRingOrloII, WhatCannotBeStoredIsToldAndTheLineStays)
     Press("cmdAggiorna");
     EXPECT_EQ(Line(0), before);
     EXPECT_EQ(pc.dialog.told.size(), 1U);
+    EXPECT_EQ(LastCommand(), "Salvataggio, terminale 4: non salvata");
     EXPECT_EQ(Unsaved(), "Modifiche non salvate");
 }
 

@@ -107,8 +107,7 @@ TEST_F(FrmRingOrloII, WhatWasNotSavedIsNotSentAndThatIsSaid)
     EXPECT_EQ(Status(), "Comunicazione OK");
     EXPECT_EQ(Unsaved(), "Modifiche non salvate, non inviate");
     EXPECT_EQ(LastCommand(),
-              "Invio suonerie, terminale 4: Comunicazione OK, le modifiche non salvate non sono "
-              "state inviate");
+              "Invio suonerie, terminale 4: Comunicazione OK, senza le modifiche non salvate");
 }
 
 TEST_F(FrmRingOrloII, TheOutcomeOfASendGoesWhenTheListChanges)

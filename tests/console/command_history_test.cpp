@@ -62,6 +62,15 @@ TEST_F(CommandHistoryTest, TheSameTwiceInARowStandsOnce)
     EXPECT_EQ(Older(), "03");
 }
 
+TEST_F(CommandHistoryTest, RefusedOneIsADraftBehindTheLastThatWasSent)
+{
+    Send({"03", "19"});
+    Older();
+    history.Restart();
+    EXPECT_EQ(Older("x"), "19");
+    EXPECT_EQ(Newer("19"), "x");
+}
+
 TEST_F(CommandHistoryTest, SendingBeginsAnewAtTheEnd)
 {
     Send({"03", "32"});

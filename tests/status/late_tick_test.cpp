@@ -37,7 +37,7 @@ protected:
 
 TEST_F(LateTick, AnswerIsNotTakenForABadgeField)
 {
-    for (const int late : {2400, 2500, 2700, 3300}) {
+    for (const int late : {2400, 2500, 2700, 3300, 3600, 5200}) {
         Tick(late);
         cmdRiceveCard_Click(window, [] {});
         EXPECT_EQ(Layout(), QStringLiteral("1 5 7 6 123").split(u' ')) << late;
