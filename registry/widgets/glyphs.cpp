@@ -70,7 +70,7 @@ Outcome OutcomeOf(const QString& caption)
         QStringLiteral("Avvio non completato"),
         QStringLiteral("non salvat"),
     };
-    // "Comunicazione OK, le modifiche non salvate…" is a warning.
+    // "Comunicazione OK, senza le modifiche non salvate" is a warning.
     static const QRegularExpression acquired(
         QStringLiteral("^Comunicazione OK, (nessuna|\\d+) timbratur"));
     static const QRegularExpression all_answered(QStringLiteral("^risposte (\\d+) su \\1$"));
