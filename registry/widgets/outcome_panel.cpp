@@ -45,7 +45,7 @@ void OutcomePanel::SetRoom(const QString& sample)
 void OutcomePanel::SetRemark(const QString& remark)
 {
     remark_ = remark;
-    setAccessibleDescription(remark);
+    setAccessibleDescription(Caption());
     updateGeometry();
     ShowToolTip();
     update();
@@ -127,6 +127,7 @@ int OutcomePanel::TextLeft() const
 
 void OutcomePanel::TakeOutcome()
 {
+    setAccessibleDescription(Caption());
     updateGeometry();
     ShowToolTip();
     const Outcome outcome = text().isEmpty() ? Outcome::None : ShownOutcome();

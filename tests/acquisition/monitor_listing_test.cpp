@@ -67,9 +67,7 @@ TEST_F(SerialMonitor, DoubtOfAStoppedReadingIsTold)
     EscapeAt(QStringLiteral("300"), /*yes=*/true);
     Read();
     EXPECT_EQ(Lines().size(), 10);
-    ExpectStoppedAndTold(QStringLiteral(
-        "Attenzione: lo stato della memoria non è arrivato: la lista può non essere completa e "
-        "gli stati non valgono."));
+    ExpectStoppedAndTold(NoStatusTold());
 }
 
 TEST_F(SerialMonitor, StoppedReadingIsToldWhatItHasTooManyOnly)

@@ -67,10 +67,7 @@ TEST_F(SerialMonitor, StatusThatTimedOutLeavesTheTerminalItsOwnCounters)
     ReadAgain();
     EXPECT_EQ(Label("LabelTransazioni"), QStringLiteral("Transazioni Presenti:  25"));
     EXPECT_EQ(Lines().size(), 25);
-    ExpectDoubt(
-        NoStatus(),
-        QStringLiteral("Attenzione: lo stato della memoria non è arrivato: la lista può non "
-                       "essere completa e gli stati non valgono."));
+    ExpectDoubt(NoStatus(), NoStatusTold());
 }
 
 TEST_F(SerialMonitor, BadFrameOfTheStatusIsToldAndReadByThePointer0)
@@ -79,10 +76,7 @@ TEST_F(SerialMonitor, BadFrameOfTheStatusIsToldAndReadByThePointer0)
     Read();
     EXPECT_EQ(Blocks(), Texts({"0", "1"}));
     EXPECT_EQ(Lines().size(), 20);
-    ExpectDoubt(
-        NoStatus(),
-        QStringLiteral("Attenzione: lo stato della memoria non è arrivato: la lista può non "
-                       "essere completa e gli stati non valgono."));
+    ExpectDoubt(NoStatus(), NoStatusTold());
 }
 
 TEST_F(SerialMonitor, StatusWithoutCountersIsToldAndReadByThePointer0)
@@ -91,10 +85,7 @@ TEST_F(SerialMonitor, StatusWithoutCountersIsToldAndReadByThePointer0)
     Read();
     EXPECT_EQ(Blocks(), Texts({"0", "1"}));
     EXPECT_EQ(Lines().size(), 3);
-    ExpectDoubt(
-        NoStatus(),
-        QStringLiteral("Attenzione: lo stato della memoria non è arrivato: la lista può non "
-                       "essere completa e gli stati non valgono."));
+    ExpectDoubt(NoStatus(), NoStatusTold());
 }
 
 TEST_F(SerialMonitor, StatusTooShortForAPointerAsksForNothing)
@@ -112,10 +103,9 @@ TEST_F(SerialMonitor, MissingBlockOfADoubtfulReadingIsToldToo)
     Read();
     ExpectDoubt(
         NoStatus(),
-        QStringLiteral("Attenzione: lo stato della memoria non è arrivato: la lista può non "
-                       "essere completa e gli stati non valgono. Di 2 blocchi di "
-                       "timbrature non è arrivata la risposta: la lista non è "
-                       "completa, e numeri e stati dopo di essi non valgono."));
+        NoStatusTold() +
+            QStringLiteral(" Di 2 blocchi di timbrature non è arrivata la risposta: la lista non è "
+                           "completa, e numeri e stati dopo di essi non valgono."));
 }
 
 }  // namespace

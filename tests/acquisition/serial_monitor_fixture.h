@@ -70,6 +70,13 @@ protected:
         return blocks;
     }
     static QString NoStatus() { return QStringLiteral("Errore: stato della memoria non arrivato"); }
+    /// The same in the box.
+    static QString NoStatusTold()
+    {
+        return QStringLiteral(
+            "Attenzione: lo stato della memoria non è arrivato: la lista può non essere completa e "
+            "gli stati non valgono.");
+    }
     /// How a reading ends that lists what it can get: in the box, below the text of a good end.
     void ExpectDoubt(const QString& outcome, const QString& informative) const
     {

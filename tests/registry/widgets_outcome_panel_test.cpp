@@ -32,6 +32,20 @@ TEST(OutcomePanel, OutcomeIsItsDescriptionBeforeItIsReadOut)
     EXPECT_EQ(panel.accessibleDescription(), QString());
 }
 
+TEST(OutcomePanel, WhatIsShownIsItsDescription)
+{
+    OutcomePanel panel;
+    panel.SetRemark(QStringLiteral("Modifiche non salvate"));
+    EXPECT_EQ(panel.accessibleDescription(), QStringLiteral("Modifiche non salvate"));
+    panel.setText(QStringLiteral("Timeout"));
+    EXPECT_EQ(panel.accessibleDescription(), QStringLiteral("Timeout"));
+    panel.clear();
+    EXPECT_EQ(panel.accessibleDescription(), QStringLiteral("Modifiche non salvate"));
+    panel.setText(QStringLiteral("Timeout"));
+    panel.SetRemark(QString());
+    EXPECT_EQ(panel.accessibleDescription(), QStringLiteral("Timeout"));
+}
+
 TEST(OutcomePanel, ALineIsReadOutByTheOutcomeItIsGiven)
 {
     struct Panel : OutcomePanel {
