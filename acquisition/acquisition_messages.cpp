@@ -8,6 +8,7 @@ namespace orlo
 
 void TellCritical(Contenitore& window, const QString& text, const QString& informative)
 {
+    window.ShowWorkDone();
     window.Station().dialog.Tell(DialogIcon::Critical, QStringLiteral("Attenzione"), text,
                                  informative);
 }

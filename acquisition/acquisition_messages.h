@@ -7,7 +7,8 @@ namespace orlo
 
 class Contenitore;
 
-/// A critical box titled "Attenzione".
+/// A critical box titled "Attenzione", by which a command ends: nothing is said to go on while it
+/// stands.
 void TellCritical(Contenitore& window, const QString& text, const QString& informative = {});
 
 /// Tells that punches could not be written into the file named in NomeFile, and returns that text.

@@ -60,6 +60,7 @@ AcquisitionOutcome AcquireObject(Contenitore& window)
     const std::optional<RecordCounters> counters = ReadRecordCounters(window);
     if (!counters) return NotDone(window.Controls().PannelloComunicazione->text());
     if (RecordsToAcquire(*counters) < 1) {
+        window.ShowWorkDone();
         window.Station().dialog.Tell(DialogIcon::Information, QStringLiteral("Orlo Desk"),
                                      QStringLiteral("Nessuna Timbratura Da Acquisire"));
         return {.done = true, .reason = {}};

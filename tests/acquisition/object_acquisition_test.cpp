@@ -132,6 +132,18 @@ TEST_F(ObjectAcquisition, NothingToAcquireIsToldAndCountsAsDone)
     EXPECT_FALSE(QFile::exists(Controls().NomeFile->text())) << "nor is the file made";
 }
 
+TEST_F(ObjectAcquisition, NothingIsSaidToGoOnWhileTheBoxSaysThatThereIsNothing)
+{
+    pc.dialog.on_tell = [this] { EXPECT_FALSE(Controls().LabelEsc->isVisible()); };
+    window.show();
+    window.RunCommand(Controls().cmdAcquisisce, QStringLiteral("Prova in corso…"),
+                      EscapeUse::Heeded, [this] {
+                          EXPECT_TRUE(Controls().LabelEsc->isVisible());
+                          Acquire();
+                      });
+    EXPECT_EQ(pc.dialog.told.size(), 1U);
+}
+
 TEST_F(ObjectAcquisition, FewerThanNoneToAcquireIsToldLikeNone)
 {
     Punches({"1"});
