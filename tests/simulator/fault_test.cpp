@@ -54,8 +54,7 @@ TEST(ParseFault, TakesTheCodeOfARefusalAsItStands)
     EXPECT_EQ(rule.nth, 2);
     EXPECT_EQ(rule.fault.kind, FaultKind::Refusal);
     EXPECT_EQ(rule.fault.text, "21,Errore linea");
-    for (const char* text : {"esito", "esito="})
-        EXPECT_THROW(ParseFault(text), UsageError) << text;
+    for (const char* text : {"esito", "esito="}) EXPECT_THROW(ParseFault(text), UsageError) << text;
 }
 
 TEST(ParseFault, RefusesWhatItDoesNotKnow)
