@@ -5,8 +5,6 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 
-#include <utility>
-
 namespace orlo
 {
 
@@ -18,7 +16,10 @@ EscapeKeyWatcher::EscapeKeyWatcher(QObject* parent) : QObject(parent)
 EscapeKeyState EscapeKeyWatcher::Query()
 {
     if (Termination::Requested()) return {.pressed_since_last_query = true, .held_now = false};
-    return {.pressed_since_last_query = std::exchange(pressed_, false), .held_now = held_};
+    const EscapeKeyState state{.pressed_since_last_query = pressed_, .held_now = held_};
+    // A reading looks every few milliseconds, more often than a finger comes up.
+    pressed_ = pressed_ && held_;
+    return state;
 }
 
 bool EscapeKeyWatcher::eventFilter(QObject* watched, QEvent* event)
@@ -26,8 +27,10 @@ bool EscapeKeyWatcher::eventFilter(QObject* watched, QEvent* event)
     const QEvent::Type type = event->type();
     if (type == QEvent::KeyPress || type == QEvent::KeyRelease) {
         const auto* key = static_cast<QKeyEvent*>(event);
-        // A key held down repeats itself; those presses and releases are not the operator's.
-        if (key->key() == Qt::Key_Escape && !key->isAutoRepeat()) {
+        // A key held down repeats itself: it is no short press, nor are its repetitions.
+        if (key->key() == Qt::Key_Escape && key->isAutoRepeat()) {
+            pressed_ = false;
+        } else if (key->key() == Qt::Key_Escape) {
             held_ = type == QEvent::KeyPress;
             pressed_ = pressed_ || held_;
         }

@@ -18,6 +18,7 @@ public:
     explicit EscapeKeyWatcher(QObject* parent = nullptr);
 
     EscapeKeyState Query() override;
+    void Forget() override { pressed_ = false; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

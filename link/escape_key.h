@@ -14,8 +14,11 @@ class EscapeKey
 public:
     virtual ~EscapeKey() = default;
 
-    /// The state since the query before; querying forgets the press.
+    /// The state since the query before. Querying forgets a press whose key is up again; one that
+    /// is looked at while the key is down counts when it comes up, unless it was held.
     virtual EscapeKeyState Query() = 0;
+    /// Whatever was pressed until now counts no more.
+    virtual void Forget() = 0;
 };
 
 }  // namespace orlo

@@ -53,7 +53,7 @@ void TellSilence(Workstation& workstation)
     workstation.dialog.Tell(DialogIcon::Critical, QStringLiteral("Attenzione"),
                             QStringLiteral("Il Modem non risponde"));
     // The key that may have closed the box is not a wish to stop.
-    workstation.escape.Query();
+    workstation.escape.Forget();
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ bool PressioneTastoEsc(Workstation& workstation)
                                     QStringLiteral("Si desidera interrompere la procedura?"),
                                     /*when_ending=*/true);
     // The key that may have closed the question is not another wish to stop.
-    workstation.escape.Query();
+    workstation.escape.Forget();
     return abort;
 }
 

@@ -78,7 +78,9 @@ void Contenitore::ConnectPanels()
             &Contenitore::RefreshGauge);
     connect(ui_->ComboTipoTerminale, &QComboBox::currentTextChanged, this,
             &Contenitore::RefreshBadge);
-    connect(ui_->PannelloComunicazione, &TextPanel::TextChanged, this, &Contenitore::HearOutcome);
+    // The same refusal twice in a row is an outcome each time.
+    for (const auto written : {&TextPanel::TextChanged, &TextPanel::TextRepeated})
+        connect(ui_->PannelloComunicazione, written, this, &Contenitore::HearOutcome);
     for (TextPanel* panel :
          std::initializer_list<TextPanel*>{ui_->OraTerminale, ui_->DataTerminale, ui_->Sistema})
         connect(panel, &TextPanel::TextChanged, this, &Contenitore::RefreshClockDifference);

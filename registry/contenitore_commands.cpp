@@ -24,12 +24,14 @@ public:
     {
         window_.running_ = true;
         window_.task_ = task;
+        // They are those of a command before.
+        window_.ui_->PannelloTentativi->clear();
         window_.ui_->LabelEsc->setVisible(escape == EscapeUse::Heeded);
         Show();
         PointTo(Qt::WaitCursor, Qt::WaitCursor);
         // An Escape from before is no wish to stop; and the window shows that it is busy before the
         // first exchange sleeps.
-        window_.workstation_.escape.Query();
+        window_.workstation_.escape.Forget();
         window_.workstation_.clock.ProcessPendingEvents();
     }
 

@@ -13,9 +13,12 @@ TextPanel::TextPanel(QWidget* parent) : QLabel(parent)
 
 void TextPanel::setText(const QString& text)
 {
-    if (text == this->text()) return;
-    QLabel::setText(text);
-    Notice();
+    if (text == this->text()) {
+        emit TextRepeated(text);
+    } else {
+        QLabel::setText(text);
+        Notice();
+    }
 }
 
 bool TextPanel::event(QEvent* event)

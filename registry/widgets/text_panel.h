@@ -21,6 +21,8 @@ public:
 
 signals:
     void TextChanged(const QString& text);
+    /// By this class's setText, the text that stands there.
+    void TextRepeated(const QString& text);
 
 protected:
     bool event(QEvent* event) override;

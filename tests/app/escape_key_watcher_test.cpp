@@ -30,6 +30,29 @@ TEST_F(EscapeKeyWatcherTest, ShortPressIsSeenOnce)
     EXPECT_FALSE(watcher.Query().pressed_since_last_query);
 }
 
+TEST_F(EscapeKeyWatcherTest, ShortPressLookedAtWhileTheKeyIsDownCountsOnceItIsUp)
+{
+    Send(QEvent::KeyPress);
+    for (int look = 0; look < 3; ++look) {
+        const EscapeKeyState down = watcher.Query();
+        EXPECT_TRUE(down.pressed_since_last_query && down.held_now);
+    }
+    Send(QEvent::KeyRelease);
+    const EscapeKeyState up = watcher.Query();
+    EXPECT_TRUE(up.pressed_since_last_query);
+    EXPECT_FALSE(up.held_now);
+    EXPECT_FALSE(watcher.Query().pressed_since_last_query);
+}
+
+TEST_F(EscapeKeyWatcherTest, ForgottenPressDoesNotCountWhenItsKeyComesUp)
+{
+    Send(QEvent::KeyPress);
+    watcher.Forget();
+    EXPECT_TRUE(watcher.Query().held_now);
+    Send(QEvent::KeyRelease);
+    EXPECT_FALSE(watcher.Query().pressed_since_last_query);
+}
+
 TEST_F(EscapeKeyWatcherTest, KeyHeldDownRepeatsWithoutBeingPressedAgain)
 {
     Send(QEvent::KeyPress);

@@ -157,6 +157,12 @@ TEST_F(ContenitoreCommands, TheStripSaysWhetherEscapeIsHeeded)
     Run([this] { EXPECT_FALSE(Shown("LabelEsc")); }, EscapeUse::Ignored);
 }
 
+TEST_F(ContenitoreCommands, AttemptsOfACommandBeforeAreGoneWhenTheNextBegins)
+{
+    window.Controls().PannelloTentativi->setText(QStringLiteral("Tentativi3/3"));
+    Run([this] { EXPECT_EQ(TextOf("PannelloTentativi"), QString()); });
+}
+
 TEST_F(ContenitoreCommands, TheFocusParksInTheListAndReturnsToTheButton)
 {
     Control("cmdAcquisisce").setFocus();
@@ -239,6 +245,18 @@ TEST_F(ContenitoreCommands, OutcomeOfACommandThatHadNoneIsThatOfTheOneBefore)
     Run([] {});
     EXPECT_EQ(TextOf("LabelUltimoComando"),
               QStringLiteral("14:07:09 Acquisizione, terminale 1: Errore = ER"));
+}
+
+TEST_F(ContenitoreCommands, TheSameCaptionOnceMoreIsAnOutcomeOfItsOwn)
+{
+    const auto refuse = [this] {
+        Control<OutcomePanel>("PannelloComunicazione").setText(QStringLiteral("Timeout"));
+    };
+    Run(refuse);
+    Control<OutcomePanel>("LabelUltimoComando").clear();
+    Run(refuse);
+    EXPECT_EQ(TextOf("LabelUltimoComando"),
+              QStringLiteral("14:07:09 Acquisizione, terminale 1: Timeout"));
 }
 
 TEST_F(ContenitoreCommands, NotedOutcomeCountsMoreThanTheCaption)

@@ -36,6 +36,7 @@ class NoEscape : public EscapeKey
 {
 public:
     EscapeKeyState Query() override { return {}; }
+    void Forget() override {}
 };
 
 /// Keeps what the operator was told.

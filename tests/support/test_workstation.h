@@ -51,7 +51,8 @@ public:
     bool pressed = false;
     bool held = false;
 
-    EscapeKeyState Query() override { return {std::exchange(pressed, false), held}; }
+    EscapeKeyState Query() override { return {std::exchange(pressed, pressed && held), held}; }
+    void Forget() override { pressed = false; }
 };
 
 class FakeTrace : public NoTrace
