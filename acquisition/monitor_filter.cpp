@@ -14,7 +14,9 @@ bool Passes(const MonitorPunch& punch, const MonitorFilter& filter)
         return FromWindows1252(QByteArray::fromStdString(field))
             .contains(wanted, Qt::CaseInsensitive);
     };
+    const QString type = QString::fromLatin1(punch.type.c_str());
     return holds(punch.badge) || holds(punch.date) || holds(punch.cause) ||
+           type.startsWith(wanted, Qt::CaseInsensitive) ||
            state.startsWith(wanted, Qt::CaseInsensitive);
 }
 

@@ -9,8 +9,9 @@ namespace orlo
 
 /// What of the list is to be seen.
 struct MonitorFilter {
-    /// Part of the badge, the date or the cause, or the beginning of the state; case is ignored, an
-    /// empty text lets everything through, as blanks do. "Inviata" does not mean "Non Inviata".
+    /// Part of the badge, the date or the cause, or the beginning of the type or the state; case is
+    /// ignored, an empty text lets everything through, as blanks do. "Inviata" does not mean "Non
+    /// Inviata".
     QString text;
     /// The whole state, or empty for any.
     QString state;

@@ -89,6 +89,8 @@ std::optional<std::int16_t> ObjectMonitor::RecordsToRead()
     form_.Controls().LabelTransazioni->setText(
         QStringLiteral("Transazioni Presenti:%1").arg(present));
     const bool whole = form_.Controls().ChkTuttaMemoria->isChecked();
+    // The whole memory holds other than what is declared.
+    if (!whole) reading_.NoteDeclared(present);
     constexpr std::int32_t kMost = std::numeric_limits<std::int16_t>::max();
     return static_cast<std::int16_t>(std::clamp(whole ? kWholeMemory : present, 0, kMost));
 }
@@ -100,6 +102,8 @@ void ObjectMonitor::GetRecordsOrlo(int records)
         const Record result = GetRecord(static_cast<std::int16_t>(number));
         if (result == Record::Missing) return;
         if (result == Record::EndOfData) {
+            // How the attempt before it failed is no outcome.
+            desk_.Controls().PannelloComunicazione->setText(kCommunicationOk);
             // The whole memory was asked for and had no more: that is all of it.
             if (form_.Controls().ChkTuttaMemoria->isChecked()) {
                 ShowRead(number - 1, 100);

@@ -14,12 +14,13 @@ MonitorPunch Punch(const char* state)
     punch.badge = "100237";
     punch.date = "15/03/2006";
     punch.time = "09:55";
+    punch.type = "Uscita";
     punch.cause = "0043";
     punch.state = state;
     return punch;
 }
 
-TEST(MonitorFilter, TextIsPartOfBadgeDateOrCauseOrBeginsTheState)
+TEST(MonitorFilter, TextIsPartOfBadgeDateOrCauseOrBeginsTheTypeOrTheState)
 {
     const struct {
         const char* text;
@@ -28,7 +29,8 @@ TEST(MonitorFilter, TextIsPartOfBadgeDateOrCauseOrBeginsTheState)
         {"", true},       {"100237", true},     {"0237", true},    {" 0237 ", true},
         {"15/03", true},  {"/2006", true},      {"0043", true},    {"Da Ac", true},
         {"da acq", true}, {"Acquisire", false}, {"100238", false}, {"77", false},
-        {"09:55", false}, {"xyz", false},
+        {"09:55", false}, {"xyz", false},       {"uscita", true},  {"Usc", true},
+        {"cita", false},  {"Entrata", false},
     };
     for (const auto& [text, passes] : cases)
         EXPECT_EQ(Passes(Punch("Da Acquisire"), {QString::fromLatin1(text), {}}), passes) << text;

@@ -106,6 +106,37 @@ TEST_F(ObjectMonitor, WholeMemoryEndsWithTheTerminalsLastRecord)
     EXPECT_EQ(Told(), ReceptionOk());
 }
 
+TEST_F(ObjectMonitor, WholeMemoryThatIsEmptyHasAnOutcome)
+{
+    form.open();
+    WholeMemory();
+    ReadAgain();
+    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Comunicazione OK"));
+    EXPECT_EQ(Outcome(), QStringLiteral("Comunicazione OK"));
+}
+
+TEST_F(ObjectMonitor, FailedAttemptBeforeTheEndOfTheMemoryIsNoOutcome)
+{
+    Punches(1);
+    component.record_failures = {"", "99,Time Out"};
+    form.open();
+    WholeMemory();
+    ReadAgain();
+    EXPECT_EQ(component.CallsOf("GetRecord").size(), 3U);
+    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Comunicazione OK"));
+}
+
+TEST_F(ObjectMonitor, FewerRecordsThanDeclaredAreTold)
+{
+    Punches(5);
+    component.told_records = 23;
+    Read();
+    EXPECT_EQ(Lines().size(), 5);
+    EXPECT_EQ(Label("EsitoMonitor"), QStringLiteral("Errore: la lista può non essere completa"));
+    ASSERT_EQ(pc.dialog.told.size(), 1U);
+    EXPECT_TRUE(pc.dialog.told[0].informative.contains(QStringLiteral("meno timbrature")));
+}
+
 TEST_F(ObjectMonitor, NoAttemptAsksForNoRecord)
 {
     Punches(3);
