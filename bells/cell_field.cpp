@@ -32,11 +32,16 @@ bool EndsAnHour(const QString& typed)
 
 /// Keys by which somebody corrects what was typed. Not Shift, which some keyboards need for a
 /// colon.
-bool BeginsAnew(int key)
+bool BeginsAnew(const QKeyEvent& key)
 {
     static const QList<int> keys = {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left,
                                     Qt::Key_Right,     Qt::Key_Home,   Qt::Key_End};
-    return keys.contains(key);
+    return keys.contains(key.key()) || key.matches(QKeySequence::SelectAll);
+}
+
+bool IsDigit(const QString& typed)
+{
+    return typed.size() == 1 && typed[0] >= u'0' && typed[0] <= u'9';
 }
 
 bool IsWritten(const QKeyEvent& key)
@@ -66,6 +71,8 @@ void CellField::focusInEvent(QFocusEvent* event)
     // Typing replaces the value, unless the pointer has chosen a place in it.
     if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::PopupFocusReason)
         selectAll();
+    refused_.clear();
+    if (!isModified()) before_ = text();
     emit Entered();
 }
 
@@ -75,18 +82,41 @@ void CellField::focusOutEvent(QFocusEvent* event)
     if (event->reason() != Qt::PopupFocusReason) emit Left();
 }
 
+void CellField::mousePressEvent(QMouseEvent* event)
+{
+    refused_.clear();
+    QLineEdit::mousePressEvent(event);
+}
+
+void CellField::keyPressEvent(QKeyEvent* event)
+{
+    if (!isModified()) before_ = text();
+    if (!IsWritten(*event)) {
+        if (BeginsAnew(*event)) refused_.clear();
+        QLineEdit::keyPressEvent(event);
+    } else if (!refused_.isEmpty()) {
+        Refuse(refused_ + event->text());
+    } else {
+        TakeWritten(event);
+    }
+}
+
+void CellField::Refuse(const QString& typed)
+{
+    // Nobody reads on where it runs over.
+    constexpr int kShown = 6;
+    QApplication::beep();
+    refused_ = typed.left(kShown);
+    setText(before_);
+    selectAll();
+    emit Refused(WhyRefused(refused_));
+}
+
 TimeField::TimeField(QWidget* parent) : CellField(QStringLiteral("00:00"), parent)
 {
     setInputMask(QStringLiteral("00:00"));
     setValidator(MakeTimeValidator(this));
     setAlignment(Qt::AlignCenter);
-}
-
-void TimeField::focusInEvent(QFocusEvent* event)
-{
-    CellField::focusInEvent(event);
-    refused_.clear();
-    if (!isModified()) before_ = text();
 }
 
 void TimeField::contextMenuEvent(QContextMenuEvent* event)
@@ -108,31 +138,20 @@ void TimeField::ForgetSteps()
     if (length > 0) setSelection(selected, length);
 }
 
-void TimeField::mousePressEvent(QMouseEvent* event)
-{
-    refused_.clear();
-    CellField::mousePressEvent(event);
-}
-
 void TimeField::keyPressEvent(QKeyEvent* event)
 {
     // See ForgetSteps.
     if (event->matches(QKeySequence::Undo) || event->matches(QKeySequence::Redo)) return;
-    if (!isModified()) before_ = text();
+    CellField::keyPressEvent(event);
+}
+
+void TimeField::TakeWritten(QKeyEvent* event)
+{
     const QString typed = event->text();
-    const bool digit = typed.size() == 1 && typed[0].isDigit();
-    if (!digit && !EndsAnHour(typed)) {
-        // The mask would let a letter delete what is selected.
-        if (IsWritten(*event)) return QApplication::beep();
-        if (BeginsAnew(event->key())) refused_.clear();
-        CellField::keyPressEvent(event);
-    } else if (!refused_.isEmpty()) {
-        Refuse(refused_ + typed);
-    } else if (digit) {
-        TakeDigit(typed[0]);
-    } else {
-        EndHour();
-    }
+    if (IsDigit(typed)) return TakeDigit(typed[0]);
+    if (EndsAnHour(typed)) return EndHour();
+    // The mask would let a letter delete what is selected.
+    QApplication::beep();
 }
 
 void TimeField::EndHour()
@@ -167,15 +186,12 @@ void TimeField::TakeDigit(QChar digit)
     setCursorPosition(place == 1 ? kMinutes : place + 1);
 }
 
-void TimeField::Refuse(const QString& typed)
+QString TimeField::WhyRefused(const QString& typed) const
 {
-    QApplication::beep();
-    refused_ = typed.left(before_.size());
-    setText(before_);
-    selectAll();
-    QString time = refused_;
+    constexpr int kTime = 5;
+    QString time = typed;
     if (time.size() > kMinutes - 1 && !time.contains(u':')) time.insert(kMinutes - 1, u':');
-    emit Refused(tr("%1 non è un'ora").arg(time.left(before_.size())));
+    return tr("%1 non è un'ora").arg(time.left(kTime));
 }
 
 DurationField::DurationField(QWidget* parent) : CellField(QStringLiteral("000"), parent)
@@ -186,10 +202,32 @@ DurationField::DurationField(QWidget* parent) : CellField(QStringLiteral("000"),
 
 void DurationField::SetDigits(int digits)
 {
-    setMaxLength(digits);
+    digits_ = digits;
     delete validator();
     setValidator(new QRegularExpressionValidator(
         QRegularExpression(QStringLiteral("\\d{0,%1}").arg(digits)), this));
+}
+
+void DurationField::TakeWritten(QKeyEvent* event)
+{
+    const QString typed = event->text();
+    if (typed[0].isLetter()) return QApplication::beep();
+    const QString whole = WithTyped(typed);
+    if (!IsDigit(typed) || whole.size() > digits_) return Refuse(whole);
+    QLineEdit::keyPressEvent(event);
+}
+
+/// What the field would show.
+QString DurationField::WithTyped(const QString& typed) const
+{
+    QString whole = text();
+    if (!hasSelectedText()) return whole.insert(cursorPosition(), typed);
+    return whole.replace(selectionStart(), selectionLength(), typed);
+}
+
+QString DurationField::WhyRefused(const QString& typed) const
+{
+    return tr("%1 non è una durata").arg(typed);
 }
 
 }  // namespace orlo

@@ -5,7 +5,10 @@
 namespace orlo
 {
 
-/// A field of one ring: it says when it is entered and when it is left, by Enter too.
+/// A field of one ring: it says when it is entered and when it is left, by Enter too. What makes no
+/// value is refused with a beep, the field shows the value from before, and what is typed behind it
+/// is refused too: the rest of 24:00 or 1,5 would be another value. A key that deletes or moves,
+/// selecting all, a click or coming anew ends that.
 class CellField : public QLineEdit
 {
     Q_OBJECT
@@ -20,21 +23,31 @@ public:
 signals:
     void Entered();
     void Left();
+    /// "24:00 non è un'ora", with each character that is refused.
+    void Refused(const QString& why);
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+    /// A character was typed; it has no modifier but Shift.
+    virtual void TakeWritten(QKeyEvent* event) = 0;
+    virtual QString WhyRefused(const QString& typed) const = 0;
+
+    void Refuse(const QString& typed);
 
 private:
     QString longest_;
+    QString before_;
+    /// What is being refused, empty when nothing is.
+    QString refused_;
 };
 
 /// A time of the day behind the mask hh:mm. An hour that begins with 3 to 9 has one digit, any
 /// other two unless a point, comma, blank or colon ends it: 735 is 07:35, 235 is 23:05, 2:35 is
-/// 02:35. A digit that makes no time is refused with a beep, the field shows the time from before,
-/// and what is typed behind it is refused too: the rest of 24:00 would be another time. A key that
-/// deletes or moves, a click or coming anew ends that. Leaving it shows the time with all its
-/// digits. Nothing is undone step by step.
+/// 02:35. Leaving it shows the time with all its digits. Nothing is undone step by step.
 class TimeField : public CellField
 {
     Q_OBJECT
@@ -42,25 +55,16 @@ class TimeField : public CellField
 public:
     explicit TimeField(QWidget* parent = nullptr);
 
-signals:
-    /// "24:00 non è un'ora", with each digit that is refused.
-    void Refused(const QString& why);
-
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
+    void TakeWritten(QKeyEvent* event) override;
+    QString WhyRefused(const QString& typed) const override;
 
 private:
     void ForgetSteps();
     void EndHour();
     void TakeDigit(QChar digit);
-    void Refuse(const QString& typed);
-
-    QString before_;
-    /// What is being refused, empty when nothing is.
-    QString refused_;
 };
 
 /// A duration of so many digits at the most.
@@ -72,6 +76,15 @@ public:
     explicit DurationField(QWidget* parent = nullptr);
 
     void SetDigits(int digits);
+
+protected:
+    void TakeWritten(QKeyEvent* event) override;
+    QString WhyRefused(const QString& typed) const override;
+
+private:
+    QString WithTyped(const QString& typed) const;
+
+    int digits_ = 0;
 };
 
 }  // namespace orlo

@@ -66,8 +66,8 @@ DayRings::Cells DayRings::MakeCells(int index)
          std::initializer_list<const CellField*>{cells.time, cells.duration}) {
         connect(field, &CellField::Entered, this, [this, index] { emit Entered(index); });
         connect(field, &QLineEdit::textEdited, this, &DayRings::Edited);
+        connect(field, &CellField::Refused, this, &DayRings::Refused);
     }
-    connect(cells.time, &TimeField::Refused, this, &DayRings::Refused);
     connect(cells.time, &CellField::Left, this, [this, index] { emit RingLeft(index); });
     connect(cells.duration, &CellField::Left, this, [this, index] { emit TempoRingsLeft(index); });
     return cells;

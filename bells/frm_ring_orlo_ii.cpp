@@ -3,7 +3,6 @@
 #include "bells/ring_line.h"
 #include "bells/ring_marks.h"
 #include "bells/ring_text.h"
-#include "bells/serial_rings.h"
 #include "bells/week_days.h"
 #include "registry/contenitore_controls.h"
 #include "registry/database_error.h"
@@ -56,8 +55,8 @@ frmRingOrloII::frmRingOrloII(Contenitore& desk)
         connect(field, &CellField::Left, this, &frmRingOrloII::CompleteFields);
         connect(field, &QLineEdit::textChanged, this, &frmRingOrloII::ShowWhetherModified);
         connect(field, &QLineEdit::textEdited, this, &frmRingOrloII::ForgetRefusal);
+        connect(field, &CellField::Refused, this, &frmRingOrloII::ShowRefusal);
     }
-    connect(ui_->Ring, &TimeField::Refused, this, &frmRingOrloII::ShowRefusal);
     for (const QCheckBox* day : days_)
         connect(day, &QCheckBox::toggled, this, &frmRingOrloII::ShowWhetherModified);
     for (const QRadioButton* relay : {ui_->RelèA, ui_->RelèB})
@@ -235,13 +234,22 @@ void frmRingOrloII::cmdTrasmette_Click()
     RunBehind(ui_->cmdTrasmette, tr("Invio suonerie in corso…"), [this] {
         const TerminalModel* const model = Desk().ShownModel();
         if (model == nullptr || !Desk().PrepareCurrentTerminal()) return;
-        const SentRings sent = SendRings(Desk(), model->bell_telegram, ui_->ListaSuonerie->Lines());
-        ui_->PannelloSuonerie->setText(sent.status);
+        ClearOutcome(*ui_->PannelloSuonerie);
+        const BellOutcome sent =
+            SendRings(Desk(), model->bell_telegram, ui_->ListaSuonerie->Lines());
         const bool unsaved = !ui_->LabelModifiche->Remark().isEmpty();
-        Desk().NoteOutcome(unsaved ? sent.outcome + tr(", senza le modifiche non salvate")
-                                   : sent.outcome);
+        ShowOutcome(sent, unsaved ? tr(", senza le modifiche non salvate") : QString());
         if (unsaved) SayUnsaved(tr("Modifiche non salvate, non inviate"));
     });
+}
+
+/// `besides` is for the line of the last command, where the list with its remark is not seen.
+void frmRingOrloII::ShowOutcome(const BellOutcome& outcome, const QString& besides)
+{
+    ui_->PannelloSuonerie->setText(outcome.status);
+    ui_->PannelloSuonerie->SetNote(outcome.note);
+    // The caption says the number of the line that was answered last.
+    Desk().NoteOutcome(ui_->PannelloSuonerie->Caption() + besides);
 }
 
 /// The rows of the table stay: the window shows them again when it is opened.
@@ -251,7 +259,8 @@ void frmRingOrloII::cmdReset_Click()
         if (!Desk().Station().dialog.AskYesNo(DialogIcon::Critical, QStringLiteral("Attenzione"),
                                               QStringLiteral("Si desidera azzerare le suonerie?")))
             return;
-        if (Desk().PrepareCurrentTerminal()) ui_->PannelloSuonerie->setText(ClearRings(Desk()));
+        ClearOutcome(*ui_->PannelloSuonerie);
+        if (Desk().PrepareCurrentTerminal()) ShowOutcome(ClearRings(Desk()));
         // Whatever the terminal answered: an answer may be lost behind a reset that was made.
         EmptyList();
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bells/serial_rings.h"
 #include "bells/suonerie.h"
 #include "registry/terminal_window.h"
 
@@ -42,6 +43,7 @@ private:
     void RunBehind(QPushButton* button, const QString& task, const std::function<void()>& work);
     /// What the edit controls hold, as the row of the chosen line.
     BellRow Entered() const;
+    void ShowOutcome(const BellOutcome& outcome, const QString& besides = {});
     void EmptyList();
     void SetRelay(int number);
     void CompleteFields();

@@ -110,6 +110,7 @@ void FrmSuonerie::Transfer(QPushButton* button, const QString& task, const QStri
         ui_->Esito->setText(done ? kCommunicationOk : said ? caption.text() : failed);
         Desk().ResetLineBehindCommand();
     });
+    ui_->LabelTentativi->clear();
     EndTask();
 }
 

@@ -34,8 +34,8 @@ Exchanged Exchange(Contenitore& window, std::string_view command)
     return {answer == kTimeout ? kTimeoutCaption : kCommunicationOk, good_frame};
 }
 
-/// Takes the outcome of the command before from the screen: a silent terminal leaves the window
-/// without a turn for seconds.
+/// Lets the screen be without the outcome of the command before: a silent terminal leaves the
+/// window without a turn for seconds.
 TextPanel& EmptyCaption(Contenitore& window)
 {
     TextPanel& caption = *window.Controls().PannelloComunicazione;
@@ -44,26 +44,25 @@ TextPanel& EmptyCaption(Contenitore& window)
     return caption;
 }
 
-/// The sending ends before its last line.
-SentRings Ended(TextPanel& caption, const QString& status)
+/// The sending ends with that line of the list, counted from 0: those before it are in the
+/// terminal.
+BellOutcome Ended(TextPanel& caption, const QString& status, qsizetype line)
 {
     caption.setText(status);
-    return {status, status};
+    return {status, QStringLiteral("riga %1 di %2").arg(line + 1).arg(kRingPositions)};
 }
 
-/// The number of the line that was answered last is no outcome: lines behind it may not have been
-/// for the terminal. How many answers came in a good frame nobody asks; the operator is told it.
-SentRings Finished(int sent, int good)
+/// How many answers came in a good frame nobody asks; the operator is told it.
+BellOutcome Finished(int sent, int good)
 {
     if (sent == 0) return {kCommunicationOk, QStringLiteral("nessuna suoneria da inviare")};
-    return {kCommunicationOk, good == sent
-                                  ? kCommunicationOk
-                                  : QStringLiteral("risposte %1 su %2").arg(good).arg(sent)};
+    return {kCommunicationOk,
+            good == sent ? QString() : QStringLiteral("risposte %1 su %2").arg(good).arg(sent)};
 }
 
 }  // namespace
 
-SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& lines)
+BellOutcome SendRings(Contenitore& window, BellTelegram form, const QStringList& lines)
 {
     TextPanel& caption = EmptyCaption(window);
     int sent = 0;
@@ -71,9 +70,9 @@ SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& l
     for (qsizetype line = 0; line < lines.size(); ++line) {
         const std::optional<std::string> telegram = RingTelegram(form, lines[line]);
         if (!telegram) continue;
-        if (window.LeaveAsked()) return Ended(caption, QStringLiteral("Invio interrotto."));
+        if (window.LeaveAsked()) return Ended(caption, QStringLiteral("Invio interrotto."), line);
         const Exchanged exchanged = Exchange(window, *telegram);
-        if (exchanged.status != kCommunicationOk) return Ended(caption, exchanged.status);
+        if (exchanged.status != kCommunicationOk) return Ended(caption, exchanged.status, line);
         ++sent;
         good += exchanged.good_frame ? 1 : 0;
         caption.setText(QStringLiteral("%1/%2 ").arg(line + 1).arg(kRingPositions) +
@@ -83,14 +82,13 @@ SentRings SendRings(Contenitore& window, BellTelegram form, const QStringList& l
     return Finished(sent, good);
 }
 
-QString ClearRings(Contenitore& window)
+BellOutcome ClearRings(Contenitore& window)
 {
     TextPanel& caption = EmptyCaption(window);
     const Exchanged exchanged = Exchange(window, kClearRings);
     caption.setText(exchanged.status);
-    if (exchanged.status == kCommunicationOk)
-        window.NoteOutcome(Finished(/*sent=*/1, exchanged.good_frame ? 1 : 0).outcome);
-    return exchanged.status;
+    if (exchanged.status != kCommunicationOk) return {exchanged.status, {}};
+    return Finished(/*sent=*/1, exchanged.good_frame ? 1 : 0);
 }
 
 }  // namespace orlo

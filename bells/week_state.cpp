@@ -13,13 +13,25 @@ WeekState AfterRead(int rings)
 
 WeekState AfterEdit(WeekState before)
 {
-    if (before == WeekState::Unread) return WeekState::Edited;
-    return before == WeekState::Known ? WeekState::Changed : before;
+    switch (before) {
+        case WeekState::Unread:
+            return WeekState::Edited;
+        case WeekState::Partial:
+            return WeekState::PartialChanged;
+        case WeekState::Known:
+            return WeekState::Changed;
+        case WeekState::Edited:
+        case WeekState::PartialChanged:
+        case WeekState::Changed:
+            break;
+    }
+    return before;
 }
 
 bool IsToBeSent(WeekState state)
 {
-    return state != WeekState::Unread && state != WeekState::Partial;
+    return state != WeekState::Unread && state != WeekState::Partial &&
+           state != WeekState::PartialChanged;
 }
 
 QString WeekWarning(WeekState state)
@@ -35,6 +47,10 @@ QString WeekWarning(WeekState state)
         case WeekState::Partial:
             return QStringLiteral(
                 "La settimana è stata letta solo in parte: inviandola si perde il resto.");
+        case WeekState::PartialChanged:
+            return QStringLiteral(
+                "Letta solo in parte e modificata: inviandola si perde il resto, rileggendola le "
+                "modifiche.");
         case WeekState::Changed:
             return QStringLiteral("Modifiche non inviate al terminale.");
         case WeekState::Known:

@@ -28,6 +28,12 @@ void OutcomePanel::ShowLine(const QString& line, Outcome outcome)
     setText(line);
 }
 
+void OutcomePanel::SetNote(const QString& note)
+{
+    note_ = note;
+    ShowCaption();
+}
+
 void OutcomePanel::SetBold(bool bold)
 {
     bold_ = bold;
@@ -45,10 +51,7 @@ void OutcomePanel::SetRoom(const QString& sample)
 void OutcomePanel::SetRemark(const QString& remark)
 {
     remark_ = remark;
-    setAccessibleDescription(Caption());
-    updateGeometry();
-    ShowToolTip();
-    update();
+    ShowCaption();
 }
 
 QSize OutcomePanel::sizeHint() const
@@ -105,12 +108,14 @@ void OutcomePanel::resizeEvent(QResizeEvent* event)
 Outcome OutcomePanel::ShownOutcome() const
 {
     if (text().isEmpty()) return remark_.isEmpty() ? Outcome::None : Outcome::Warning;
-    return outcome_of_line_.value_or(OutcomeOf(text()));
+    const Outcome outcome = outcome_of_line_.value_or(OutcomeOf(text()));
+    return outcome == Outcome::Good && !note_.isEmpty() ? Outcome::Warning : outcome;
 }
 
 QString OutcomePanel::Caption() const
 {
-    return text().isEmpty() ? remark_ : text();
+    if (text().isEmpty()) return remark_;
+    return note_.isEmpty() ? text() : QStringLiteral("%1 (%2)").arg(text(), note_);
 }
 
 QFont OutcomePanel::CaptionFont() const
@@ -127,11 +132,18 @@ int OutcomePanel::TextLeft() const
 
 void OutcomePanel::TakeOutcome()
 {
+    note_.clear();
+    ShowCaption();
+    const Outcome outcome = text().isEmpty() ? Outcome::None : ShownOutcome();
+    if (outcome == Outcome::Good || outcome == Outcome::Failure) Alert();
+}
+
+void OutcomePanel::ShowCaption()
+{
     setAccessibleDescription(Caption());
     updateGeometry();
     ShowToolTip();
-    const Outcome outcome = text().isEmpty() ? Outcome::None : ShownOutcome();
-    if (outcome == Outcome::Good || outcome == Outcome::Failure) Alert();
+    update();
 }
 
 void OutcomePanel::Alert()

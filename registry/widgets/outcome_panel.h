@@ -21,10 +21,16 @@ public:
 
     /// Shows a line whose outcome its first words do not tell.
     void ShowLine(const QString& line, Outcome outcome);
+    /// What is to be said behind the caption, which stays its text(); a good outcome is a warning
+    /// then. The next caption is without.
+    void SetNote(const QString& note);
     /// Captions are bold unless this says otherwise; remarks never are.
     void SetBold(bool bold);
     /// The least room is that of `sample`.
     void SetRoom(const QString& sample);
+
+    /// What is painted: text and note, or the remark.
+    QString Caption() const;
 
     void SetRemark(const QString& remark);
     const QString& Remark() const { return remark_; }
@@ -42,17 +48,18 @@ protected:
 
 private:
     Outcome ShownOutcome() const;
-    QString Caption() const;
     QFont CaptionFont() const;
     int TextLeft() const;
     QSize RoomOf(const QString& caption) const;
     void TakeOutcome();
+    void ShowCaption();
     void ShowToolTip();
 
     std::optional<Outcome> outcome_of_line_;
     bool bold_ = true;
     QString sample_ = kCommunicationOk;
     QString remark_;
+    QString note_;
 };
 
 }  // namespace orlo

@@ -194,15 +194,64 @@ TEST(TimeField, ADroppedTimeIsTakenAndWhatIsNoneIsNot)
     }
 }
 
-TEST(DurationField, TakesOnlyDigitsAndNoMoreThanItHasRoomFor)
+TEST(TimeField, SelectingAllIsANewBeginning)
 {
-    DurationField field;
-    QTest::keyClicks(&field, QStringLiteral("a2-5"));
-    EXPECT_EQ(field.text(), QStringLiteral("25"));
-    field.clear();
-    field.SetDigits(2);
-    QTest::keyClicks(&field, QStringLiteral("123"));
-    EXPECT_EQ(field.text(), QStringLiteral("12"));
+    TimeField field;
+    field.setText(QStringLiteral("12:06"));
+    field.selectAll();
+    QTest::keyClicks(&field, QStringLiteral("24:00"));
+    QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(&field, QStringLiteral("0730"));
+    EXPECT_EQ(field.text(), QStringLiteral("07:30"));
+}
+
+TEST(DurationField, TakesDigitsAndPassesOverLetters)
+{
+    for (const char* typed : {"25", "a2x5"}) {
+        DurationField field;
+        QTest::keyClicks(&field, QString::fromLatin1(typed));
+        EXPECT_EQ(field.text(), QStringLiteral("25")) << typed;
+    }
+}
+
+// The rest of them would be another duration.
+TEST(DurationField, WhatIsNoDurationLeavesTheOneFromBefore)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"1,5", "1,5 non è una durata"},
+        {"-3", "-3 non è una durata"},
+        {"100", "100 non è una durata"},
+        {"1000000", "100000 non è una durata"},
+    };
+    for (const auto& [typed, why] : cases) {
+        DurationField field;
+        field.SetDigits(2);
+        field.setText(QStringLiteral("07"));
+        field.selectAll();
+        const QSignalSpy refused(&field, &CellField::Refused);
+        QTest::keyClicks(&field, QString::fromLatin1(typed));
+        EXPECT_EQ(field.text(), QStringLiteral("07")) << typed;
+        ASSERT_FALSE(refused.empty()) << typed;
+        EXPECT_EQ(refused.back()[0].toString().toStdString(), why);
+        QTest::keyClick(&field, Qt::Key_Delete);
+        QTest::keyClicks(&field, QStringLiteral("12"));
+        EXPECT_EQ(field.text(), QStringLiteral("12")) << typed;
+    }
+}
+
+TEST(DurationField, APastedDurationIsTakenWholeOrNotAtAll)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"12", "12"}, {"100", "07"}, {"1,5", "07"}, {"-3", "07"}};
+    for (const auto& [pasted, shown] : cases) {
+        DurationField field;
+        field.SetDigits(2);
+        field.setText(QStringLiteral("07"));
+        field.selectAll();
+        QApplication::clipboard()->setText(QString::fromLatin1(pasted));
+        QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(field.text().toStdString(), shown) << pasted;
+    }
 }
 
 }  // namespace

@@ -104,7 +104,7 @@ TEST_F(FrmSuonerie, WhatWasChangedBehindAReadIsNotSentUntilASendIsComplete)
     EXPECT_EQ(Warning(), "");
 }
 
-TEST_F(FrmSuonerie, AChangeLeavesAWeekReadInPartThat)
+TEST_F(FrmSuonerie, AChangeLeavesAWeekReadInPartThatAndIsRemembered)
 {
     rings.failures = {"", "ER", "ER", "ER"};
     Open();
@@ -112,8 +112,11 @@ TEST_F(FrmSuonerie, AChangeLeavesAWeekReadInPartThat)
     Press("Giorno_1");
     Type("Ring_0", "0915");
     EXPECT_EQ(Text("Esito"), "");
-    EXPECT_EQ(Warning(), kPartial);
+    EXPECT_EQ(Warning(), kPartialChanged);
     EXPECT_EQ(Primary(), "cmdRiceveSuonerie");
+    Press("cmdUscita");
+    OpenBells("FrmSuonerie");
+    EXPECT_EQ(Warning(), kPartialChanged);
 }
 
 TEST_F(FrmSuonerie, AWeekReadInPartIsWholeOnceItIsSent)

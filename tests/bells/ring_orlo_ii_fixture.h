@@ -64,6 +64,11 @@ protected:
         return Control<OutcomePanel>("LabelModifiche").Remark().toStdString();
     }
     std::string Status() const { return Text("PannelloSuonerie"); }
+    /// What is painted there.
+    std::string StatusAndNote() const
+    {
+        return Control<OutcomePanel>("PannelloSuonerie").Caption().toStdString();
+    }
     /// The line of the last command, behind its time.
     std::string LastCommand() const
     {

@@ -94,7 +94,8 @@ TEST_F(FrmRingOrloII, AFinishedSendIsThatInTheLineOfTheLastCommand)
     Press("cmdTrasmette");
     EXPECT_EQ(commands.size(), 4) << "nothing more was sent";
     EXPECT_EQ(Status(), "Comunicazione OK");
-    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: nessuna suoneria da inviare");
+    EXPECT_EQ(StatusAndNote(), "Comunicazione OK (nessuna suoneria da inviare)");
+    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: " + StatusAndNote());
 }
 
 TEST_F(FrmRingOrloII, WhatWasNotSavedIsNotSentAndThatIsSaid)
@@ -122,13 +123,29 @@ TEST_F(FrmRingOrloII, TheOutcomeOfASendGoesWhenTheListChanges)
 
 TEST_F(FrmRingOrloII, SendingStopsAtTheFirstTimeout)
 {
-    Open("Orlo II", {"3:silenzio"});
-    Press("cmdTrasmette");
-    EXPECT_EQ(commands.size(), 3);
-    EXPECT_EQ(Status(), "Timeout");
-    EXPECT_EQ(Outcome(), QStringLiteral("Timeout"));
-    EXPECT_FALSE(pc.com1.PortOpen());
-    EXPECT_EQ(Terminal().Bells().Rings().count(1), 1U) << "what was sent stays";
+    const struct {
+        const char* model;
+        int sent;
+        std::size_t stored;  ///< rings that the terminal has by then
+    } cases[] = {{"Orlo II", 1, 0},
+                 {"Orlo II", 3, 2},
+                 {"Lumo", 32, 4},
+                 {"OrloTre", 1, 0},
+                 {"SuperStrale", 4, 3}};
+    for (const auto& [model, sent, stored] : cases) {
+        Controls().ListaTerminali->clear();
+        Open(model, {"13#" + std::to_string(sent) + ":richiesta-persa"});
+        Press("cmdTrasmette");
+        EXPECT_EQ(commands.size(), sent) << model;
+        EXPECT_EQ(Status(), "Timeout") << model;
+        EXPECT_EQ(Outcome(), QStringLiteral("Timeout")) << model;
+        EXPECT_EQ(LastCommand(),
+                  "Invio suonerie, terminale 4: Timeout (riga " + std::to_string(sent) + " di 32)");
+        EXPECT_EQ(StatusAndNote(), "Timeout (riga " + std::to_string(sent) + " di 32)");
+        EXPECT_FALSE(pc.com1.PortOpen()) << model;
+        EXPECT_EQ(Terminal().Bells().Rings().size(), stored) << "what was sent stays";
+        Press("cmdUscita");
+    }
 }
 
 TEST_F(FrmRingOrloII, ABadFrameIsNotExaminedButToldBeside)
@@ -137,8 +154,8 @@ TEST_F(FrmRingOrloII, ABadFrameIsNotExaminedButToldBeside)
     Press("cmdTrasmette");
     EXPECT_EQ(commands.size(), 32);
     EXPECT_EQ(Status(), "Comunicazione OK");
-    EXPECT_TRUE(Controls().LabelUltimoComando->text().endsWith(QStringLiteral("risposte 31 su 32")))
-        << Controls().LabelUltimoComando->text().toStdString();
+    EXPECT_EQ(StatusAndNote(), "Comunicazione OK (risposte 31 su 32)");
+    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: " + StatusAndNote());
 }
 
 TEST_F(FrmRingOrloII, APortThatDoesNotOpenIsSaid)
@@ -200,7 +217,8 @@ TEST_F(FrmRingOrloII, AResetAnsweredByABadFrameIsToldBeside)
     Open("Orlo II", {"14*:checksum-errato"});
     Press("cmdReset");
     EXPECT_EQ(Status(), "Comunicazione OK");
-    EXPECT_EQ(LastCommand(), "Azzeramento suonerie, terminale 4: risposte 0 su 1");
+    EXPECT_EQ(StatusAndNote(), "Comunicazione OK (risposte 0 su 1)");
+    EXPECT_EQ(LastCommand(), "Azzeramento suonerie, terminale 4: " + StatusAndNote());
     Press("cmdUscita");
     Controls().ListaTerminali->clear();
     Open("Orlo II");
@@ -268,6 +286,20 @@ TEST_F(FrmRingOrloII, TheOutcomeBeforeIsGoneFromTheWindowBeforeTheTerminalIsAske
     }
 }
 
+TEST_F(FrmRingOrloII, TheOutcomeOfASendOfNothingIsGoneBeforeTheTerminalIsReset)
+{
+    pc.dialog.answer_yes = true;
+    UseDatabase("nimbo-base-2000.mdb");
+    Open("OrloTre");
+    Press("cmdTrasmette");
+    ASSERT_EQ(Status(), "Comunicazione OK");
+    std::string when_asked = "not asked";
+    DuringTelegram(1, [&] { when_asked = StatusAndNote(); });
+    Press("cmdReset");
+    EXPECT_EQ(when_asked, "");
+    EXPECT_EQ(StatusAndNote(), "Comunicazione OK");
+}
+
 TEST_F(FrmRingOrloII, ResetThatIsNotConfirmedDoesNothing)
 {
     Open();
@@ -333,7 +365,7 @@ TEST_F(FrmRingOrloII, AProgramThatIsToEndWaitsForTheRunningRingOnly)
     Press("cmdTrasmette");
     EXPECT_EQ(commands.size(), 3);
     EXPECT_EQ(Status(), "Invio interrotto.");
-    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: Invio interrotto.");
+    EXPECT_EQ(LastCommand(), "Invio suonerie, terminale 4: Invio interrotto. (riga 4 di 32)");
     EXPECT_EQ(asked_to_leave, 1);
     EXPECT_FALSE(pc.com1.PortOpen());
 }
@@ -366,7 +398,8 @@ TEST_F(FrmRingOrloII, ALineThatDropsEndsTheSendAndIsSaid)
     EXPECT_EQ(commands.size(), 5);
     EXPECT_EQ(Status(), "Errore: la linea è caduta. Premere Log-off.");
     EXPECT_EQ(LastCommand(),
-              "Invio suonerie, terminale 4: Errore: la linea è caduta. Premere Log-off.");
+              "Invio suonerie, terminale 4: Errore: la linea è caduta. Premere Log-off. (riga 6 di "
+              "32)");
     EXPECT_TRUE(Enabled("cmdTrasmette"));
 }
 

@@ -22,6 +22,8 @@ inline const std::string kEdited =
 inline const std::string kNotSent = "Modifiche non inviate al terminale.";
 inline const std::string kPartial =
     "La settimana è stata letta solo in parte: inviandola si perde il resto.";
+inline const std::string kPartialChanged =
+    "Letta solo in parte e modificata: inviandola si perde il resto, rileggendola le modifiche.";
 
 class FrmSuonerie : public BellWindowTest<ObjectWindow>
 {
