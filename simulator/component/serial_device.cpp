@@ -11,6 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <thread>
 
 namespace orlo::simulator
 {
@@ -34,6 +35,9 @@ constexpr std::array<SpeedRow, 11> kSpeeds = {{{110, B110},
                                                {38400, B38400},
                                                {57600, B57600},
                                                {115200, B115200}}};
+
+/// Twice what modems take to see that DTR has fallen, unless register S25 says otherwise.
+constexpr std::chrono::milliseconds kDtrDown{100};
 
 const char* const kTaken = "usata da un altro programma";
 
@@ -88,6 +92,7 @@ bool Interrupted()
 std::optional<std::string> SerialDevice::Open(const std::string& name, int bits_per_second)
 {
     Close();
+    std::this_thread::sleep_until(dtr_falls_until_);
     descriptor_ = open(name.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (!IsOpen()) return SystemReason();
     std::optional<std::string> reason = Prepare(descriptor_, bits_per_second);
@@ -97,14 +102,19 @@ std::optional<std::string> SerialDevice::Open(const std::string& name, int bits_
 
 void SerialDevice::Close()
 {
-    if (IsOpen()) close(descriptor_);
+    if (!IsOpen()) return;
+    close(descriptor_);
     descriptor_ = -1;
+    dtr_falls_until_ = std::chrono::steady_clock::now() + kDtrDown;
 }
 
-void SerialDevice::SetDtr(bool raised) const
+void SerialDevice::SetDtr(bool raised)
 {
     const int line = TIOCM_DTR;
-    if (IsOpen()) ioctl(descriptor_, raised ? TIOCMBIS : TIOCMBIC, &line);
+    if (!IsOpen()) return;
+    if (raised) std::this_thread::sleep_until(dtr_falls_until_);
+    if (ioctl(descriptor_, raised ? TIOCMBIS : TIOCMBIC, &line) == 0 && !raised)
+        dtr_falls_until_ = std::chrono::steady_clock::now() + kDtrDown;
 }
 
 bool SerialDevice::Wait(short events, Deadline deadline) const

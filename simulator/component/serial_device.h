@@ -20,14 +20,16 @@ public:
     SerialDevice& operator=(const SerialDevice&) = delete;
     ~SerialDevice() { Close(); }
 
-    /// What was open before is closed. Nothing when it succeeds, else the reason.
+    /// What was open before is closed, which a modem is given time to notice. Nothing when it
+    /// succeeds, else the reason.
     std::optional<std::string> Open(const std::string& name, int bits_per_second);
     void Close();
 
     bool IsOpen() const { return descriptor_ >= 0; }
 
-    /// A pseudo-terminal has no such line and takes no notice.
-    void SetDtr(bool raised) const;
+    /// A line that fell stays down for as long as a modem needs to notice. A pseudo-terminal has no
+    /// such line.
+    void SetDtr(bool raised);
 
     /// All of it by the deadline; false otherwise.
     [[nodiscard]] bool Write(std::string_view bytes, Deadline deadline);
@@ -43,6 +45,7 @@ private:
     bool Wait(short events, Deadline deadline) const;
 
     int descriptor_ = -1;
+    Deadline dtr_falls_until_{};  ///< not raised before
 };
 
 }  // namespace orlo::simulator

@@ -34,7 +34,7 @@ public:
 
     void Open(std::int16_t port, std::int32_t bits_per_second);
     void Close();
-    void SetDtr(bool raised) const { device_.SetDtr(raised); }
+    void SetDtr(bool raised) { device_.SetDtr(raised); }
 
     void SendString(std::string_view text);
     /// What has arrived, `longest` characters at most. Waits until something is there, or, with a

@@ -70,6 +70,21 @@ TEST_P(ObjectByModem, EchoOfTheDialCommandIsNotTakenForItsAnswer)
     EXPECT_EQ(installation.PunchLines(), kLines);
 }
 
+TEST_P(ObjectByModem, EachTerminalIsDialledAnew)
+{
+    installation.Register({{.terminal = 5, .type = GetParam().type, .modem = true},
+                           {.terminal = 6, .type = GetParam().type, .modem = true}});
+    const auto line =
+        Simulate(kAnswers, "15",
+                 {"--terminale", std::string("numero=6,modello=") + GetParam().name +
+                                     ",impianto=0,file=" + installation.PathOf("record")});
+    EXPECT_EQ(installation.Run({"--acquisisci", "5,6"}).status, 0);
+    // Terminal 6 has neither number nor plant code in the register.
+    EXPECT_EQ(line->Commands(), std::string("ATD+39 0464/123456 telegramma @@,15 ") + kAcquired +
+                                    "  ATD telegramma @@,0 " + kAcquired + ' ');
+    EXPECT_EQ(line->State("6.da_acquisire"), "0");
+}
+
 TEST_P(ObjectByModem, ModemLeavesTheLineWhenTheProgramIsGone)
 {
     JournalPipe journal(installation.PathOf("com1.registro"));
