@@ -52,8 +52,12 @@ private:
 TerminalWindow::TerminalWindow(Contenitore& desk, QAbstractButton& opener)
     : QDialog(&desk), desk_(desk), opener_(opener)
 {
-    // A command parks the focus of the main window in its list.
-    connect(this, &QDialog::finished, &opener, qOverload<>(&QWidget::setFocus));
+    // A command parks the focus of the main window in its list, and a small screen may have
+    // scrolled the button away.
+    connect(this, &QDialog::finished, &opener, [this] {
+        opener_.setFocus();
+        desk_.Controls().ScorrimentoTerminale->ensureWidgetVisible(&opener_);
+    });
 }
 
 // A control that loses the focus because the window goes away would speak to what is gone.
