@@ -3,6 +3,7 @@
 #include "registry/held_line.h"
 #include "registry/widgets/form_style.h"
 #include "registry/widgets/input_shield.h"
+#include "registry/widgets/scrolling_page.h"
 #include "registry/widgets/text_panel.h"
 
 #include "ui_contenitore.h"
@@ -81,6 +82,7 @@ void TerminalWindow::open()
     DeriveLook();
     resize(size().boundedTo(RoomOnScreen(desk_)));
     Form_Load();
+    for (ScrollingPage* page : findChildren<ScrollingPage*>()) page->TakeSizes();
     QDialog::open();
 }
 
