@@ -96,7 +96,7 @@ void ScrollingPage::resizeEvent(QResizeEvent* event)
 // is larger than the room.
 bool ScrollingPage::focusNextPrevChild(bool next)
 {
-    return QWidget::focusNextPrevChild(next);
+    return QWidget::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call): on purpose
 }
 
 }  // namespace orlo
