@@ -39,6 +39,8 @@ void FrmMonitor::Form_Load()
     const bool object_driven = model != nullptr && model->family == LinkFamily::Object;
     ui_->ChkTuttaMemoria->setVisible(object_driven);
     ui_->LabelTuttaMemoria->setVisible(object_driven);
+    // How far a small screen narrows their row depends on them.
+    DeriveLook();
     ui_->ChkTuttaMemoria->setChecked(false);
     ui_->CheckMemo->setChecked(false);
     ui_->CheckMemo->setToolTip(MonitorFile::Path());
@@ -118,6 +120,13 @@ void FrmMonitor::DeriveLook()
     room(ui_->LabelFiltrate, QStringLiteral("10000 di 10000"));
     room(ui_->LabelTransazioni, QStringLiteral("Transazioni Presenti:  10000 "));
     room(ui_->LabelScaricate, QStringLiteral("Transazioni Acquisite: 10000 100% "));
+    for (QWidget* control : std::initializer_list<QWidget*>{ui_->PercentualeMonitor,
+                                                            ui_->LabelPercentuale, ui_->LabelEsc})
+        control->setMinimumWidth(0);
+    const int width = ui_->ScorrimentoMonitor->Room().width();
+    NarrowRow(*ui_->disposizione_6, width, {ui_->PercentualeMonitor, ui_->LabelPercentuale});
+    NarrowRow(*ui_->disposizione_10, width,
+              {ui_->cmdCopia, ui_->cmdMonitor, ui_->cmdUscita, ui_->LabelEsc});
 }
 
 // The text of ChkTuttaMemoria stands in a label of its own.

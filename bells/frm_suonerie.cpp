@@ -7,6 +7,7 @@
 #include "bells/week_days.h"
 #include "registry/captions.h"
 #include "registry/contenitore_controls.h"
+#include "registry/widgets/form_style.h"
 
 #include "ui_frm_suonerie.h"
 
@@ -17,6 +18,11 @@
 
 namespace orlo
 {
+
+namespace
+{
+constexpr int kPercentageWidth = 120;
+}
 
 FrmSuonerie::FrmSuonerie(Contenitore& desk)
     : TerminalWindow(desk, *desk.Controls().cmdSuonerie),
@@ -86,6 +92,12 @@ void FrmSuonerie::DeriveLook()
         widest = std::max(widest, day->sizeHint().width());
     for (QAbstractButton* day : days_->buttons()) day->setMinimumWidth(widest);
     ui_->TestataGiorni->setContentsMargins(ui_->DisegnoSettimana->HoursRoom(), 0, 0, 0);
+    ui_->Percentuale->setMinimumWidth(kPercentageWidth);
+    for (QWidget* label :
+         std::initializer_list<QWidget*>{ui_->LabelTentativi, ui_->LabelPercentuale})
+        label->setMinimumWidth(0);
+    NarrowRow(*ui_->disposizione_5, ui_->ScorrimentoSuonerie->Room().width(),
+              {ui_->Percentuale, ui_->LabelTentativi, ui_->LabelPercentuale});
 }
 
 void FrmSuonerie::done(int result)

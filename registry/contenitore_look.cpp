@@ -4,7 +4,6 @@
 #include "ui_contenitore.h"
 
 #include <QEvent>
-#include <QScreen>
 
 #include <algorithm>
 #include <initializer_list>
@@ -121,13 +120,12 @@ void Contenitore::DeriveLook()
         layout->invalidate();
         layout->parentWidget()->updateGeometry();
     }
-    const QSize available = screen()->availableSize();
+    const QSize room = RoomOnScreen(*this);
     const int beside = ui_->ListaTerminali->minimumSizeHint().width() + kAroundBoth;
-    ui_->ScorrimentoTerminale->setMinimumWidth(
-        std::clamp(ui_->PaginaTerminale->minimumSizeHint().width(), 0,
-                   std::max(available.width() - beside, 0)));
+    ui_->ScorrimentoTerminale->setMinimumWidth(std::clamp(
+        ui_->PaginaTerminale->minimumSizeHint().width(), 0, std::max(room.width() - beside, 0)));
     const QSize smallest = kSmallest * (metrics.height() / kDrawnLineHeight);
-    setMinimumSize(smallest.expandedTo(minimumSizeHint()).boundedTo(available));
+    setMinimumSize(smallest.expandedTo(minimumSizeHint()).boundedTo(room));
 }
 
 }  // namespace orlo

@@ -3,6 +3,7 @@
 #include "registry/held_line.h"
 #include "registry/widgets/form_style.h"
 #include "registry/widgets/input_shield.h"
+#include "registry/widgets/scrolling_page.h"
 #include "registry/widgets/text_panel.h"
 
 #include "ui_contenitore.h"
@@ -52,8 +53,12 @@ private:
 TerminalWindow::TerminalWindow(Contenitore& desk, QAbstractButton& opener)
     : QDialog(&desk), desk_(desk), opener_(opener)
 {
-    // A command parks the focus of the main window in its list.
-    connect(this, &QDialog::finished, &opener, qOverload<>(&QWidget::setFocus));
+    // A command parks the focus of the main window in its list, and a small screen may have
+    // scrolled the button away.
+    connect(this, &QDialog::finished, &opener, [this] {
+        opener_.setFocus();
+        desk_.Controls().ScorrimentoTerminale->ensureWidgetVisible(&opener_);
+    });
 }
 
 // A control that loses the focus because the window goes away would speak to what is gone.
@@ -77,6 +82,7 @@ void TerminalWindow::open()
     DeriveLook();
     resize(size().boundedTo(RoomOnScreen(desk_)));
     Form_Load();
+    for (ScrollingPage* page : findChildren<ScrollingPage*>()) page->TakeSizes();
     QDialog::open();
 }
 

@@ -4,6 +4,7 @@
 #include "registry/widgets/text_panel.h"
 
 #include <QLabel>
+#include <QLayout>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
@@ -48,6 +49,11 @@ void StyleLabel(QLabel& label, const QWidget& window)
     label.setFont(role == QLatin1String("titolo") ? font : Enlarged(font, kLargeText));
 }
 
+int RoomOfWords(const QPushButton& button)
+{
+    return button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width() + 2 * kBesideWord;
+}
+
 void StyleButton(QPushButton& button, const QWidget& window)
 {
     const QFontMetrics metrics(window.font());
@@ -63,10 +69,17 @@ void StyleButton(QPushButton& button, const QWidget& window)
         button.setFont({});
         button.setPalette({});
     }
-    const int words = button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width();
-    button.setMinimumWidth(
-        std::max(words + 2 * kBesideWord,
-                 metrics.averageCharWidth() * (filled ? 16 : 11) + metrics.height()));
+    button.setMinimumWidth(std::max(
+        RoomOfWords(button), metrics.averageCharWidth() * (filled ? 16 : 11) + metrics.height()));
+}
+
+int Narrowest(const QWidget& control)
+{
+    if (const auto* button = qobject_cast<const QPushButton*>(&control))
+        return RoomOfWords(*button);
+    if (qobject_cast<const QProgressBar*>(&control) != nullptr)
+        return control.fontMetrics().horizontalAdvance(QStringLiteral("100%")) + 2 * kBesideWord;
+    return 1;
 }
 
 /// Not those of the windows that belong to this one.
@@ -98,6 +111,20 @@ void MakeEquallyWide(std::initializer_list<QPushButton*> buttons)
         width = std::max({width, button->sizeHint().width(),
                           16 * QFontMetrics(button->window()->font()).averageCharWidth()});
     for (QPushButton* button : buttons) button->setMinimumWidth(width);
+}
+
+void NarrowRow(QLayout& row, int room, std::initializer_list<QWidget*> controls)
+{
+    row.invalidate();
+    int missing = row.minimumSize().width() - room;
+    for (QWidget* control : controls) {
+        if (missing <= 0) return;
+        const int width = control->minimumWidth() > 0 ? control->minimumWidth()
+                                                      : control->minimumSizeHint().width();
+        const int narrower = std::max(width - missing, std::min(width, Narrowest(*control)));
+        control->setMinimumWidth(narrower);
+        missing -= width - narrower;
+    }
 }
 
 void KeepRoom(std::initializer_list<QWidget*> controls)

@@ -2,6 +2,7 @@
 
 #include <initializer_list>
 
+class QLayout;
 class QPushButton;
 class QSize;
 class QWidget;
@@ -18,6 +19,11 @@ void StyleForm(QWidget& window);
 /// Gives buttons that stand over each other or side by side one width. To be called behind
 /// StyleForm, whose widths differ between the filled button and the others.
 void MakeEquallyWide(std::initializer_list<QPushButton*> buttons);
+
+/// Takes from controls of a row, one behind the other, what the row asks for beyond `room`: from a
+/// button as far as its words, from a progress bar as far as its figures, from a label all. To be
+/// called when these have their widths.
+void NarrowRow(QLayout& row, int room, std::initializer_list<QWidget*> controls);
 
 /// Lets controls that are hidden keep their places, so that nothing moves when they come and go.
 void KeepRoom(std::initializer_list<QWidget*> controls);

@@ -1,5 +1,6 @@
 #include "registry/widgets/outcome_panel.h"
 #include "tests/acquisition/monitor_fixture.h"
+#include "tests/support/small_screen.h"
 
 #include <QAccessible>
 #include <QTimer>
@@ -268,6 +269,40 @@ TEST_F(MonitorWindow, LongestOutcomeIsWholeAtTheSmallestSize)
         panel.setText(QString::fromUtf8(outcome));
         QApplication::processEvents();
         EXPECT_GE(panel.height(), panel.heightForWidth(panel.width())) << outcome;
+    }
+}
+
+TEST_F(MonitorWindow, TheListGivesWayToALongOutcomeWithoutScrolling)
+{
+    Connect(QStringLiteral("Strale"), "timbrature=25");
+    Read();
+    form.resize(form.minimumSize());
+    auto& panel = Find<OutcomePanel>("EsitoMonitor");
+    panel.setText(
+        QStringLiteral("Errore: è collegata la linea della COM 1, non quella di questo "
+                       "terminale."));
+    QApplication::processEvents();
+    EXPECT_GT(panel.height(), 2 * form.fontMetrics().height()) << "takes no line more";
+    EXPECT_FALSE(Find<ScrollingPage>("ScorrimentoMonitor").verticalScrollBar()->isVisible());
+}
+
+TEST_F(MonitorWindow, OnAScreenThatIsTooSmallTheListScrollsAndTheButtonsStay)
+{
+    Register(4, QStringLiteral("Strale"));
+    Register(12, QStringLiteral("Orlo"));
+    form.open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    const auto& scrolling = Find<ScrollingPage>("ScorrimentoMonitor");
+    ExpectNoScrolling(scrolling);
+    form.close();
+    EnlargeFontOf(form, 1.25);
+    // A row with one control more, too.
+    for (const int row : {0, 1}) {
+        window.SelectTerminalLine(row);
+        form.open();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+        ExpectToStayOnTheScreen(form, scrolling);
+        form.close();
     }
 }
 

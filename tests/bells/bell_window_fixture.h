@@ -2,6 +2,7 @@
 
 #include "bells/cmd_suonerie.h"
 #include "registry/widgets/text_panel.h"
+#include "tests/support/small_screen.h"
 #include "tests/support/window_controls.h"
 
 #include <QDialog>

@@ -207,6 +207,17 @@ TEST_F(FrmRingOrloII, FitsSmallScreens)
     ExpectToFitSmallScreens();
 }
 
+TEST_F(FrmRingOrloII, OnAScreenThatIsTooSmallTheRingScrollsAndTheButtonsStay)
+{
+    Open();
+    const auto& scrolling = Control<ScrollingPage>("ScorrimentoSuonerie");
+    ExpectNoScrolling(scrolling);
+    EnlargeFontOf(*bells, 1.25);
+    ExpectToStayOnTheScreen(*bells, scrolling);
+    Control("Festivo").setFocus();
+    EXPECT_TRUE(SeenOf(scrolling).contains(PlaceIn(*scrolling.widget(), Control("Festivo"))));
+}
+
 TEST_F(FrmRingOrloII, EveryInputHasANameAndNoTwoMnemonicsAreAlike)
 {
     Open();

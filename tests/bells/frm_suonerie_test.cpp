@@ -172,6 +172,19 @@ TEST_F(FrmSuonerie, FitsSmallScreens)
     ExpectToFitSmallScreens();
 }
 
+TEST_F(FrmSuonerie, OnAScreenThatIsTooSmallTheRingsScrollAndTheButtonsStay)
+{
+    Open();
+    const auto& scrolling = Control<ScrollingPage>("ScorrimentoSuonerie");
+    ExpectNoScrolling(scrolling);
+    EnlargeFontOf(*bells, 1.25);
+    ExpectToStayOnTheScreen(*bells, scrolling);
+    Press("Giorno_0");
+    Control("Ring_0").setFocus();
+    Control("TempoRings_23").setFocus();
+    EXPECT_TRUE(SeenOf(scrolling).contains(PlaceIn(*scrolling.widget(), Control("TempoRings_23"))));
+}
+
 TEST_F(FrmSuonerie, TheDaysStandOverTheirColumnsInALargeFontToo)
 {
     Open();

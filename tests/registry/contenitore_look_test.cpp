@@ -319,6 +319,15 @@ TEST_F(ContenitoreLook, OpensNoLargerThanTheScreen)
     EXPECT_LT(window.screen()->availableSize().width(), 1280) << "this screen tries nothing";
 }
 
+TEST_F(ContenitoreLook, InALargeFontTheTitleBarHasRoomToo)
+{
+    QFont large = window.font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    window.setFont(large);
+    const int title_bar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    EXPECT_EQ(window.minimumHeight() + title_bar, window.screen()->availableSize().height());
+}
+
 TEST_F(ContenitoreLook, ThePageIsNotCutOnAScreenWithRoomForIt)
 {
     // Small enough for the screen of the tests.

@@ -4,6 +4,8 @@
 #include "tests/support/terminal_window_test.h"
 
 #include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -85,6 +87,20 @@ TEST_F(WindowOverTheMain, ClosingItGivesTheFocusToTheButtonThatOpensIt)
     QTest::keyClick(&form, Qt::Key_Escape);
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(window.focusWidget(), Controls().cmdComandi);
+}
+
+TEST_F(WindowOverTheMain, ClosingItScrollsThatButtonIntoSight)
+{
+    QScrollArea& page = *Controls().ScorrimentoTerminale;
+    const auto seen = [&] {
+        const QRect place(Controls().cmdComandi->mapTo(page.viewport(), QPoint()),
+                          Controls().cmdComandi->size());
+        return page.viewport()->rect().contains(place);
+    };
+    page.horizontalScrollBar()->setValue(0);
+    ASSERT_FALSE(seen()) << "this screen tries nothing";
+    form.close();
+    EXPECT_TRUE(seen());
 }
 
 TEST_F(WindowOverTheMain, ACommandGivesTheFocusAndTheButtonsBackAsTheyWere)
