@@ -113,6 +113,8 @@ void FrmMonitor::DeriveLook()
     ui_->ListaMonitor->setMinimumWidth(ui_->ListaMonitor->WidthOfLines());
     const QFontMetrics metrics(font());
     ui_->ListaMonitor->setMinimumHeight(12 * metrics.height());
+    // A caption of two lines moves nothing.
+    ui_->EsitoMonitor->setMinimumHeight(2 * metrics.lineSpacing() + 2);
     const auto room = [&metrics](QWidget* control, const QString& text) {
         control->setMinimumWidth(metrics.horizontalAdvance(text));
     };

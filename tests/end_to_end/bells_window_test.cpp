@@ -86,7 +86,7 @@ TEST_P(ObjectBells, ARefusedTransferIsRepeated)
     Press("cmdRiceveSuonerie");
     ASSERT_EQ(dialog.told.size(), 1U);
     EXPECT_EQ(dialog.told[0].text, QStringLiteral("Ricezione dati OK"));
-    EXPECT_EQ(Text("LabelTentativi"), QStringLiteral("Tentativi2/3"));
+    EXPECT_EQ(Controls().PannelloTentativi->text(), QStringLiteral("Tentativi2/3"));
 }
 
 TEST_P(ObjectBells, ATerminalThatRefusesThreeTimesEndsTheSending)
@@ -96,7 +96,7 @@ TEST_P(ObjectBells, ATerminalThatRefusesThreeTimesEndsTheSending)
     Press("cmdTrasmetteSuonerie");
     ASSERT_EQ(dialog.told.size(), 1U);
     EXPECT_EQ(dialog.told[0].text, QStringLiteral("Errore nella spedizione dei dati"));
-    EXPECT_EQ(Text("LabelTentativi"), QStringLiteral("Tentativi3/3"));
+    EXPECT_EQ(Controls().PannelloTentativi->text(), QStringLiteral("Tentativi3/3"));
 }
 
 INSTANTIATE_TEST_SUITE_P(EndToEnd, ObjectBells, ::testing::ValuesIn(ModelsOnLine(/*serial=*/false)),
