@@ -80,6 +80,22 @@ TEST_F(MonitorWindow, WholeMemoryIsOfferedToOrloAndSipaOnly)
     }
 }
 
+TEST_F(MonitorWindow, OutcomeOfTwoLinesMovesNothing)
+{
+    Register(4, QStringLiteral("Strale"));
+    form.open();
+    const auto place = [this] {
+        QCoreApplication::processEvents();
+        return List().mapTo(&form, List().rect().bottomRight());
+    };
+    const QPoint before = place();
+    auto& outcome = Find<OutcomePanel>("EsitoMonitor");
+    outcome.setText(QStringLiteral(
+        "Errore: è collegata la linea della COM 2, non quella di questo terminale."));
+    ASSERT_GT(outcome.heightForWidth(outcome.width()), 2 * outcome.fontMetrics().height());
+    EXPECT_EQ(place(), before);
+}
+
 TEST_F(MonitorWindow, PressOnItsLabelTicksWholeMemory)
 {
     Register(4, QStringLiteral("Orlo"));

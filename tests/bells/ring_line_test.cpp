@@ -29,6 +29,8 @@ const Case kCases[] = {
      "03   23:59     99     0 0 0 0 0 0 0 0    0 0"},
     {"numbers of three digits, flags of another text", Row(4, 100, -1, "0x", 1, 255),
      "04   99:00     99     0 0 0 0 0 0 0 0    1 0"},
+    {"more flags than days", Row(6, 7, 45, "0111110011111111", 2, 3),
+     "06   07:45     03     0 1 1 1 1 1 0 0    0 1"},
 };
 
 TEST(RingLine, HasItsFieldsInFixedColumns)
