@@ -101,6 +101,11 @@ void CellField::keyPressEvent(QKeyEvent* event)
     }
 }
 
+void CellField::TakeWritten(QKeyEvent* event)
+{
+    QLineEdit::keyPressEvent(event);
+}
+
 void CellField::Refuse(const QString& typed)
 {
     // Nobody reads on where it runs over.
@@ -214,7 +219,7 @@ void DurationField::TakeWritten(QKeyEvent* event)
     if (typed[0].isLetter()) return QApplication::beep();
     const QString whole = WithTyped(typed);
     if (!IsDigit(typed) || whole.size() > digits_) return Refuse(whole);
-    QLineEdit::keyPressEvent(event);
+    CellField::TakeWritten(event);
 }
 
 /// What the field would show.

@@ -32,8 +32,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
-    /// A character was typed; it has no modifier but Shift.
-    virtual void TakeWritten(QKeyEvent* event) = 0;
+    /// A character was typed; it has no modifier but Shift. As in any line edit, unless a field
+    /// knows better.
+    virtual void TakeWritten(QKeyEvent* event);
     virtual QString WhyRefused(const QString& typed) const = 0;
 
     void Refuse(const QString& typed);

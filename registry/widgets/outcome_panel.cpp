@@ -91,7 +91,8 @@ void OutcomePanel::paintEvent(QPaintEvent*)
                       palette());
     painter.setFont(CaptionFont());
     const QRect place(TextLeft(), 0, width() - TextLeft(), height());
-    const int flags = Qt::AlignLeft | Qt::AlignVCenter | (wordWrap() ? Qt::TextWordWrap : 0);
+    const int flags =
+        static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | (wordWrap() ? Qt::TextWordWrap : 0);
     style()->drawItemText(
         &painter, place, flags, palette(), isEnabled(),
         wordWrap() ? caption
