@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QRegularExpressionValidator>
 
+#include <algorithm>
 #include <utility>
 
 namespace orlo
@@ -36,7 +37,11 @@ bool BeginsAnew(const QKeyEvent& key)
 {
     static const QList<int> keys = {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left,
                                     Qt::Key_Right,     Qt::Key_Home,   Qt::Key_End};
-    return keys.contains(key.key()) || key.matches(QKeySequence::SelectAll);
+    static const QList<QKeySequence::StandardKey> edits = {QKeySequence::SelectAll,
+                                                           QKeySequence::Paste, QKeySequence::Cut,
+                                                           QKeySequence::Undo, QKeySequence::Redo};
+    return keys.contains(key.key()) ||
+           std::ranges::any_of(edits, [&key](auto edit) { return key.matches(edit); });
 }
 
 bool IsDigit(const QString& typed)

@@ -7,8 +7,8 @@ namespace orlo
 
 /// A field of one ring: it says when it is entered and when it is left, by Enter too. What makes no
 /// value is refused with a beep, the field shows the value from before, and what is typed behind it
-/// is refused too: the rest of 24:00 or 1,5 would be another value. A key that deletes or moves,
-/// selecting all, a click or coming anew ends that.
+/// is refused too: the rest of 24:00 or 1,5 would be another value. A key that deletes, moves or
+/// pastes, selecting all, a click or coming anew ends that.
 class CellField : public QLineEdit
 {
     Q_OBJECT

@@ -7,6 +7,7 @@
 #include "registry/contenitore_controls.h"
 #include "registry/database_error.h"
 #include "registry/numeric_value.h"
+#include "registry/widgets/form_style.h"
 
 #include "ui_frm_ring_orlo_ii.h"
 
@@ -109,6 +110,8 @@ void frmRingOrloII::DeriveLook()
     ui_->Ring->DeriveRoom();
     ui_->TempoRings->DeriveRoom();
     ui_->ListaSuonerie->setFixedWidth(ui_->ListaSuonerie->sizeHint().width());
+    NarrowRow(*ui_->disposizione_23, ui_->ScorrimentoSuonerie->Room().width(),
+              {ui_->cmdReset, ui_->cmdTrasmette, ui_->cmdUscita});
 }
 
 void frmRingOrloII::ListaSuonerie_Click()

@@ -44,11 +44,12 @@ TextPanel& EmptyCaption(Contenitore& window)
     return caption;
 }
 
-/// The sending ends with that line of the list, counted from 0: those before it are in the
-/// terminal.
-BellOutcome Ended(TextPanel& caption, const QString& status, qsizetype line)
+/// The sending ends at that line of the list, counted from 0: those before it are in the terminal.
+/// It is not told where none was asked for anything.
+BellOutcome Ended(TextPanel& caption, const QString& status, qsizetype line, int sent)
 {
     caption.setText(status);
+    if (sent == 0 && status != kTimeoutCaption) return {status, {}};
     return {status, QStringLiteral("riga %1 di %2").arg(line + 1).arg(kRingPositions)};
 }
 
@@ -70,9 +71,11 @@ BellOutcome SendRings(Contenitore& window, BellTelegram form, const QStringList&
     for (qsizetype line = 0; line < lines.size(); ++line) {
         const std::optional<std::string> telegram = RingTelegram(form, lines[line]);
         if (!telegram) continue;
-        if (window.LeaveAsked()) return Ended(caption, QStringLiteral("Invio interrotto."), line);
+        if (window.LeaveAsked())
+            return Ended(caption, QStringLiteral("Invio interrotto."), line, sent);
         const Exchanged exchanged = Exchange(window, *telegram);
-        if (exchanged.status != kCommunicationOk) return Ended(caption, exchanged.status, line);
+        if (exchanged.status != kCommunicationOk)
+            return Ended(caption, exchanged.status, line, sent);
         ++sent;
         good += exchanged.good_frame ? 1 : 0;
         caption.setText(QStringLiteral("%1/%2 ").arg(line + 1).arg(kRingPositions) +

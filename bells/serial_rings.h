@@ -15,7 +15,7 @@ struct BellOutcome {
     /// "Comunicazione OK", "Timeout", "Errore aprendo la COM", or why the open line cannot be used.
     QString status;
     /// What else the operator should know, often nothing: how many were answered in a good frame,
-    /// "risposte 31 su 32"; that there was none to send; which line was the last to be tried.
+    /// "risposte 31 su 32"; that there was none to send; at which line the sending ended.
     QString note;
 };
 

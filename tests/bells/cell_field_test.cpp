@@ -239,6 +239,22 @@ TEST(DurationField, WhatIsNoDurationLeavesTheOneFromBefore)
     }
 }
 
+TEST(DurationField, PastingIsANewBeginning)
+{
+    DurationField field;
+    field.SetDigits(2);
+    field.setText(QStringLiteral("07"));
+    field.selectAll();
+    QTest::keyClicks(&field, QStringLiteral("1,"));
+    QApplication::clipboard()->setText(QStringLiteral("12"));
+    QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(field.text(), QStringLiteral("12"));
+    const QSignalSpy refused(&field, &CellField::Refused);
+    QTest::keyClick(&field, Qt::Key_3);
+    ASSERT_EQ(refused.size(), 1);
+    EXPECT_EQ(refused[0][0].toString(), QStringLiteral("123 non è una durata")) << "not 1,3";
+}
+
 TEST(DurationField, APastedDurationIsTakenWholeOrNotAtAll)
 {
     const std::pair<const char*, const char*> cases[] = {

@@ -163,7 +163,7 @@ TEST_F(FrmRingOrloII, APortThatDoesNotOpenIsSaid)
     Open();
     pc.com1.device_missing = true;
     Press("cmdTrasmette");
-    EXPECT_EQ(Status(), "Errore aprendo la COM");
+    EXPECT_EQ(StatusAndNote(), "Errore aprendo la COM") << "no line was asked for anything";
     EXPECT_EQ(Outcome(), QStringLiteral("Errore aprendo la COM"));
     EXPECT_TRUE(commands.isEmpty());
     EXPECT_EQ(Line(0), "01   08:05     05     0 1 1 1 1 1 1 0    0 1");
