@@ -249,8 +249,7 @@ void frmRingOrloII::cmdTrasmette_Click()
 /// `besides` is for the line of the last command, where the list with its remark is not seen.
 void frmRingOrloII::ShowOutcome(const BellOutcome& outcome, const QString& besides)
 {
-    ui_->PannelloSuonerie->setText(outcome.status);
-    ui_->PannelloSuonerie->SetNote(outcome.note);
+    ui_->PannelloSuonerie->ShowNoted(outcome.status, outcome.note);
     // The caption says the number of the line that was answered last.
     Desk().NoteOutcome(ui_->PannelloSuonerie->Caption() + besides);
 }

@@ -28,10 +28,13 @@ void OutcomePanel::ShowLine(const QString& line, Outcome outcome)
     setText(line);
 }
 
-void OutcomePanel::SetNote(const QString& note)
+void OutcomePanel::ShowNoted(const QString& caption, const QString& note)
 {
-    note_ = note;
-    ShowCaption();
+    // The same caption with another note is another outcome.
+    clear();
+    next_note_ = note;
+    setText(caption);
+    next_note_.clear();
 }
 
 void OutcomePanel::SetBold(bool bold)
@@ -133,7 +136,7 @@ int OutcomePanel::TextLeft() const
 
 void OutcomePanel::TakeOutcome()
 {
-    note_.clear();
+    note_ = next_note_;
     ShowCaption();
     const Outcome outcome = text().isEmpty() ? Outcome::None : ShownOutcome();
     if (outcome == Outcome::Good || outcome == Outcome::Failure) Alert();

@@ -21,9 +21,9 @@ public:
 
     /// Shows a line whose outcome its first words do not tell.
     void ShowLine(const QString& line, Outcome outcome);
-    /// What is to be said behind the caption, which stays its text(); a good outcome is a warning
-    /// then. The next caption is without.
-    void SetNote(const QString& note);
+    /// Shows a caption, which is its text(), and behind it what else is to be said; with a note a
+    /// good outcome is a warning. The next caption is without.
+    void ShowNoted(const QString& caption, const QString& note);
     /// Captions are bold unless this says otherwise; remarks never are.
     void SetBold(bool bold);
     /// The least room is that of `sample`.
@@ -60,6 +60,7 @@ private:
     QString sample_ = kCommunicationOk;
     QString remark_;
     QString note_;
+    QString next_note_;  ///< of the caption that is being set
 };
 
 }  // namespace orlo

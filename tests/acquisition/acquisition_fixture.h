@@ -37,6 +37,24 @@ protected:
         return Controls().LabelUltimoComando->text().section(u' ', 1);
     }
 
+    /// Acquires by the button, to one box; while it stands the strip does not speak of a command
+    /// that goes on.
+    void ExpectNothingToGoOnInTheBox()
+    {
+        pc.dialog.on_tell = [this] {
+            EXPECT_FALSE(Controls().LabelEsc->isVisible());
+            EXPECT_EQ(Controls().LabelAvviso->text(), QString());
+        };
+        window.show();
+        window.RunCommand(Controls().cmdAcquisisce, QStringLiteral("Prova in corso…"),
+                          EscapeUse::Heeded, [this] {
+                              EXPECT_TRUE(Controls().LabelEsc->isVisible());
+                              EXPECT_NE(Controls().LabelAvviso->text(), QString());
+                              Acquire();
+                          });
+        EXPECT_EQ(pc.dialog.told.size(), 1U);
+    }
+
     /// Commands of the punch transfer only.
     QStringList Transfers() const { return commands.filter(QStringLiteral("33")); }
 

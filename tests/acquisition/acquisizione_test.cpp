@@ -333,17 +333,7 @@ TEST_F(Acquisizione, FileWithdrawnInTheMiddleIsToldAndNothingIsLost)
 TEST_F(Acquisizione, NothingIsSaidToGoOnWhileABoxSaysHowItEnded)
 {
     Connect("Strale", "timbrature=25,record=12");
-    pc.dialog.on_tell = [this] {
-        EXPECT_FALSE(Controls().LabelEsc->isVisible());
-        EXPECT_EQ(Controls().LabelAvviso->text(), QString());
-    };
-    window.show();
-    window.RunCommand(Controls().cmdAcquisisce, QStringLiteral("Prova in corso…"),
-                      EscapeUse::Heeded, [this] {
-                          EXPECT_TRUE(Controls().LabelEsc->isVisible());
-                          Acquire();
-                      });
-    EXPECT_EQ(pc.dialog.told.size(), 1U);
+    ExpectNothingToGoOnInTheBox();
 }
 
 TEST_F(Acquisizione, FileThatCannotBeOpenedIsTold)

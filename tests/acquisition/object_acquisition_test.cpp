@@ -134,14 +134,7 @@ TEST_F(ObjectAcquisition, NothingToAcquireIsToldAndCountsAsDone)
 
 TEST_F(ObjectAcquisition, NothingIsSaidToGoOnWhileTheBoxSaysThatThereIsNothing)
 {
-    pc.dialog.on_tell = [this] { EXPECT_FALSE(Controls().LabelEsc->isVisible()); };
-    window.show();
-    window.RunCommand(Controls().cmdAcquisisce, QStringLiteral("Prova in corso…"),
-                      EscapeUse::Heeded, [this] {
-                          EXPECT_TRUE(Controls().LabelEsc->isVisible());
-                          Acquire();
-                      });
-    EXPECT_EQ(pc.dialog.told.size(), 1U);
+    ExpectNothingToGoOnInTheBox();
 }
 
 TEST_F(ObjectAcquisition, FewerThanNoneToAcquireIsToldLikeNone)

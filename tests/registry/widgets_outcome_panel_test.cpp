@@ -58,6 +58,44 @@ TEST(OutcomePanel, ALineIsReadOutByTheOutcomeItIsGiven)
     EXPECT_EQ(panel.alerts, 1);
 }
 
+TEST(OutcomePanel, AGoodCaptionWithANoteIsAWarning)
+{
+    struct Panel : OutcomePanel {
+        std::vector<QString> alerts;
+        void Alert() override { alerts.push_back(accessibleDescription()); }
+    } panel;
+    panel.resize(400, 20);
+    const auto bears = [&panel](Outcome outcome) {
+        const QImage picture = panel.grab().toImage();
+        const QColor colour = OutcomeColour(outcome, panel.palette());
+        for (int x = 0; x < picture.height(); ++x)
+            for (int y = 0; y < picture.height(); ++y)
+                if (picture.pixelColor(x, y) == colour) return true;
+        return false;
+    };
+    const QString good = QStringLiteral("Comunicazione OK");
+    const QString noted = QStringLiteral("Comunicazione OK (risposte 31 su 32)");
+
+    panel.ShowNoted(good, QStringLiteral("risposte 31 su 32"));
+    EXPECT_EQ(panel.text(), good);
+    EXPECT_EQ(panel.Caption(), noted);
+    EXPECT_EQ(panel.accessibleDescription(), noted);
+    EXPECT_TRUE(panel.alerts.empty()) << "it would be read out as if all were well";
+    EXPECT_TRUE(bears(Outcome::Warning));
+    EXPECT_FALSE(bears(Outcome::Good));
+
+    panel.ShowNoted(good, {});
+    EXPECT_EQ(panel.Caption(), good) << "the note went with its caption";
+    EXPECT_EQ(panel.alerts, std::vector{good});
+    EXPECT_TRUE(bears(Outcome::Good));
+
+    panel.ShowNoted(QStringLiteral("Errore"), QStringLiteral("riga 3 di 32"));
+    EXPECT_EQ(panel.alerts.back(), QStringLiteral("Errore (riga 3 di 32)"));
+    panel.clear();
+    panel.setText(good);
+    EXPECT_EQ(panel.Caption(), good);
+}
+
 TEST(OutcomePanel, PaintsTheGlyphOfTheOutcomeGivenWithALine)
 {
     OutcomePanel panel;
